@@ -1,0 +1,71 @@
+#include "base/encoding.h"
+
+#include <algorithm>
+#include <array>
+
+namespace korvane {
+
+namespace {
+
+// What the bytes 0x80 to 0x9F mean in Windows-1252; the five unassigned ones stand for themselves.
+constexpr std::array<char16_t, 32> kWindows1252 = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                                   0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                                                   0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                                   0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+void AppendCharacter(std::string& text, char32_t character) {
+    if (character < 0x80) {
+        text += static_cast<char>(character);
+    } else if (character < 0x800) {
+        text += static_cast<char>(0xC0 | (character >> 6U));
+        text += static_cast<char>(0x80 | (character & 0x3FU));
+    } else {
+        text += static_cast<char>(0xE0 | (character >> 12U));
+        text += static_cast<char>(0x80 | ((character >> 6U) & 0x3FU));
+        text += static_cast<char>(0x80 | (character & 0x3FU));
+    }
+}
+
+// The length of the well-formed character at the beginning of `bytes`; 0 when there is none.
+std::size_t CharacterLength(std::string_view bytes) {
+    const auto byte = [&](std::size_t i) { return i < bytes.size() ? static_cast<unsigned char>(bytes[i]) : 0U; };
+    const auto lead = byte(0);
+    if (lead < 0x80)
+        return 1;
+    const std::size_t length = lead < 0xC2 ? 0 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF5 ? 4 : 0;
+    for (std::size_t i = 1; i < length; ++i)
+        if ((byte(i) & 0xC0U) != 0x80)
+            return 0;
+    // Overlong forms, surrogates and what lies beyond Unicode.
+    const bool bad = (lead == 0xE0 && byte(1) < 0xA0) || (lead == 0xED && byte(1) > 0x9F) ||
+                     (lead == 0xF0 && byte(1) < 0x90) || (lead == 0xF4 && byte(1) > 0x8F);
+    return bad ? 0 : length;
+}
+
+}  // namespace
+
+bool IsUtf8(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const auto length = CharacterLength(bytes);
+        if (length == 0)
+            return false;
+        bytes.remove_prefix(length);
+    }
+    return true;
+}
+
+std::string DecodeText(std::string_view bytes) {
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    if (bytes.starts_with(kByteOrderMark))
+        bytes.remove_prefix(kByteOrderMark.size());
+    if (IsUtf8(bytes))
+        return std::string(bytes);
+    std::string text;
+    for (const char c : bytes) {
+        const auto byte = static_cast<unsigned char>(c);
+        AppendCharacter(text, byte >= 0x80 && byte < 0xA0 ? kWindows1252.at(byte - 0x80U) : byte);
+    }
+    return text;
+}
+
+}  // namespace korvane

@@ -1,0 +1,16 @@
+// The two encodings of text files that people keep: UTF-8 and Windows-1252.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace korvane {
+
+// Whether the bytes are well-formed UTF-8.
+bool IsUtf8(std::string_view bytes);
+
+// The text of a file's bytes, in UTF-8: a byte-order mark is skipped, and bytes that aren't well-formed UTF-8 are read
+// as Windows-1252.
+std::string DecodeText(std::string_view bytes);
+
+}  // namespace korvane

@@ -1,0 +1,116 @@
+// Text helpers. Texts are UTF-8; where a rule counts characters, characters are counted, not bytes.
+#pragma once
+
+#include <array>
+#include <charconv>
+#include <concepts>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "base/numbers.h"
+
+namespace korvane {
+
+// The text without leading and trailing blanks.
+std::string_view Trim(std::string_view text);
+bool IsBlank(std::string_view text);
+
+// Comparisons without regard to the case of the letters a to z.
+std::string Upper(std::string_view text);
+bool EqualsIgnoringCase(std::string_view a, std::string_view b);
+bool BeginsIgnoringCase(std::string_view text, std::string_view beginning);
+bool EndsIgnoringCase(std::string_view text, std::string_view ending);
+bool ContainsIgnoringCase(std::string_view text, std::string_view part);
+// Whether `a` sorts before `b`.
+bool LessIgnoringCase(std::string_view a, std::string_view b);
+
+// The number of characters, the text after the first `count` characters (empty when there are no more), and the first
+// `count` characters.
+std::size_t CharacterCount(std::string_view text);
+std::string_view AfterCharacters(std::string_view text, std::size_t count);
+std::string_view FirstCharacters(std::string_view text, std::size_t count);
+// The 1-based character position of the first `mark`; 0 when there is none.
+std::size_t CharacterPosition(std::string_view text, char mark);
+
+// The letters a to z of the text, in either case, in their order.
+std::string LettersOnly(std::string_view text);
+
+// The number at the text's beginning: blanks are skipped anywhere, a sign, decimals and an exponent are taken, reading
+// ends at the first character that can't continue the number. No number gives 0.
+double LenientNumber(std::string_view text);
+// The same, rounded to a whole number, halves to even. Throws RuleError (overflow) beyond 16 bits.
+Count LenientCount(std::string_view text);
+// A whole number with an optional sign and blanks around it; throws RuleError (type) for anything else.
+Count StrictCount(std::string_view text);
+
+// The parts of the text before and after the first `mark`; without one, the whole text and nothing.
+std::pair<std::string_view, std::string_view> SplitFirst(std::string_view text, std::string_view mark);
+// The pieces between the marks, from left to right; empty pieces are kept.
+std::vector<std::string_view> SplitAll(std::string_view text, char mark);
+
+// The amount rounded to a whole number, in groups of three digits joined by ","; zero has no digits at all.
+std::string FormatThousands(double amount);
+// The shortest decimal form without an exponent, as "2500" or "0.5".
+std::string ShortestNumber(float number);
+
+// Appends texts and whole numbers to a text.
+template <typename Text, typename Piece>
+void AppendPiece(Text& to, const Piece& piece) {
+    if constexpr (std::convertible_to<const Piece&, std::string_view>) {
+        to.append(std::string_view(piece));
+    } else {
+        std::array<char, 24> digits{};
+        const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), piece + 0).ptr;
+        to.append(digits.data(), end);
+    }
+}
+template <typename Text, typename... Pieces>
+void AppendAll(Text& to, const Pieces&... pieces) {
+    (AppendPiece(to, pieces), ...);
+}
+template <typename... Pieces>
+std::string Concat(const Pieces&... pieces) {
+    std::string text;
+    AppendAll(text, pieces...);
+    return text;
+}
+
+// A short-lived text that needs no allocation up to a few hundred bytes: questions are built in it.
+class ScratchText {
+  public:
+    template <typename... Pieces>
+    explicit ScratchText(const Pieces&... pieces) {
+        AppendAll(*this, pieces...);
+    }
+    ScratchText(const ScratchText&) = delete;
+    ScratchText& operator=(const ScratchText&) = delete;
+
+    template <typename... Pieces>
+    void Append(const Pieces&... pieces) {
+        AppendAll(*this, pieces...);
+    }
+    operator std::string_view() const { return long_.empty() ? std::string_view(room_.data(), size_) : long_; }
+
+    // What AppendAll builds on.
+    void append(std::string_view piece) {
+        if (long_.empty() && size_ + piece.size() <= room_.size()) {
+            piece.copy(room_.data() + size_, piece.size());
+            size_ += piece.size();
+            return;
+        }
+        if (long_.empty())
+            long_.assign(room_.data(), size_);
+        long_.append(piece);
+    }
+    void append(const char* begin, const char* end) { append(std::string_view(begin, end)); }
+
+  private:
+    std::array<char, 400> room_;
+    std::size_t size_ = 0;
+    std::string long_;  // the whole text, once it has outgrown the room
+};
+
+}  // namespace korvane
