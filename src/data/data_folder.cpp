@@ -1,0 +1,77 @@
+#include "data/data_folder.h"
+
+#include "base/error.h"
+#include "base/text.h"
+#include "data/record_files.h"
+
+namespace korvane {
+
+DataFolder::DataFolder(std::string_view location, Reading reading)
+    : location_(EnsureTrailingBackslash(location)), reading_(reading) {}
+
+template <typename Value, typename Make>
+const Value& DataFolder::Cached(Cache<Value>& cache, std::string_view key, const Make& make) {
+    auto place = cache.find(key);
+    if (place == cache.end())
+        place = cache.emplace(key, make()).first;
+    else if (reading_ == Reading::EachTime)
+        place->second = make();
+    return place->second;
+}
+
+std::shared_ptr<const TextFile> DataFolder::Read(std::string_view name, std::string_view role) const {
+    return std::make_shared<const TextFile>(ReadTextFile(location_ + std::string(name), role));
+}
+
+Names DataFolder::Listed(std::string_view prefix, std::string_view ending) const {
+    Names middles;
+    for (const auto& name : ListFiles(location_))
+        if (name.size() >= prefix.size() + ending.size() && BeginsIgnoringCase(name, prefix) &&
+            EndsIgnoringCase(name, ending))
+            middles.push_back(name.substr(prefix.size(), name.size() - prefix.size() - ending.size()));
+    return middles;
+}
+
+DataFolder::SharedNames DataFolder::RaceNames() {
+    return Cached(lists_, "*.eri", [&] { return std::make_shared<const Names>(Listed("", ".eri")); });
+}
+
+DataFolder::SharedNames DataFolder::CareerNames(std::string_view race) {
+    const ScratchText prefix(race, "-");
+    return Cached(lists_, ScratchText(prefix, "*.ecf"),
+                  [&] { return std::make_shared<const Names>(Listed(prefix, ".ecf")); });
+}
+
+DataFolder::SharedNames DataFolder::AssignmentNames(std::string_view race, std::string_view career) {
+    const ScratchText prefix(race, "-", career, "-");
+    return Cached(lists_, ScratchText(prefix, "*.eas"),
+                  [&] { return std::make_shared<const Names>(Listed(prefix, ".eas")); });
+}
+
+DataFolder::SharedNames DataFolder::TransferAssignmentNames(std::string_view race, std::string_view career) {
+    const ScratchText key(race, "-", career, "-*.eas after the last");
+    return Cached(lists_, key, [&] {
+        Names last_parts;
+        for (const auto& name : *AssignmentNames(race, career))
+            last_parts.push_back(name.substr(name.rfind('-') + 1));
+        return std::make_shared<const Names>(std::move(last_parts));
+    });
+}
+
+const RaceRecord& DataFolder::Race(std::string_view race) {
+    const ScratchText name(race, ".eri");
+    return Cached(races_, name, [&] { return ReadRace(Read(name, "a race file")); });
+}
+
+const CareerFile& DataFolder::Career(std::string_view race, std::string_view career) {
+    const ScratchText name(race, "-", career, ".ecf");
+    return Cached(careers_, name, [&] { return ReadCareer(Read(name, "a career file")); });
+}
+
+const AssignmentRecord& DataFolder::Assignment(std::string_view race, std::string_view career,
+                                               std::string_view assignment) {
+    const ScratchText name(race, "-", career, "-", assignment, ".eas");
+    return Cached(assignments_, name, [&] { return ReadAssignment(Read(name, "an assignment file")); });
+}
+
+}  // namespace korvane

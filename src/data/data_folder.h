@@ -1,0 +1,57 @@
+// The folder of the rule data: what races, careers and assignments there are, and their records.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "data/records.h"
+
+namespace korvane {
+
+class DataFolder {
+  public:
+    // Whether a file is read each time it is asked for, so that an edit counts at once, or once in the life of this
+    // object, as a run of many thousand characters wants it.
+    enum class Reading { EachTime, Once };
+
+    // `location` is a held path; a "\" is put to its end.
+    explicit DataFolder(std::string_view location, Reading reading = Reading::EachTime);
+
+    const std::string& location() const { return location_; }
+
+    // The names in the order of their files; shared, as they are handed around with each selection.
+    using SharedNames = std::shared_ptr<const Names>;
+    SharedNames RaceNames();
+    SharedNames CareerNames(std::string_view race);
+    // The assignments of a career as the main window lists them, and as the transfer dialog does: only what follows the
+    // last
+    // "-" of the file's name.
+    SharedNames AssignmentNames(std::string_view race, std::string_view career);
+    SharedNames TransferAssignmentNames(std::string_view race, std::string_view career);
+
+    // The records. Each throws FileError for a missing or malformed file. The references hold until the next call.
+    const RaceRecord& Race(std::string_view race);
+    const CareerFile& Career(std::string_view race, std::string_view career);
+    const AssignmentRecord& Assignment(std::string_view race, std::string_view career, std::string_view assignment);
+
+  private:
+    template <typename Value>
+    using Cache = std::map<std::string, Value, std::less<>>;
+
+    template <typename Value, typename Make>
+    const Value& Cached(Cache<Value>& cache, std::string_view key, const Make& make);
+    std::shared_ptr<const TextFile> Read(std::string_view name, std::string_view role) const;
+    // The middles of the file names that begin with `prefix` and end with `ending`, in any case.
+    Names Listed(std::string_view prefix, std::string_view ending) const;
+
+    std::string location_;
+    Reading reading_;
+    Cache<SharedNames> lists_;
+    Cache<RaceRecord> races_;
+    Cache<CareerFile> careers_;
+    Cache<AssignmentRecord> assignments_;
+};
+
+}  // namespace korvane
