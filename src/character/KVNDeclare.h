@@ -1,0 +1,97 @@
+// The shared declarations: the one session that holds all records of a run, with its dice, its player and its display.
+// It is made once, in `main`, and handed down by reference.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "character/character_record.h"
+#include "character/dice.h"
+#include "character/display.h"
+#include "character/options.h"
+#include "character/player.h"
+#include "data/data_folder.h"
+#include "data/master_skills.h"
+#include "data/records.h"
+
+namespace korvane {
+
+// What is selected, and what there is to select from.
+struct Selection {
+    DataFolder::SharedNames races = std::make_shared<const Names>();
+    DataFolder::SharedNames careers = std::make_shared<const Names>();
+    DataFolder::SharedNames assignments = std::make_shared<const Names>();
+    std::string race;
+    std::string career;
+    std::string assignment;
+};
+
+// What the choice service keeps between its calls.
+struct ChoiceState {
+    bool automaticOnce = false;  // the next question alone is answered at random
+    int focusPreset = 0;         // above 0: the alternative, from 0, that has the focus in the next question
+    Count PickIndex;             // the number of the last choice, as ChooseOption gave it
+    int PickPlace = 0;           // the place of the last choice among its alternatives, from 1
+    std::string PickText;        // the text of the last choice
+    std::string LastSkillGranted;
+};
+
+// The outside world. None of the three is ever missing while a rule runs.
+struct Seams {
+    Dice* dice = nullptr;
+    Player* player = nullptr;
+    Display* display = nullptr;
+};
+
+struct Session {
+    Session(DataFolder folder, Seams world) : data(std::move(folder)), seams(world) {}
+
+    std::string programTitle;
+    MasterSkills masterSkills;
+
+    DataFolder data;
+    Selection selection;
+    RaceRecord race;
+    CareerRecord career;
+    AssignmentRecord assignment;
+    CharacterRecord character;
+
+    RollingMethod method = RollingMethod::True2D;
+    Options options;
+    ChoiceState choice;
+    TextList musterResults;  // what the last mustering out brought
+    Seams seams;
+
+    bool Automatic() const { return options[Option::AutomaticGeneration]; }
+};
+
+// Rolls dice; a count of 0 or less gives 0 and rolls nothing.
+inline int Roll(Session& session, int count, int sides) {
+    return count > 0 ? session.seams.dice->Roll(count, sides) : 0;
+}
+
+// Shows a notice, whatever the mode.
+inline void Tell(Session& session, std::string_view text) {
+    session.seams.player->Tell({text, Icon::None});
+}
+
+// A Yes/No question; in automatic mode it isn't shown and the answer is Yes.
+inline bool AskYesNo(Session& session, const YesNoQuestion& question) {
+    return session.Automatic() || session.seams.player->Ask(question);
+}
+
+// Writes a line, made of texts and whole numbers, into the history. The line takes the first slot that is blank; when
+// all are taken it is dropped.
+template <typename... Pieces>
+void AddHistory(Session& session, const Pieces&... pieces) {
+    auto& history = session.character.History;
+    if (history.size() == kMostHistoryLines)
+        return;
+    auto& line = history.Next();
+    AppendAll(line, pieces...);
+    if (!IsBlank(line))
+        history.Keep();
+    session.seams.display->HistoryChanged();
+}
+
+}  // namespace korvane

@@ -1,0 +1,33 @@
+#include "character/checks.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "base/text.h"
+
+namespace korvane {
+
+int CheckTarget(std::string_view check) {
+    // Targets beyond any roll are all alike; the bound only keeps the number within an int.
+    constexpr double kBeyondAnyRoll = 1e6;
+    return static_cast<int>(
+        std::clamp(std::nearbyint(LenientNumber(AfterCharacters(check, 4))), -kBeyondAnyRoll, kBeyondAnyRoll));
+}
+
+int RollCheck(Session& session, std::string_view check, int dm) {
+    const auto slot = static_cast<int>(CharacterPosition(check, '+'));
+    const int roll = Roll(session, 2, 6);
+    return roll + dm + session.character.CharacteristicDM[slot] - CheckTarget(check);
+}
+
+bool CheckStat(Session& session, std::string_view check) {
+    const auto name = FirstCharacters(check, 3);
+    const int slot = CharacteristicSlot(session.character, name);
+    if (slot == 0) {
+        Tell(session, ScratchText("Check Stat ", check, "not found ", name));
+        return false;
+    }
+    return session.character.Characteristic[slot] >= CheckTarget(check);
+}
+
+}  // namespace korvane

@@ -1,0 +1,21 @@
+// The display: what a front end shows of a generation in progress. Each member says what changed; the record tells the
+// rest.
+#pragma once
+
+namespace korvane {
+
+class Display {
+  public:
+    virtual ~Display() = default;
+    virtual void HistoryChanged() {}
+    virtual void SkillsChanged() {}
+    virtual void SummaryChanged() {}
+    // A race, career or assignment was selected, or the lists to select from changed.
+    virtual void SelectionChanged() {}
+    // A box was changed in a dialog.
+    virtual void OptionsChanged() {}
+    // The controls of a new character are locked while a career runs.
+    virtual void ControlsLocked(bool /*locked*/) {}
+};
+
+}  // namespace korvane

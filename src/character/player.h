@@ -1,0 +1,116 @@
+// The player: everything that the rules ask of a person, or tell them. The engine waits for each answer.
+#pragma once
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "character/options.h"
+#include "data/records.h"
+
+namespace korvane {
+
+// A choice among alternatives.
+struct ChoiceQuestion {
+    std::string_view title;
+    std::span<const std::string_view> options;
+    int focus = 0;  // the alternative that has the focus, counted from 0
+};
+
+// A choice of several items of a list, between a minimum and a maximum.
+struct ListQuestion {
+    std::string_view prompt;
+    int maximum = 1;
+    int minimum = 1;
+    std::span<const std::string_view> items;
+};
+
+enum class Icon { None, Information, Question, Exclamation, Warning };
+
+// A Yes/No question.
+struct YesNoQuestion {
+    std::string_view text;
+    std::string_view title = {};  // empty: the program's title
+    Icon icon = Icon::Question;
+    bool defaultYes = true;
+};
+
+struct Notice {
+    std::string_view text;
+    Icon icon = Icon::None;
+};
+
+// The skill-tables dialog: six columns, numbered from 1.
+struct TableColumn {
+    std::string caption;
+    std::span<const std::string_view> rows;
+    bool enabled = true;
+};
+struct TableQuestion {
+    std::string_view instruction;
+    std::array<TableColumn, 7> columns;
+};
+
+enum class EndOfTermChoice { ReEnlist = 1, Transfer = 2, MusterOut = 3, Scrap = 4 };
+struct EndOfTermQuestion {
+    int termsTotal = 0;
+    Options options;
+};
+struct EndOfTermAnswer {
+    EndOfTermChoice choice = EndOfTermChoice::ReEnlist;
+    Options options;  // as the boxes stood when the dialog closed
+};
+
+struct TransferQuestion {
+    const Names& careers;
+    std::function<std::shared_ptr<const Names>(std::string_view career)> assignmentsOf;
+};
+struct TransferAnswer {
+    std::string career;
+    std::string assignment;
+};
+
+enum class MusterButton { Cash, Material, ThreeCashRestMaterial, Done };
+struct MusterQuestion {
+    std::string_view career;
+    int rolls = 0;
+    int bonuses = 0;
+    bool cashEnabled = true;
+    bool materialEnabled = true;
+    bool threeCashEnabled = true;
+    bool gamblerEnabled = false;
+    std::span<const std::string> results;
+};
+struct MusterPress {
+    MusterButton button = MusterButton::Done;
+    bool gambler = false;
+};
+
+class Player {
+  public:
+    virtual ~Player() = default;
+
+    // The chosen alternative, counted from 1.
+    virtual int Choose(const ChoiceQuestion& question) = 0;
+    // The marked items, counted from 1, ascending; none when the player cancelled.
+    virtual std::vector<int> Select(const ListQuestion& question) = 0;
+    virtual bool Ask(const YesNoQuestion& question) = 0;
+    virtual void Tell(const Notice& notice) = 0;
+    // The pressed column, counted from 1; one that is enabled.
+    virtual int PickTable(const TableQuestion& question) = 0;
+    virtual EndOfTermAnswer EndOfTerm(const EndOfTermQuestion& question) = 0;
+    // The new career and assignment; nothing for "End Career".
+    virtual std::optional<TransferAnswer> Transfer(const TransferQuestion& question) = 0;
+    // One press in the mustering-out dialog; a button that is enabled.
+    virtual MusterPress Muster(const MusterQuestion& question) = 0;
+};
+
+// Thrown by a player who scraps the character at a question; the generation ends as by "Scrap and Restart".
+struct CharacterScrapped {};
+
+}  // namespace korvane

@@ -1,0 +1,29 @@
+// The summary of a character: the texts of the characteristics' panel and of the details.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "character/KVNDeclare.h"
+
+namespace korvane {
+
+// Recomputes the characteristic modifiers and has the display show the summary. Rules call it when they changed the
+// record.
+void ShowSummary(Session& session);
+
+// One line for each characteristic, as "Str 7  (+0)".
+std::vector<std::string> CharacteristicLines(const CharacterRecord& character);
+std::string AgeLabel(const CharacterRecord& character);
+// The title of the rank with its grade, as "Rank: Corporal (E2)".
+std::string RankLabel(const CharacterRecord& character, const AssignmentRecord& assignment);
+std::string AlliesLabel(const CharacterRecord& character);
+std::string EnemiesLabel(const CharacterRecord& character);
+std::string ContactsLabel(const CharacterRecord& character);
+std::string RivalsLabel(const CharacterRecord& character);
+std::string MedicalDebtLabel(const CharacterRecord& character);
+
+// A number with its sign, "+" for 0 too.
+std::string SignedNumber(int number);
+
+}  // namespace korvane
