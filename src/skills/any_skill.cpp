@@ -1,0 +1,71 @@
+#include "skills/any_skill.h"
+
+#include <array>
+#include <string_view>
+
+#include "skills/grant.h"
+#include "skills/list_choice.h"
+
+namespace korvane {
+
+namespace {
+
+constexpr std::array<std::string_view, 38> kBasicSkills = {
+    "Admin",      "Advocate",   "Animals",    "Art",      "Astrogation",   "Athletics",   "Broker",
+    "Carouse",    "Deception",  "Diplomat",   "Drive",    "Electronics",   "Engineer",    "Explosives",
+    "Flyer",      "Gambler",    "Gun Combat", "Gunner",   "Heavy Weapons", "Investigate", "Jack of all Trades",
+    "Language",   "Leadership", "Mechanic",   "Medic",    "Melee",         "Navigation",  "Persuade",
+    "Profession", "Recon",      "Science",    "Seafarer", "Stealth",       "Steward",     "Streetwise",
+    "Survival",   "Tactics",    "Vacc Suit"};
+
+// The automatic selection draws as if it chose and then marks the first item all the same.
+ListMarks DrawAnySkills(Session& session, int count, const ListItems& items) {
+    ListMarks marks;
+    if (count == 1)
+        session.seams.dice->Draw(items.size());
+    for (int round = 0; count > 1 && round < count; ++round) {
+        const auto roll = [&] { return static_cast<std::size_t>(Roll(session, 1, items.size()) - 1); };
+        int tries = 1;
+        for (auto item = roll(); marks[item]; item = roll())
+            if (++tries == 100)
+                Tell(session, "100 fails to pick a skill");
+        marks.set(0);
+    }
+    if (count == 1)
+        marks.set(0);
+    return marks;
+}
+
+enum class WhenAutomatic { Draw, AskAllTheSame };
+
+void SelectBasicSkills(Session& session, int count, WhenAutomatic mode, std::string_view suffix, GrantReason reason) {
+    const ListItems items(kBasicSkills);
+    const ScratchText several("Select Any ", count, " Skills");
+    const std::string_view prompt = count == 1 ? "Select Any Skill" : std::string_view(several);
+    const auto marks = session.Automatic() && mode == WhenAutomatic::Draw
+                           ? DrawAnySkills(session, count, items)
+                           : AskForItems(session, count, count, prompt, items);
+    for (std::size_t i = 0; i < items.texts().size(); ++i)
+        if (marks[i])
+            GrantSkill(session, ScratchText(items.texts()[i], suffix), reason);
+}
+
+}  // namespace
+
+void SelectAnySkill(Session& session, int count) {
+    SelectBasicSkills(session, count, WhenAutomatic::Draw, "", GrantReason::Gain);
+}
+
+void SelectAnySkillAtZero(Session& session) {
+    SelectBasicSkills(session, 1, WhenAutomatic::Draw, "-0", GrantReason::Gain);
+}
+
+void SelectAnySkillAsked(Session& session) {
+    SelectBasicSkills(session, 1, WhenAutomatic::AskAllTheSame, "", GrantReason::Gain);
+}
+
+void SelectReplacementSkill(Session& session) {
+    SelectBasicSkills(session, 1, WhenAutomatic::Draw, "", GrantReason::ReplacesRefused);
+}
+
+}  // namespace korvane

@@ -1,0 +1,21 @@
+// The choice of any basic skill, whatever the career's tables offer.
+#pragma once
+
+#include "character/KVNDeclare.h"
+
+namespace korvane {
+
+// Lets the player take `count` of the basic skills, one level each. Automatic mode always takes the first of the list,
+// "Admin", once.
+void SelectAnySkill(Session& session, int count);
+
+// One basic skill at level 0.
+void SelectAnySkillAtZero(Session& session);
+
+// One basic skill; the player is asked in automatic mode too.
+void SelectAnySkillAsked(Session& session);
+
+// One basic skill in place of a raise that the cap refused.
+void SelectReplacementSkill(Session& session);
+
+}  // namespace korvane

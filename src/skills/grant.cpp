@@ -1,0 +1,170 @@
+#include "skills/grant.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "base/text.h"
+#include "character/summary.h"
+#include "skills/any_skill.h"
+#include "skills/choice.h"
+
+namespace korvane {
+
+namespace {
+
+constexpr int kSkillCap = 4;
+constexpr int kCharacteristicCap = 15;
+
+enum class Mode { Add, Set };
+
+// A skill string taken apart.
+struct Gain {
+    std::string_view text;
+    std::string_view name;
+    Count level = 1;
+    Mode mode = Mode::Add;
+};
+
+// The side of the first " or " that the choice gives. The number is taken as it stands: drawn, it counts from 0, so the
+// side that was drawn is the one that isn't taken.
+std::string_view ResolveOr(Session& session, std::string_view text) {
+    const auto [before, after] = SplitFirst(text, " or ");
+    const auto a = Trim(before);
+    const auto b = Trim(after);
+    return ChooseOption(session, "Select a Skill", ScratchText(a, "/", b)) == 1 ? a : b;
+}
+
+std::string_view ResolveAlternatives(Session& session, std::string_view text) {
+    if (text.find(" or ") != std::string_view::npos)
+        return ResolveOr(session, text);
+    if (text.find('/') != std::string_view::npos)
+        return AlternativeAt(text, ChoosePlace(session, "Select a Skill", text));
+    return text;
+}
+
+// Raises the characteristic that a text with "+" names. Returns whether there is one.
+bool RaiseCharacteristic(Session& session, std::string_view text) {
+    auto& character = session.character;
+    const auto name = FirstCharacters(text, 3);
+    const int slot = CharacteristicSlot(character, name);
+    if (slot == 0) {
+        Tell(session, ScratchText("Stat ", name, "not found"));
+        return false;
+    }
+    const auto amount = LenientCount(AfterCharacters(text, 5));
+    auto& value = character.Characteristic[slot];
+    value += amount;
+    value = std::min<int>(value, kCharacteristicCap);
+    AddHistory(session, name, " +", amount);
+    ShowSummary(session);
+    return true;
+}
+
+Gain TakeApart(std::string_view text) {
+    for (const auto& [mark, mode] : {std::pair{"=", Mode::Set}, std::pair{"-", Mode::Add}})
+        if (text.find(mark) != std::string_view::npos) {
+            const auto [name, level] = SplitFirst(text, mark);
+            return {text, name, StrictCount(level), mode};
+        }
+    return {text, text};
+}
+
+const Speciality* SpecialitiesOf(const RaceRecord& race, std::string_view name) {
+    const auto row = std::ranges::find(race.specialities, name, &Speciality::skill);
+    return row == race.specialities.end() ? nullptr : &*row;
+}
+
+// Asks for the speciality; the answer is left in `PickText`.
+void ChooseSpeciality(Session& session, const Speciality& row) {
+    ScratchText options;
+    for (const auto speciality : row.list)
+        if (!speciality.empty())
+            options.Append(speciality, "/");
+    options.Append("Pick Later");
+    ChooseOption(session, ScratchText("Select Specialty for ", row.skill), options);
+}
+
+// A skill that became a speciality is no longer held bare; its level stays in the freed slot.
+void FreeBareSkill(CharacterRecord& character, std::string_view name) {
+    if (auto* const held = FindSkill(character, name))
+        held->Name.clear();
+}
+
+void RefuseBeyondCap(Session& session, std::string_view name, GrantReason reason) {
+    if (!session.Automatic())
+        Tell(session, ScratchText("Skill ", name, " already at the max of 4. Select something else:"));
+    else if (reason == GrantReason::ReplacesRefused)
+        return;
+    SelectReplacementSkill(session);
+}
+
+void ImproveHeld(Session& session, Skill& held, const Gain& gain, GrantReason reason) {
+    if (gain.mode == Mode::Set) {
+        if (held.Level >= gain.level) {
+            AddHistory(session, "Skill ", gain.text, " already held");
+            return;
+        }
+        held.Level = gain.level;
+    } else {
+        const Count sum = held.Level + gain.level;
+        if (session.options[Option::CapSkillsAt4] && sum > kSkillCap) {
+            RefuseBeyondCap(session, gain.name, reason);
+            return;
+        }
+        held.Level = sum;
+    }
+    AddHistory(session, gain.name, "-", held.Level);
+}
+
+void HoldNew(Session& session, const Gain& gain) {
+    auto* const slot = FreeSkillSlot(session.character);
+    if (slot == nullptr)
+        return;
+    slot->Name = gain.name;
+    slot->Level = gain.level;
+    AddHistory(session, gain.name, "-", gain.level);
+}
+
+void GainSkill(Session& session, Gain gain, GrantReason reason) {
+    std::optional<ScratchText> full_name;
+    if (gain.level > 0)
+        if (const auto* const row = SpecialitiesOf(session.race, gain.name)) {
+            ChooseSpeciality(session, *row);
+            FreeBareSkill(session.character, gain.name);
+            gain.name = full_name.emplace(gain.name, " (", session.choice.PickText, ")");
+        }
+    if (auto* const held = FindSkill(session.character, gain.name))
+        ImproveHeld(session, *held, gain, reason);
+    else
+        HoldNew(session, gain);
+    session.seams.display->SkillsChanged();
+    ShowSummary(session);
+}
+
+// Carries out a text whose alternatives are resolved.
+void GrantResolved(Session& session, std::string_view text, GrantReason reason) {
+    if (text.find('+') != std::string_view::npos) {
+        if (!RaiseCharacteristic(session, text))
+            GainSkill(session, TakeApart(text), reason);
+        return;
+    }
+    GainSkill(session, TakeApart(text), reason);
+}
+
+}  // namespace
+
+void GrantSkill(Session& session, std::string_view text, GrantReason reason) {
+    GrantResolved(session, ResolveAlternatives(session, text), reason);
+}
+
+void GrantSkill(Session& session, std::string_view text) {
+    GrantSkill(session, text, GrantReason::Gain);
+}
+
+void GrantSkillOf(Session& session, std::string_view& field) {
+    if (field.find(" or ") != std::string_view::npos)
+        field = ResolveOr(session, field);
+    GrantSkill(session, field);
+}
+
+}  // namespace korvane

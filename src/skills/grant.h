@@ -1,0 +1,31 @@
+// Skill strings: the one textual form of each gain, and the operation that carries it out.
+//
+//   "A or B", "A/B"   one of the two, the player's choice
+//   "Edu +1"          raises a characteristic, to at most 15
+//   "Admin=1"         sets a skill to at least 1
+//   "Science-0"       adds levels to a skill; a new skill starts there
+//   "Pilot"           adds one level
+//
+// A skill of which the race knows specialities becomes one of them when levels are gained; "Pilot (Spacecraft)" names
+// it.
+#pragma once
+
+#include <string_view>
+
+#include "character/KVNDeclare.h"
+
+namespace korvane {
+
+// Carries out a skill string. Throws RuleError: type for a level that is no number, overflow for one that leaves 16
+// bits.
+void GrantSkill(Session& session, std::string_view text);
+
+// The same for a field of a record: where it holds " or ", the chosen side replaces it until its file is loaded again.
+void GrantSkillOf(Session& session, std::string_view& field);
+
+// How a grant came about: one that stands in for a raise that the cap refused ends, in automatic mode, when it is
+// refused too.
+enum class GrantReason { Gain, ReplacesRefused };
+void GrantSkill(Session& session, std::string_view text, GrantReason reason);
+
+}  // namespace korvane

@@ -1,0 +1,59 @@
+#include "skills/modifiers.h"
+
+#include <algorithm>
+#include <limits>
+#include <optional>
+
+#include "base/text.h"
+
+namespace korvane {
+
+namespace {
+
+// The name without its speciality.
+std::string_view BareName(std::string_view name) {
+    return SplitFirst(name, " (").first;
+}
+
+// The best level among the held specialities of a bare name; nothing when none is held.
+std::optional<int> BestSpeciality(const CharacterRecord& character, std::string_view bare) {
+    std::optional<int> best;
+    for (const auto& skill : character.Skills)
+        if (skill.Name.size() > bare.size() && BareName(skill.Name) == bare)
+            best = std::max<int>(best.value_or(skill.Level), skill.Level);
+    return best;
+}
+
+int UnskilledModifier(const CharacterRecord& character) {
+    constexpr int kUnskilled = -3;
+    const auto* const jack = FindSkill(character, "Jack of all Trades");
+    return jack == nullptr ? kUnskilled : std::min(kUnskilled + jack->Level, 0);
+}
+
+}  // namespace
+
+int SkillModifier(const CharacterRecord& character, std::string_view name) {
+    if (const auto* const held = FindSkill(character, name); held != nullptr && !IsBlank(name))
+        return held->Level;
+    const auto bare = BareName(name);
+    const auto speciality = BestSpeciality(character, bare);
+    if (bare == name)
+        return speciality.value_or(UnskilledModifier(character));
+    return speciality || FindSkill(character, bare) != nullptr ? 0 : UnskilledModifier(character);
+}
+
+int BestSkillModifier(Session& session, std::string_view names) {
+    int best = std::numeric_limits<int>::min();
+    std::string_view rest = names;
+    while (!rest.empty()) {
+        const auto [name, others] = SplitFirst(rest, "/");
+        if (const int modifier = SkillModifier(session.character, name); modifier > best) {
+            best = modifier;
+            session.choice.PickText = name;
+        }
+        rest = others;
+    }
+    return best;
+}
+
+}  // namespace korvane
