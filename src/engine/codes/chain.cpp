@@ -1,0 +1,34 @@
+#include "engine/codes/chain.h"
+
+#include <utility>
+
+#include "engine/codes/apply.h"
+
+namespace korvane {
+
+Chain::Chain(std::vector<Row> rows) : rows_(std::move(rows)) {
+    for (const auto& row : rows_)
+        fingerprints_.push_back(Fingerprint(row.code));
+}
+
+bool Chain::Occurs(std::size_t row, std::string_view codes, std::uint64_t fingerprint) const {
+    return (fingerprints_[row] & ~fingerprint) == 0 && codes.find(rows_[row].code) != std::string_view::npos;
+}
+
+std::uint64_t Chain::Fingerprint(std::string_view text) {
+    std::uint64_t bits = 0;
+    for (std::size_t i = 1; i < text.size(); ++i) {
+        const auto pair = static_cast<unsigned char>(text[i - 1]) * 31U + static_cast<unsigned char>(text[i]);
+        bits |= std::uint64_t{1} << (pair % 64U);
+    }
+    return bits;
+}
+
+void RunChain(Session& session, const Chain& chain, std::string_view codes) {
+    const auto fingerprint = Chain::Fingerprint(codes);
+    for (std::size_t row = 0; row < chain.rows().size(); ++row)
+        ApplyAll(session,
+                 chain.Occurs(row, codes, fingerprint) ? chain.rows()[row].effects : chain.rows()[row].otherwise);
+}
+
+}  // namespace korvane

@@ -1,0 +1,39 @@
+// Codes as rows: a code that an entry of a mishap or event table may carry, and the effects that it has. A chain is
+// rows in the order in which they are carried out.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "character/KVNDeclare.h"
+#include "engine/codes/effects.h"
+
+namespace korvane {
+
+struct Row {
+    std::string_view code;
+    Effects effects;
+    Effects otherwise = {};  // when the code doesn't occur
+};
+
+class Chain {
+  public:
+    explicit Chain(std::vector<Row> rows);
+    const std::vector<Row>& rows() const { return rows_; }
+
+    // Whether the row's code occurs in `codes`. The fingerprint is that of `codes`; it rules out most rows at once.
+    bool Occurs(std::size_t row, std::string_view codes, std::uint64_t fingerprint) const;
+
+    // One bit for each pair of neighbouring characters; a text's bits hold those of all its parts.
+    static std::uint64_t Fingerprint(std::string_view text);
+
+  private:
+    std::vector<Row> rows_;
+    std::vector<std::uint64_t> fingerprints_;
+};
+
+// Carries out each row whose code occurs anywhere in the code string, in the order of the chain.
+void RunChain(Session& session, const Chain& chain, std::string_view codes);
+
+}  // namespace korvane

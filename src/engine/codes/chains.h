@@ -1,0 +1,11 @@
+// The two chains: what the codes of mishaps and of events do.
+#pragma once
+
+#include "engine/codes/chain.h"
+
+namespace korvane {
+
+const Chain& MishapChain();
+const Chain& EventChain();
+
+}  // namespace korvane

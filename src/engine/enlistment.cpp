@@ -1,0 +1,76 @@
+#include "engine/enlistment.h"
+
+#include <array>
+#include <string>
+
+#include "character/checks.h"
+#include "engine/selection.h"
+#include "skills/choice.h"
+
+namespace korvane {
+
+namespace {
+
+// A service of the draft: its assignment, or the question that decides it.
+struct DraftService {
+    std::string_view career;
+    std::string_view question;  // empty: nothing is asked
+    std::string_view assignments;
+};
+
+// clang-format off
+constexpr std::array<DraftService, 7> kDraft = {{
+    {},
+    {"Navy",     "Pick Naval Assignment for Draft",  "Engineer Gunner/Flight/Line Crew"},
+    {"Army",     "Pick Army Assignment for Draft",   "Cavalry/Infantry/Support"},
+    {"Marine",   "Pick Marine Assignment for Draft", "Ground Assault/Star Marine/Support"},
+    {"Merchant", "",                                 "Merchant Marine"},
+    {"Scout",    "Pick Scout Assignment for Draft",  "Courier/Explorer/Surveyor"},
+    {"Agent",    "",                                 "Law Enforcement"},
+}};
+// clang-format on
+
+std::string_view DraftedAssignment(Session& session, const DraftService& service) {
+    if (service.question.empty())
+        return service.assignments;
+    return AlternativeAt(service.assignments, ChoosePlace(session, service.question, service.assignments));
+}
+
+// A human of the Imperium with a title is never refused by the nobility.
+bool IsEntitledNoble(const Session& session) {
+    constexpr int kGentle = 9;
+    return session.selection.assignment == "Noble" && session.selection.race == "Imperial Human" &&
+           session.character.Characteristic[kSoc] > kGentle;
+}
+
+}  // namespace
+
+void Qualify(Session& session) {
+    auto& modifier = session.character.QualificationDM;
+    if (IsEntitledNoble(session))
+        modifier = kAutomaticSuccess;
+    AddHistory(session, "Enlist ", session.selection.career, " ", session.selection.assignment);
+    const int effect = RollCheck(session, session.career.qualification, modifier);
+    modifier = 0;
+    if (effect < 0)
+        Draft(session);
+}
+
+void Draft(Session& session) {
+    AddHistory(session, "Rejected; Draft");
+    const auto die = static_cast<std::size_t>(Roll(session, 1, 6));
+    const auto& service = kDraft.at(die);
+    const auto assignment = DraftedAssignment(session, service);
+    if (SelectCareer(session, service.career))
+        AddHistory(session, "Drafted to ", session.race.draftTable.at(die));
+    SelectAssignment(session, assignment);
+}
+
+void RecordCareerServed(Session& session, std::string_view career) {
+    auto& served = session.character.CareersServed;
+    if (career == "Drifter" || career == "Prisoner" || career.empty() || served.size() == kMostCareersServed)
+        return;
+    served.Add(career);
+}
+
+}  // namespace korvane

@@ -1,0 +1,32 @@
+// What is selected: the race, the career and the assignment, whose records are loaded into the session.
+#pragma once
+
+#include <string_view>
+
+#include "character/KVNDeclare.h"
+
+namespace korvane {
+
+// Lists the races of the data folder and loads "Imperial Human", or the first where there is none.
+void ListRaces(Session& session);
+
+// Lists the race's careers, loads the first of them and then the race, and starts a new character. A race without
+// careers is told to the player and changes nothing else. Throws FileError for a malformed file.
+void LoadRace(Session& session, std::string_view race);
+
+// Loads a career of a race, lists its assignments and loads the first. A career without assignments is told to the
+// player.
+void LoadCareer(Session& session, std::string_view race, std::string_view career);
+
+void LoadAssignment(Session& session, std::string_view race, std::string_view career, std::string_view assignment);
+
+// Selects an entry of the career list, or of the assignment list, as a player would. Returns whether the list has it;
+// when not, the selection stays.
+bool SelectCareer(Session& session, std::string_view career);
+bool SelectAssignment(Session& session, std::string_view assignment);
+
+// Makes the selection from which a character of `race` starts, as if the race had just been loaded in a new program.
+// Rolls nothing. Throws UsageError when there is no such race, career or assignment; it lists what there is.
+void SelectStart(Session& session, std::string_view race, std::string_view career, std::string_view assignment);
+
+}  // namespace korvane

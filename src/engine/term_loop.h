@@ -1,0 +1,20 @@
+// The life of a character, term by term.
+#pragma once
+
+#include <functional>
+
+#include "character/KVNDeclare.h"
+
+namespace korvane {
+
+enum class LifeEnd { MusteredOut, Scrapped };
+
+// Takes the character that was started from the opening term to the end of the last career. Throws RuleError for data
+// that the rules can't be carried out with, FileError for a rule file that a change of career needs.
+LifeEnd RunLife(Session& session);
+
+// "Start Career": locks the controls, runs the life, hands the finished character over (not a scrapped one) and starts
+// the next. The controls are unlocked also when a life ends in an error.
+void RunCareer(Session& session, const std::function<void()>& handOver);
+
+}  // namespace korvane
