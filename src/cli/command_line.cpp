@@ -1,0 +1,153 @@
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <unistd.h>
+
+#include "base/error.h"
+#include "base/text.h"
+#include "cli/commands.h"
+
+namespace korvane::cli {
+
+namespace {
+
+// What the options of the command line say before they are checked against what there is.
+struct Captions {
+    std::string method;
+    std::vector<std::string> options;
+    std::string player = "automatic";
+    std::string format = "text";
+};
+
+template <typename Texts>
+std::string Listed(const Texts& texts) {
+    std::string list;
+    for (const std::string_view text : texts)
+        AppendAll(list, list.empty() ? "" : ", ", Trim(text));
+    return list;
+}
+
+RollingMethod MethodNamed(const std::string& caption) {
+    if (caption.empty())
+        return RollingMethod::True2D;
+    if (const auto method = MethodOfCaption(caption))
+        return *method;
+    throw UsageError("unknown method \"" + caption + "\"; there are: " + Listed(kMethodCaptions));
+}
+
+Options OptionsNamed(const std::vector<std::string>& captions) {
+    Options options;
+    for (const auto& caption : captions) {
+        const auto option = OptionOfCaption(caption);
+        if (!option)
+            throw UsageError("unknown option \"" + caption + "\"; there are: " + Listed(kOptionCaptions));
+        options.Set(*option);
+    }
+    return options;
+}
+
+Format FormatNamed(const std::string& name) {
+    return name == "json" ? Format::Json : name == "none" ? Format::None : Format::Text;
+}
+
+void AddSelection(CLI::App& app, std::string& data, std::string& race, std::string& career, std::string& assignment,
+                  Captions& captions) {
+    app.add_option("--data", data, "Folder of the rule data (default: the configured one, else the shipped rules)");
+    app.add_option("--race", race, "Race, as its file is named");
+    app.add_option("--career", career, "Career of the race");
+    app.add_option("--assignment", assignment, "Assignment of the career");
+    app.add_option("--method", captions.method, "Method of rolling: " + Listed(kMethodCaptions));
+    app.add_option("--option", captions.options, "An option to tick; may be repeated: " + Listed(kOptionCaptions))
+        ->allow_extra_args(false);
+}
+
+void AddGenerate(CLI::App& app, GenerateCommand& command, Captions& captions) {
+    auto& plan = command.plan;
+    AddSelection(app, command.data, plan.race, plan.career, plan.assignment, captions);
+    app.add_option("--terms", plan.terms, "Terms of service before mustering out (automatic player)")
+        ->check(CLI::Range(1, 100))
+        ->capture_default_str();
+    app.add_option("--count", command.count, "Number of characters")
+        ->check(CLI::Range(1, 1000000000))
+        ->capture_default_str();
+    app.add_option("--seed", plan.seed, "Repeats a run exactly: character i depends on the seed and i alone");
+    app.add_option("--player", captions.player, "Who answers: automatic generation, or a random answer to each dialog")
+        ->check(CLI::IsMember({"automatic", "random"}))
+        ->capture_default_str();
+    app.add_option("--format", captions.format, "What is printed of each character")
+        ->check(CLI::IsMember({"text", "json", "none"}))
+        ->capture_default_str();
+    app.add_option("--out", command.outFolder, "Folder for a file of each character, in place of standard output");
+    app.add_option("--journal", command.journalFolder, "Folder for a journal of each character");
+}
+
+void AddPlay(CLI::App& app, PlayCommand& command, Captions& captions) {
+    AddSelection(app, command.data, command.race, command.career, command.assignment, captions);
+    app.add_option("--journal", command.journal, "File for the character's journal");
+}
+
+void AddReplay(CLI::App& app, ReplayCommand& command, Captions& captions) {
+    app.add_option("JOURNAL", command.journal, "The journal to replay")->required();
+    app.add_option("--data", command.data, "Folder of the rule data that the journal was made with");
+    app.add_option("--format", captions.format, "What is printed of the character")
+        ->check(CLI::IsMember({"text", "json"}))
+        ->capture_default_str();
+}
+
+// The check comes after the parsing, as its texts list what there is.
+void Check(GenerateCommand& command, const Captions& captions) {
+    auto& plan = command.plan;
+    plan.method = MethodNamed(captions.method);
+    plan.options = OptionsNamed(captions.options);
+    plan.player = captions.player == "random" ? PlayerKind::Random : PlayerKind::Automatic;
+    if (plan.player == PlayerKind::Random && plan.options[Option::AutomaticGeneration])
+        throw UsageError("the random player never uses \"Automatic Generation\"; leave one of the two out");
+    command.format = FormatNamed(captions.format);
+    command.progress = isatty(STDERR_FILENO) != 0;
+}
+
+int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
+    CLI::App app("Plays the lives of Farwend characters from editable rule data.", "korvane-cli");
+    app.set_version_flag("--version", "korvane-cli " KORVANE_VERSION);
+    app.require_subcommand(1);
+    Captions captions;
+    GenerateCommand generate;
+    PlayCommand play;
+    ReplayCommand replay;
+    auto* const generate_app = app.add_subcommand("generate", "Generate characters without a person");
+    auto* const play_app = app.add_subcommand("play", "Play a character's life at the terminal");
+    auto* const replay_app = app.add_subcommand("replay", "Play a journal again, die by die");
+    AddGenerate(*generate_app, generate, captions);
+    AddPlay(*play_app, play, captions);
+    AddReplay(*replay_app, replay, captions);
+    try {
+        app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error, streams.out, streams.err) == 0 ? kSuccess : kFailure;
+    }
+    if (generate_app->parsed()) {
+        Check(generate, captions);
+        return Generate(generate, streams);
+    }
+    if (play_app->parsed()) {
+        play.method = MethodNamed(captions.method);
+        play.options = OptionsNamed(captions.options);
+        return Play(play, streams);
+    }
+    replay.format = FormatNamed(captions.format);
+    return Replay(replay, streams);
+}
+
+}  // namespace
+
+int RunCommandLine(const std::vector<std::string>& arguments, Streams& streams) {
+    try {
+        return Dispatch(arguments, streams);
+    } catch (const RuleError& error) {
+        streams.err << "korvane-cli: " << NameOf(error.kind()) << " error: " << error.what() << '\n';
+    } catch (const std::exception& error) {
+        streams.err << "korvane-cli: " << error.what() << '\n';
+    }
+    return kFailure;
+}
+
+}  // namespace korvane::cli

@@ -1,0 +1,59 @@
+// The commands of the command line. Each gives the exit status.
+#pragma once
+
+#include <cstdint>
+#include <istream>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "cli/lives.h"
+
+namespace korvane::cli {
+
+inline constexpr int kSuccess = 0;
+inline constexpr int kFailure = 1;
+inline constexpr int kDivergence = 2;
+
+struct Streams {
+    std::istream& in;
+    std::ostream& out;
+    std::ostream& err;
+};
+
+enum class Format { Text, Json, None };
+
+struct GenerateCommand {
+    std::string data;
+    LifePlan plan;
+    std::uint64_t count = 1;
+    Format format = Format::Text;
+    std::string outFolder;      // empty: standard output
+    std::string journalFolder;  // empty: no journals
+    bool progress = false;      // a progress line on the error stream
+};
+int Generate(const GenerateCommand& command, Streams& streams);
+
+struct PlayCommand {
+    std::string data;
+    std::string race;
+    std::string career;
+    std::string assignment;
+    RollingMethod method = RollingMethod::True2D;
+    Options options;
+    std::string journal;  // empty: none
+};
+int Play(const PlayCommand& command, Streams& streams);
+
+struct ReplayCommand {
+    std::string journal;
+    std::string data;
+    Format format = Format::Text;
+};
+int Replay(const ReplayCommand& command, Streams& streams);
+
+// Reads the arguments after the program's name and runs the command that they name. Errors are told on the error
+// stream.
+int RunCommandLine(const std::vector<std::string>& arguments, Streams& streams);
+
+}  // namespace korvane::cli

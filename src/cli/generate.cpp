@@ -1,0 +1,113 @@
+#include <filesystem>
+#include <sstream>
+
+#include "base/error.h"
+#include "base/places.h"
+#include "base/text.h"
+#include "cli/commands.h"
+#include "cli/data_choice.h"
+#include "output/character_document.h"
+#include "output/character_text.h"
+
+namespace korvane::cli {
+
+namespace {
+
+// "0007" in a run of 1000.
+std::string Padded(std::uint64_t number, std::uint64_t count) {
+    auto digits = Concat(number);
+    const auto width = Concat(count).size();
+    return std::string(width - std::min(width, digits.size()), '0') + digits;
+}
+
+std::string Rendered(const Session& session, Format format) {
+    return format == Format::Json ? CharacterDocument(session) + "\n" : CharacterText(session);
+}
+
+// A progress line that is drawn over itself, about a hundred times in a run.
+class Progress {
+  public:
+    Progress(std::ostream& err, std::uint64_t count, bool shown)
+        : err_(err), count_(count), shown_(shown && count > 1) {}
+    ~Progress() {
+        if (shown_)
+            err_ << '\n';
+    }
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+
+    void Done(std::uint64_t number) {
+        const auto step = std::max<std::uint64_t>(count_ / 100, 1);
+        if (shown_ && (number % step == 0 || number == count_))
+            err_ << '\r' << number << " of " << count_ << " characters" << std::flush;
+    }
+
+  private:
+    std::ostream& err_;
+    std::uint64_t count_;
+    bool shown_;
+};
+
+class Generator {
+  public:
+    Generator(const GenerateCommand& command, Streams& streams)
+        : command_(command),
+          streams_(streams),
+          session_(DataFolder(ChooseDataLocation(command.data), DataFolder::Reading::Once),
+                   {nullptr, nullptr, &display_}) {}
+
+    int Run() {
+        Progress progress(streams_.err, command_.count, command_.progress);
+        for (std::uint64_t number = 1; number <= command_.count; ++number) {
+            RunOne(number);
+            progress.Done(number);
+        }
+        return status_;
+    }
+
+  private:
+    void RunOne(std::uint64_t number) {
+        std::ostringstream journal;
+        const bool journaled = !command_.journalFolder.empty();
+        const auto outcome = Live(session_, command_.plan, number, journaled ? &journal : nullptr);
+        if (journaled)
+            ReplaceFile(FileName(command_.journalFolder, number, ".jsonl"), journal.str());
+        if (!outcome.end) {
+            streams_.err << "korvane-cli: character " << number << ": " << outcome.error << '\n';
+            status_ = kFailure;
+        } else if (*outcome.end == LifeEnd::MusteredOut && command_.format != Format::None) {
+            Show(number);
+        }
+    }
+
+    void Show(std::uint64_t number) {
+        const auto text = Rendered(session_, command_.format);
+        if (!command_.outFolder.empty()) {
+            ReplaceFile(FileName(command_.outFolder, number, command_.format == Format::Json ? ".json" : ".txt"), text);
+            return;
+        }
+        if (command_.format == Format::Text && shown_any_)
+            streams_.out << '\n';
+        streams_.out << text;
+        shown_any_ = true;
+    }
+
+    std::string FileName(const std::string& folder, std::uint64_t number, std::string_view ending) const {
+        return HeldPath(std::filesystem::path(folder) / Concat("character-", Padded(number, command_.count), ending));
+    }
+
+    const GenerateCommand& command_;
+    Streams& streams_;
+    Display display_;
+    Session session_;
+    int status_ = kSuccess;
+    bool shown_any_ = false;
+};
+
+}  // namespace
+
+int Generate(const GenerateCommand& command, Streams& streams) {
+    return Generator(command, streams).Run();
+}
+
+}  // namespace korvane::cli

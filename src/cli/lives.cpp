@@ -1,0 +1,103 @@
+#include "cli/lives.h"
+
+#include <algorithm>
+#include <memory>
+#include <random>
+#include <vector>
+
+#include "character/characteristics.h"
+#include "cli/players.h"
+#include "engine/selection.h"
+#include "output/journal/recorder.h"
+
+namespace korvane::cli {
+
+namespace {
+
+// The chance that isn't the rules': picks for the selection and a player's answers.
+RandomStream StreamFor(const LifePlan& plan, std::uint64_t number) {
+    constexpr std::uint64_t kNotTheDice = 0x504C4159;
+    static const std::uint64_t unseeded = std::random_device{}();
+    return RandomStream(RandomStream::Mix(plan.seed.value_or(unseeded) ^ kNotTheDice) + RandomStream::Mix(number));
+}
+
+// The wanted name, or any of those there are but "Prisoner".
+std::string Pick(RandomStream& stream, const std::string& wanted, const Names& names) {
+    if (!wanted.empty())
+        return wanted;
+    const auto eligible = [](const std::string& name) { return name != "Prisoner"; };
+    const auto count = std::ranges::count_if(names, eligible);
+    if (count == 0)
+        return {};
+    auto index = stream.Below(static_cast<int>(count));
+    return *std::ranges::find_if(names, [&](const std::string& name) { return eligible(name) && index-- == 0; });
+}
+
+struct Picked {
+    std::string race;
+    std::string career;
+    std::string assignment;
+};
+
+Picked PickSelection(Session& session, const LifePlan& plan, RandomStream& stream) {
+    auto race = Pick(stream, plan.race, *session.data.RaceNames());
+    auto career = Pick(stream, plan.career, *session.data.CareerNames(race));
+    auto assignment = Pick(stream, plan.assignment, *session.data.AssignmentNames(race, career));
+    return {std::move(race), std::move(career), std::move(assignment)};
+}
+
+LifeOutcome RunRecorded(Session& session, journal::Recorder& recorder) {
+    recorder.Begin(session);
+    try {
+        StartNewCharacter(session);
+        const auto end = RunLife(session);
+        recorder.End(end);
+        return {end, {}};
+    } catch (const RuleError& error) {
+        recorder.EndInError(NameOf(error.kind()), error.what());
+        return {std::nullopt, error.what()};
+    } catch (const FileError& error) {
+        recorder.EndInError("file", error.what());
+        throw;
+    }
+}
+
+LifeOutcome RunUnrecorded(Session& session) {
+    try {
+        StartNewCharacter(session);
+        return {RunLife(session), {}};
+    } catch (const RuleError& error) {
+        return {std::nullopt, error.what()};
+    }
+}
+
+LifeOutcome Run(Session& session, std::ostream* journal) {
+    if (journal == nullptr)
+        return RunUnrecorded(session);
+    journal::Recorder recorder(*journal, *session.seams.dice, *session.seams.player);
+    session.seams.dice = &recorder;
+    session.seams.player = &recorder;
+    return RunRecorded(session, recorder);
+}
+
+}  // namespace
+
+LifeOutcome Live(Session& session, const LifePlan& plan, std::uint64_t number, std::ostream* journal) {
+    auto stream = StreamFor(plan, number);
+    session.method = plan.method;
+    session.options = plan.options;
+    session.options.Set(Option::AutomaticGeneration, plan.player == PlayerKind::Automatic);
+    const auto selection = PickSelection(session, plan, stream);
+    SeededDice seeded(plan.seed.value_or(0), number);
+    ClockDice clock;
+    Dice& dice = plan.seed ? static_cast<Dice&>(seeded) : clock;
+    PolicyPlayer policy(stream, plan.terms);
+    RandomPlayer random(stream);
+    Player& player = plan.player == PlayerKind::Automatic ? static_cast<Player&>(policy) : random;
+    session.seams.dice = &dice;
+    session.seams.player = &player;
+    SelectStart(session, selection.race, selection.career, selection.assignment);
+    return Run(session, journal);
+}
+
+}  // namespace korvane::cli
