@@ -1,0 +1,141 @@
+// What things cost, as ratios: a life against the bare cost of its own dice, loading the rule files, reading a journal.
+
+#include <benchmark/benchmark.h>
+#include <sstream>
+
+#include "allocations.h"
+#include "base/places.h"
+#include "character/characteristics.h"
+#include "cli/players.h"
+#include "engine/selection.h"
+#include "engine/term_loop.h"
+#include "output/journal/recorder.h"
+#include "output/journal/replayer.h"
+
+namespace korvane {
+namespace {
+
+// The clock's dice, with a note of each request.
+class NotingDice : public Dice {
+  public:
+    explicit NotingDice(std::vector<std::pair<int, int>>& notes) : notes_(notes) {}
+    int Roll(int count, int sides) override {
+        notes_.emplace_back(count, sides);
+        return dice_.Roll(count, sides);
+    }
+    int Draw(int n) override {
+        notes_.emplace_back(0, n);
+        return dice_.Draw(n);
+    }
+
+  private:
+    std::vector<std::pair<int, int>>& notes_;
+    ClockDice dice_;
+};
+
+// A session that lives one automatic life after another, of four terms, as the command line does.
+struct Lives {
+    Display display;
+    ClockDice dice;
+    cli::PolicyPlayer player{RandomStream(1), 4};
+    Session session{DataFolder(HeldPath(KORVANE_RULES), DataFolder::Reading::Once), {&dice, &player, &display}};
+    int number = 0;
+
+    Lives() { session.options.Set(Option::AutomaticGeneration); }
+
+    // The careers take turns, so that a mean life is measured.
+    void LiveOne() {
+        const auto& careers = *session.data.CareerNames("Imperial Human");
+        const auto& career = careers[static_cast<std::size_t>(number++) % careers.size()];
+        const auto& assignment = session.data.AssignmentNames("Imperial Human", career)->front();
+        SelectStart(session, "Imperial Human", career, assignment);
+        StartNewCharacter(session);
+        RunLife(session);
+    }
+};
+
+void AutomaticLife(benchmark::State& state) {
+    Lives lives;
+    for (int i = 0; i < 20000; ++i)
+        lives.LiveOne();
+    const auto before = AllocationCount();
+    for (auto _ : state)
+        lives.LiveOne();
+    state.counters["allocations"] =
+        benchmark::Counter(static_cast<double>(AllocationCount() - before), benchmark::Counter::kAvgIterations);
+}
+BENCHMARK(AutomaticLife);
+
+// Just the dice of such lives, by the same dice and through the same interface.
+void DiceOfALife(benchmark::State& state) {
+    constexpr std::size_t kLives = 5000;
+    std::vector<std::pair<int, int>> notes;
+    Lives lives;
+    NotingDice noting(notes);
+    lives.session.seams.dice = &noting;
+    for (std::size_t i = 0; i < kLives; ++i)
+        lives.LiveOne();
+    ClockDice clock;
+    Dice& dice = clock;
+    for (auto _ : state)
+        for (const auto& [count, sides] : notes)
+            benchmark::DoNotOptimize(count > 0 ? dice.Roll(count, sides) : dice.Draw(sides));
+    const auto whole = static_cast<double>(kLives);
+    state.counters["requests"] = static_cast<double>(notes.size()) / whole;
+    state.counters["per_life"] =
+        benchmark::Counter(whole, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+BENCHMARK(DiceOfALife);
+
+void LoadAllRuleFiles(benchmark::State& state) {
+    for (auto _ : state) {
+        DataFolder folder(HeldPath(KORVANE_RULES));
+        for (const auto& race : *folder.RaceNames()) {
+            benchmark::DoNotOptimize(folder.Race(race));
+            for (const auto& career : *folder.CareerNames(race)) {
+                benchmark::DoNotOptimize(folder.Career(race, career));
+                for (const auto& assignment : *folder.AssignmentNames(race, career))
+                    benchmark::DoNotOptimize(folder.Assignment(race, career, assignment));
+            }
+        }
+    }
+}
+BENCHMARK(LoadAllRuleFiles);
+
+// The same bytes read and nothing else.
+void ReadAllRuleFiles(benchmark::State& state) {
+    for (auto _ : state)
+        for (const auto& name : ListFiles(HeldPath(KORVANE_RULES)))
+            benchmark::DoNotOptimize(ReadBytes(std::filesystem::path(KORVANE_RULES) / name, "a file"));
+}
+BENCHMARK(ReadAllRuleFiles);
+
+// Reading a journal and living it again.
+void ReplayJournal(benchmark::State& state) {
+    Lives lives;
+    std::ostringstream text;
+    journal::Recorder recorder(text, lives.dice, lives.player);
+    lives.session.seams = {&recorder, &recorder, &lives.display};
+    SelectStart(lives.session, "Imperial Human", "Army", "Infantry");
+    recorder.Begin(lives.session);
+    StartNewCharacter(lives.session);
+    recorder.End(RunLife(lives.session));
+    TextFile file{"journal", {}};
+    std::istringstream lines(text.str());
+    for (std::string line; std::getline(lines, line);)
+        file.lines.push_back(line);
+    for (auto _ : state) {
+        journal::Replayer replayer(file);
+        lives.session.seams = {&replayer, &replayer, &lives.display};
+        SelectStart(lives.session, "Imperial Human", "Army", "Infantry");
+        StartNewCharacter(lives.session);
+        replayer.ExpectEnd(RunLife(lives.session));
+    }
+    state.counters["lines"] = static_cast<double>(file.lines.size());
+}
+BENCHMARK(ReplayJournal);
+
+}  // namespace
+}  // namespace korvane
+
+BENCHMARK_MAIN();

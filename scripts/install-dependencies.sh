@@ -1,0 +1,30 @@
+#!/usr/bin/env bash
+# Installs what building, testing and measuring Korvane needs, from Debian's packages. Does nothing when all is there.
+set -euo pipefail
+
+packages=(
+    git
+    g++                 # the compiler
+    cmake               # the build, 3.25 or later
+    ninja-build         # runs it
+    ccache              # makes repeated builds short
+    nlohmann-json3-dev  # JSON: journals and character documents
+    libcli11-dev        # the command line's arguments
+    libgtest-dev        # tests
+    libbenchmark-dev    # benchmarks
+    clang-format        # the style
+    clang-tidy          # what the compiler doesn't say
+)
+
+missing=()
+for package in "${packages[@]}"; do
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+as_root=()
+[ "$(id -u)" -eq 0 ] || as_root=(sudo)
+echo "installing: ${missing[*]}"
+export DEBIAN_FRONTEND=noninteractive
+"${as_root[@]}" apt-get update -qq
+"${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
