@@ -31,7 +31,7 @@ std::string TwoDigits(int month) {
 
 std::string ConfiguredDataLocation() {
     // Written in small letters here; names are found in any case.
-    return EnsureTrailingBackslash(GetIniValue("korvane.ini", "dataloc"));
+    return EnsureTrailingBackslash(HeldPath(GetIniValue("korvane.ini", "dataloc")));
 }
 
 }  // namespace korvane
