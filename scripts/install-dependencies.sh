@@ -4,6 +4,7 @@ set -euo pipefail
 
 packages=(
     git
+    python3             # the ratios of the benchmarks
     g++                 # the compiler
     cmake               # the build, 3.25 or later
     ninja-build         # runs it

@@ -3,8 +3,9 @@
 #pragma once
 
 #include <cstdint>
-#include <limits>
+#include <string>
 #include <type_traits>
+#include <utility>
 
 #include "base/error.h"
 
@@ -17,9 +18,7 @@ class Checked {
     // Throws RuleError (overflow) when `value` doesn't fit.
     template <typename Whole>
     requires std::is_integral_v<Whole>
-    constexpr Checked(Whole value) : value_(Fit(static_cast<Wide>(value))) {
-        static_assert(sizeof(Whole) <= sizeof(Wide), "widen the arithmetic first");
-    }
+    constexpr Checked(Whole value) : value_(Fit(value)) {}
 
     // Arithmetic happens in the wider type; assigning the outcome checks it.
     constexpr operator Wide() const { return value_; }
@@ -28,8 +27,9 @@ class Checked {
     constexpr Checked& operator-=(Wide amount) { return *this = Checked(value_ - amount); }
 
   private:
-    static constexpr Stored Fit(Wide value) {
-        if (value < std::numeric_limits<Stored>::min() || value > std::numeric_limits<Stored>::max())
+    template <typename Whole>
+    static constexpr Stored Fit(Whole value) {
+        if (!std::in_range<Stored>(value))
             throw RuleError(RuleError::Kind::Overflow, "the number " + std::to_string(value) + " is out of range");
         return static_cast<Stored>(value);
     }

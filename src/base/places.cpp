@@ -104,6 +104,8 @@ std::string ReadBytes(const fs::path& path, std::string_view role) {
                         fs::exists(path, error) ? "something that can't be read" : "no such file");
     std::ostringstream bytes;
     bytes << file.rdbuf();
+    if (file.bad())
+        throw FileError(path.string(), 1, role, "something that can't be read to its end");
     return bytes.str();
 }
 
@@ -118,16 +120,16 @@ TextFile ReadTextFile(std::string_view path, std::string_view role) {
     return file;
 }
 
-void ReplaceFile(std::string_view path, std::string_view content) {
-    const auto target = NativePath(path);
+void ReplaceFile(const fs::path& file, std::string_view content) {
+    std::error_code error;
+    const auto target = fs::is_symlink(file, error) ? fs::canonical(file, error) : file;
     auto beside = target;
     beside += "." + std::to_string(getpid()) + ".new";
-    std::error_code error;
     if (target.has_parent_path())
         fs::create_directories(target.parent_path(), error);
     if (!WriteBytes(beside, content)) {
         fs::remove(beside, error);
-        throw FileError(target.string(), 1, "a file that can be written", "a folder that refuses it");
+        throw FileError(target.string(), 1, "a file that can be written", "a disk or folder that refuses it");
     }
     fs::rename(beside, target, error);
     if (error) {

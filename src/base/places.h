@@ -32,9 +32,9 @@ TextFile ReadTextFile(std::string_view path, std::string_view role);
 // The bytes of a file, as they stand. Throws FileError as above.
 std::string ReadBytes(const std::filesystem::path& path, std::string_view role);
 
-// Replaces a file whole: the content is written beside it and renamed, so an interruption leaves the old file. Throws
+// Replaces a file, given by its native path, whole: the content is written beside it and renamed, so an interruption leaves the old file. Throws
 // FileError when it can't be written.
-void ReplaceFile(std::string_view path, std::string_view content);
+void ReplaceFile(const std::filesystem::path& file, std::string_view content);
 
 // The value of the first variable whose entry begins with `name`, without regard to case, trimmed; "" when there is
 // none. At most 1000 entries are looked at.

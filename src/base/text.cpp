@@ -142,9 +142,11 @@ double LenientNumber(std::string_view text) {
     const auto begin = number.data() + (number.front() == '+' ? 1 : 0);
     double value = 0;
     const auto outcome = std::from_chars(begin, number.data() + number.size(), value);
-    if (outcome.ec == std::errc::result_out_of_range)
-        throw RuleError(RuleError::Kind::Overflow, "the number " + number + " is out of range");
-    return value;
+    if (outcome.ec != std::errc::result_out_of_range)
+        return value;
+    const bool tiny = number.find_last_of('-') != std::string::npos && number.find_last_of('-') > 0;
+    const double huge = number.front() == '-' ? -HUGE_VAL : HUGE_VAL;
+    return tiny ? 0 : huge;
 }
 
 Count LenientCount(std::string_view text) {

@@ -39,7 +39,7 @@ std::size_t CharacterPosition(std::string_view text, char mark);
 std::string LettersOnly(std::string_view text);
 
 // The number at the text's beginning: blanks are skipped anywhere, a sign, decimals and an exponent are taken, reading
-// ends at the first character that can't continue the number. No number gives 0.
+// ends at the first character that can't continue the number. No number gives 0, one beyond a double an infinity.
 double LenientNumber(std::string_view text);
 // The same, rounded to a whole number, halves to even. Throws RuleError (overflow) beyond 16 bits.
 Count LenientCount(std::string_view text);

@@ -30,7 +30,7 @@ int RollTwoDice(Session& session) {
 void ApplyRaceModifier(Count& value, std::string_view modifier) {
     if (IsBlank(modifier))
         return;
-    const int amount = LenientCount(modifier.substr(1));
+    const int amount = LenientCount(AfterCharacters(modifier, 1));
     value += modifier[0] == '+' ? amount : -amount;
 }
 
@@ -56,7 +56,6 @@ void StartNewCharacter(Session& session) {
     for (int i = 1; i <= session.race.characteristicCount; ++i)
         character.CharacteristicName[i] = session.race.characteristicName.at(static_cast<std::size_t>(i));
     RollCharacteristics(session);
-    session.seams.display->SkillsChanged();
     ShowSummary(session);
 }
 

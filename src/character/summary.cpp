@@ -23,12 +23,19 @@ std::string AgeLabel(const CharacterRecord& character) {
 
 std::string RankLabel(const CharacterRecord& character, const AssignmentRecord& assignment) {
     const int rank = character.Rank;
-    auto label = Concat("Rank: ", assignment.rankTitle.at(static_cast<std::size_t>(rank)));
+    auto label = Concat("Rank: ", RankTitle(assignment, rank));
     if (rank >= 1 && rank <= 6)
         AppendAll(label, " (E", rank, ")");
     if (rank > 6)
         AppendAll(label, " (O", rank - 6, ")");
     return label;
+}
+
+std::string_view RankTitle(const AssignmentRecord& assignment, int rank) {
+    const auto place = static_cast<std::size_t>(rank);
+    if (place >= assignment.rankTitle.size())
+        throw RuleError(RuleError::Kind::Subscript, Concat("there is no rank number ", rank));
+    return assignment.rankTitle.at(place);
 }
 
 std::string AlliesLabel(const CharacterRecord& character) {

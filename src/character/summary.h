@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "character/KVNDeclare.h"
@@ -22,6 +23,9 @@ std::string EnemiesLabel(const CharacterRecord& character);
 std::string ContactsLabel(const CharacterRecord& character);
 std::string RivalsLabel(const CharacterRecord& character);
 std::string MedicalDebtLabel(const CharacterRecord& character);
+
+// The title of a rank; throws RuleError (subscript) for one outside 0 to 12.
+std::string_view RankTitle(const AssignmentRecord& assignment, int rank);
 
 // A number with its sign, "+" for 0 too.
 std::string SignedNumber(int number);

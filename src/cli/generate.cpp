@@ -67,16 +67,29 @@ class Generator {
 
   private:
     void RunOne(std::uint64_t number) {
-        std::ostringstream journal;
-        const bool journaled = !command_.journalFolder.empty();
-        const auto outcome = Live(session_, command_.plan, number, journaled ? &journal : nullptr);
-        if (journaled)
-            ReplaceFile(FileName(command_.journalFolder, number, ".jsonl"), journal.str());
+        const auto outcome = LiveJournaled(number);
         if (!outcome.end) {
             streams_.err << "korvane-cli: character " << number << ": " << outcome.error << '\n';
             status_ = kFailure;
         } else if (*outcome.end == LifeEnd::MusteredOut && command_.format != Format::None) {
             Show(number);
+        }
+    }
+
+    // A journal is written also for a life that a malformed file ends.
+    LifeOutcome LiveJournaled(std::uint64_t number) {
+        if (command_.journalFolder.empty())
+            return Live(session_, command_.plan, number, nullptr);
+        std::ostringstream journal;
+        const auto write = [&] { ReplaceFile(FileName(command_.journalFolder, number, ".jsonl"), journal.str()); };
+        try {
+            const auto outcome = Live(session_, command_.plan, number, &journal);
+            write();
+            return outcome;
+        } catch (const FileError&) {
+            if (!journal.str().empty())
+                write();
+            throw;
         }
     }
 
@@ -92,8 +105,8 @@ class Generator {
         shown_any_ = true;
     }
 
-    std::string FileName(const std::string& folder, std::uint64_t number, std::string_view ending) const {
-        return HeldPath(std::filesystem::path(folder) / Concat("character-", Padded(number, command_.count), ending));
+    std::filesystem::path FileName(const std::string& folder, std::uint64_t number, std::string_view ending) const {
+        return std::filesystem::path(folder) / Concat("character-", Padded(number, command_.count), ending);
     }
 
     const GenerateCommand& command_;

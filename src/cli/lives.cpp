@@ -5,6 +5,7 @@
 #include <random>
 #include <vector>
 
+#include "base/text.h"
 #include "character/characteristics.h"
 #include "cli/players.h"
 #include "engine/selection.h"
@@ -46,6 +47,23 @@ Picked PickSelection(Session& session, const LifePlan& plan, RandomStream& strea
     return {std::move(race), std::move(career), std::move(assignment)};
 }
 
+// Puts the seams back as they were: a life's dice and player go with it.
+class SeamsGuard {
+  public:
+    explicit SeamsGuard(Seams& seams) : seams_(seams), before_(seams) {}
+    ~SeamsGuard() { seams_ = before_; }
+    SeamsGuard(const SeamsGuard&) = delete;
+    SeamsGuard& operator=(const SeamsGuard&) = delete;
+
+  private:
+    Seams& seams_;
+    Seams before_;
+};
+
+std::string Told(const RuleError& error) {
+    return Concat(NameOf(error.kind()), " error: ", error.what());
+}
+
 LifeOutcome RunRecorded(Session& session, journal::Recorder& recorder) {
     recorder.Begin(session);
     try {
@@ -55,7 +73,7 @@ LifeOutcome RunRecorded(Session& session, journal::Recorder& recorder) {
         return {end, {}};
     } catch (const RuleError& error) {
         recorder.EndInError(NameOf(error.kind()), error.what());
-        return {std::nullopt, error.what()};
+        return {std::nullopt, Told(error)};
     } catch (const FileError& error) {
         recorder.EndInError("file", error.what());
         throw;
@@ -67,7 +85,7 @@ LifeOutcome RunUnrecorded(Session& session) {
         StartNewCharacter(session);
         return {RunLife(session), {}};
     } catch (const RuleError& error) {
-        return {std::nullopt, error.what()};
+        return {std::nullopt, Told(error)};
     }
 }
 
@@ -94,6 +112,7 @@ LifeOutcome Live(Session& session, const LifePlan& plan, std::uint64_t number, s
     PolicyPlayer policy(stream, plan.terms);
     RandomPlayer random(stream);
     Player& player = plan.player == PlayerKind::Automatic ? static_cast<Player&>(policy) : random;
+    const SeamsGuard guard(session.seams);
     session.seams.dice = &dice;
     session.seams.player = &player;
     SelectStart(session, selection.race, selection.career, selection.assignment);

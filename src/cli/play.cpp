@@ -48,7 +48,7 @@ void RollCharacter(Session& session, journal::Recorder& recorder, std::ostringst
 
 void WriteJournal(const PlayCommand& command, const std::ostringstream& journal) {
     if (!command.journal.empty())
-        ReplaceFile(HeldPath(command.journal), journal.str());
+        ReplaceFile(command.journal, journal.str());
 }
 
 }  // namespace
@@ -64,8 +64,8 @@ int Play(const PlayCommand& command, Streams& streams) {
     session.method = command.method;
     session.options = command.options;
     Select(session, command, player);
-    RollCharacter(session, recorder, journal, player, streams.out);
     try {
+        RollCharacter(session, recorder, journal, player, streams.out);
         const auto end = RunLife(session);
         recorder.End(end);
         WriteJournal(command, journal);
@@ -79,6 +79,9 @@ int Play(const PlayCommand& command, Streams& streams) {
     } catch (const FileError& error) {
         recorder.EndInError("file", error.what());
         WriteJournal(command, journal);
+        throw;
+    } catch (const UsageError&) {
+        WriteJournal(command, journal);  // what there is of it
         throw;
     }
 }

@@ -53,7 +53,12 @@ int RandomPlayer::PickTable(const TableQuestion& question) {
 }
 
 EndOfTermAnswer RandomPlayer::EndOfTerm(const EndOfTermQuestion& question) {
-    return {static_cast<EndOfTermChoice>(stream_.Below(4) + 1), question.options};
+    auto options = question.options;
+    if (stream_.Below(8) == 0) {
+        const auto box = static_cast<Option>(1 + stream_.Below(static_cast<int>(kOptionCaptions.size()) - 1));
+        options.Set(box, !options[box]);
+    }
+    return {static_cast<EndOfTermChoice>(stream_.Below(4) + 1), options};
 }
 
 std::optional<TransferAnswer> RandomPlayer::AnyTransfer(const TransferQuestion& question, std::string_view leftOut) {

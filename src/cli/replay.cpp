@@ -1,8 +1,11 @@
+#include <utility>
+
 #include "base/error.h"
 #include "base/places.h"
 #include "character/characteristics.h"
 #include "cli/commands.h"
 #include "cli/data_choice.h"
+#include "cli/players.h"
 #include "engine/selection.h"
 #include "output/character_document.h"
 #include "output/character_text.h"
@@ -12,7 +15,7 @@ namespace korvane::cli {
 
 namespace {
 
-// Lives the journal's life again. Returns how it ended; throws what it ended in.
+// Lives the journal's life again. Returns how it ended; an error that ended it is thrown once more when the journal holds it too.
 LifeEnd LiveAgain(Session& session, journal::Replayer& replayer) {
     try {
         StartNewCharacter(session);
@@ -22,7 +25,22 @@ LifeEnd LiveAgain(Session& session, journal::Replayer& replayer) {
     } catch (const RuleError& error) {
         replayer.ExpectErrorEnd(NameOf(error.kind()));
         throw;
+    } catch (const journal::JournalError&) {
+        throw;
+    } catch (const FileError&) {
+        replayer.ExpectErrorEnd("file");
+        throw;
     }
+}
+
+// The selection asks nothing of the journal; what it tells was told before the journal began.
+void SelectAsRecorded(Session& session, const journal::Start& start) {
+    RandomPlayer nobody{RandomStream()};
+    auto* const player = std::exchange(session.seams.player, &nobody);
+    session.method = start.method;
+    session.options = start.options;
+    SelectStart(session, start.race, start.career, start.assignment);
+    session.seams.player = player;
 }
 
 }  // namespace
@@ -31,21 +49,14 @@ int Replay(const ReplayCommand& command, Streams& streams) {
     journal::Replayer replayer(ReadTextFile(HeldPath(command.journal), "a journal"));
     Display display;
     Session session(DataFolder(ChooseDataLocation(command.data)), {&replayer, &replayer, &display});
-    const auto& start = replayer.start();
-    session.method = start.method;
-    session.options = start.options;
-    SelectStart(session, start.race, start.career, start.assignment);
+    SelectAsRecorded(session, replayer.start());
     try {
         if (LiveAgain(session, replayer) == LifeEnd::MusteredOut)
-            streams.out << (command.format == Format::Json ? CharacterDocument(session) + "\n"
-                                                           : CharacterText(session));
+            streams.out << (command.format == Format::Json ? CharacterDocument(session) + "\n" : CharacterText(session));
         return kSuccess;
     } catch (const journal::Divergence& divergence) {
         streams.err << "korvane-cli: " << divergence.what() << '\n';
         return kDivergence;
-    } catch (const RuleError& error) {
-        streams.err << "korvane-cli: " << NameOf(error.kind()) << " error: " << error.what() << '\n';
-        return kFailure;
     }
 }
 

@@ -40,6 +40,8 @@ std::string TerminalPlayer::Read(std::string_view prompt) {
     std::string line;
     if (!std::getline(in_, line))
         throw UsageError("the input ended in the middle of a character");
+    if (line.ends_with('\r'))
+        line.pop_back();
     return std::string(Trim(line));
 }
 
@@ -129,7 +131,7 @@ void TerminalPlayer::Tell(const Notice& notice) {
 int TerminalPlayer::PickTable(const TableQuestion& question) {
     std::vector<Line> lines;
     for (const auto& column : std::span(question.columns).subspan(1))
-        if (!column.caption.empty())
+        if (!column.caption.empty() || column.enabled)
             lines.push_back({column.caption + ": " + Joined(column.rows), column.enabled});
     return PickLine(question.instruction, lines, true);
 }

@@ -1,3 +1,7 @@
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
 #include "base/text.h"
 #include "data/record_files.h"
 #include "data/record_lines.h"
@@ -19,10 +23,19 @@ void ReadSkillTable(RecordLines& lines, CareerFile& career, std::size_t table, S
     lines.Fill(rows, 1, 6, "a row of a skill table");
 }
 
+float ReadCash(RecordLines& lines) {
+    constexpr double kMostCash = std::numeric_limits<std::int32_t>::max();
+    const auto line = lines.Next("a cash benefit");
+    const double cash = LenientNumber(line);
+    if (std::abs(cash) > kMostCash)
+        lines.Reject("a cash benefit", Concat("the number \"", line, "\", which is out of range"));
+    return static_cast<float>(cash);
+}
+
 void ReadBenefits(RecordLines& lines, CareerRecord& career) {
     lines.SkipHeading("the heading of the cash benefits");
     for (std::size_t i = 1; i <= 7; ++i)
-        career.cashBenefit.at(i) = static_cast<float>(LenientNumber(lines.Next("a cash benefit")));
+        career.cashBenefit.at(i) = ReadCash(lines);
     lines.SkipHeading("the heading of the other benefits");
     lines.Fill(career.otherBenefit, 1, 7, "a benefit");
 }

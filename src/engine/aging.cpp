@@ -38,7 +38,7 @@ const AgingRow* RowFor(double total) {
     for (const auto& row : kAging)
         if (row.total == total)
             return &row;
-    return nullptr;  // a total between two rows, as terms of three years give
+    return nullptr;  // a total between two rows, as most terms of a race with terms of four years give
 }
 
 void PickPhysical(Session& session, int amount) {

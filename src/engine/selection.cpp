@@ -22,6 +22,8 @@ bool LoadRaceRecords(Session& session, std::string_view race) {
     selection.race = race;
     selection.careers = session.data.CareerNames(race);
     if (selection.careers->empty()) {
+        selection.career.clear();
+        selection.assignment.clear();
         selection.assignments = std::make_shared<const Names>();
         Tell(session, ScratchText("Career data files missing for ", race));
         return false;
@@ -37,9 +39,10 @@ bool LoadRaceRecords(Session& session, std::string_view race) {
                              std::string_view file) {
     const auto path = NativePath(session.data.location()) / file;
     if (names.empty())
-        throw FileError(path.string(), 1, Concat("the file of ", kind), "no such file");
-    auto message = Concat("unknown ", kind, " \"", name, "\" (", path.string(), ":1: no such file); there ",
-                          names.size() == 1 ? "is" : "are", ":");
+        throw FileError(path.string(), 1, Concat("the file of a ", kind), "no such file");
+    auto message = name.empty() ? Concat("no ", kind, " to pick")
+                                : Concat("unknown ", kind, " \"", name, "\" (", path.string(), ":1: no such file)");
+    AppendAll(message, names.size() == 1 ? "; there is:" : "; there are:");
     for (const auto& known : names)
         AppendAll(message, &known == &names.front() ? " " : ", ", known);
     throw UsageError(message);

@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include "base/text.h"
+#include "character/summary.h"
 
 namespace korvane {
 
@@ -45,7 +46,7 @@ void AddStanding(Json& document, const Session& session) {
     document["termsTotal"] = Number(character.TermsTotal);
     document["termsInCareer"] = Number(character.TermsInCareer);
     document["rank"] = Number(character.Rank);
-    document["rankTitle"] = Trim(session.assignment.rankTitle.at(static_cast<std::size_t>(character.Rank)));
+    document["rankTitle"] = Trim(RankTitle(session.assignment, character.Rank));
     document["commissioned"] = character.Commissioned == 1;
     document["graduated"] = Number(character.Graduated);
     document["allies"] = Number(character.Allies);
@@ -85,7 +86,8 @@ std::string CharacterDocument(const Session& session) {
     AddBenefits(document, character);
     document["skills"] = Skills(character);
     document["history"] = Texts(character.History);
-    return document.dump();
+    // A name that isn't UTF-8, from a file system that allows it, is shown as well as can be.
+    return document.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
 }  // namespace korvane

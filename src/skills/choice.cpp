@@ -34,11 +34,11 @@ Alternatives SplitAlternatives(std::string_view options) {
 }  // namespace
 
 Count ChooseOption(Session& session, std::string_view title, std::string_view options) {
-    const auto alternatives = SplitAlternatives(options);
-    const auto count = static_cast<std::size_t>(alternatives.count);
     auto& choice = session.choice;
     const bool automatic = std::exchange(choice.automaticOnce, false) || session.Automatic();
     const int focus = std::exchange(choice.focusPreset, 0);
+    const auto alternatives = SplitAlternatives(options);
+    const auto count = static_cast<std::size_t>(alternatives.count);
     choice.PickPlace = automatic ? session.seams.dice->Draw(alternatives.count) + 1
                                  : session.seams.player->Choose({title, {alternatives.texts.data(), count}, focus});
     choice.PickIndex = automatic ? choice.PickPlace - 1 : choice.PickPlace;

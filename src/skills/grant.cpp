@@ -162,9 +162,12 @@ void GrantSkill(Session& session, std::string_view text) {
 }
 
 void GrantSkillOf(Session& session, std::string_view& field) {
-    if (field.find(" or ") != std::string_view::npos)
-        field = ResolveOr(session, field);
-    GrantSkill(session, field);
+    if (field.find(" or ") == std::string_view::npos) {
+        GrantSkill(session, field);
+        return;
+    }
+    field = ResolveOr(session, field);
+    GrantResolved(session, field, GrantReason::Gain);
 }
 
 }  // namespace korvane

@@ -44,15 +44,16 @@ int SkillModifier(const CharacterRecord& character, std::string_view name) {
 
 int BestSkillModifier(Session& session, std::string_view names) {
     int best = std::numeric_limits<int>::min();
-    std::string_view rest = names;
-    while (!rest.empty()) {
+    std::string_view best_name;
+    for (auto rest = names; rest.data() != nullptr;) {
         const auto [name, others] = SplitFirst(rest, "/");
         if (const int modifier = SkillModifier(session.character, name); modifier > best) {
             best = modifier;
-            session.choice.PickText = name;
+            best_name = name;
         }
         rest = others;
     }
+    session.choice.PickText = best_name;
     return best;
 }
 

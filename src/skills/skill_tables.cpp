@@ -88,8 +88,10 @@ void ChooseSkillTable(Session& session) {
 }
 
 void RollSkillTableRow(Session& session, int column) {
-    const auto row = static_cast<std::size_t>(Roll(session, 1, 6) - 1);
-    GrantSkill(session, RowsOf(session, column)[row]);
+    const auto rows = RowsOf(session, column);
+    if (rows.empty())
+        throw RuleError(RuleError::Kind::Subscript, Concat("there is no skill table number ", column));
+    GrantSkill(session, rows[static_cast<std::size_t>(Roll(session, 1, 6) - 1)]);
 }
 
 }  // namespace korvane

@@ -9,7 +9,7 @@ namespace korvane {
 // "Random Skills", and rolls on it. A requirement of the advanced table that can't be tested is told to the player.
 void ChooseSkillTable(Session& session);
 
-// Rolls one die on a column, 1 to 6, and grants that row.
+// Rolls one die on a column, 1 to 5, and grants that row. Throws RuleError (subscript) for another column.
 void RollSkillTableRow(Session& session, int column);
 
 }  // namespace korvane

@@ -77,7 +77,7 @@ void Replayer::Diverge(std::string_view asked) const {
 }
 
 void Replayer::Reject(std::string_view expected, std::string_view found) const {
-    throw FileError(file_.name, static_cast<int>(read_), expected, found);
+    throw JournalError(file_.name, static_cast<int>(read_), expected, found);
 }
 
 const Json& Replayer::Member(std::string_view key) const {

@@ -16,6 +16,12 @@ class Divergence : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+// The journal itself is malformed, or ends early.
+class JournalError : public FileError {
+  public:
+    using FileError::FileError;
+};
+
 // What the first line of a journal says.
 struct Start {
     std::string race;
@@ -27,7 +33,7 @@ struct Start {
 
 class Replayer : public Dice, public Player {
   public:
-    // The journal's lines. All members throw FileError, with the line, for a journal that is malformed or ends early,
+    // The journal's lines. All members throw JournalError, with the line, for a journal that is malformed or ends early,
     // and Divergence for one that doesn't match.
     explicit Replayer(TextFile file);
 
