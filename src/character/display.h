@@ -2,6 +2,9 @@
 // rest.
 #pragma once
 
+#include <cstddef>
+#include <string_view>
+
 namespace korvane {
 
 class Display {
@@ -14,6 +17,8 @@ class Display {
     virtual void SelectionChanged() {}
     // A box was changed in a dialog.
     virtual void OptionsChanged() {}
+    // The row, from 0, of a chain of codes was carried out; for those who count.
+    virtual void CodeCarriedOut(std::string_view /*chain*/, std::size_t /*row*/) {}
     // The controls of a new character are locked while a career runs.
     virtual void ControlsLocked(bool /*locked*/) {}
 };

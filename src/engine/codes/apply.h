@@ -6,12 +6,7 @@
 
 namespace korvane {
 
-void Apply(Session& session, const Set& effect);
-void Apply(Session& session, const Add& effect);
-void Apply(Session& session, const Lower& effect);
-void Apply(Session& session, const Call& effect);
-
-// Carries the effects out in their order.
+// Carries the effects out, in their order.
 void ApplyAll(Session& session, const Effects& effects);
 
 }  // namespace korvane

@@ -6,7 +6,7 @@
 
 namespace korvane {
 
-Chain::Chain(std::vector<Row> rows) : rows_(std::move(rows)) {
+Chain::Chain(std::string_view name, std::vector<Row> rows) : name_(name), rows_(std::move(rows)) {
     for (const auto& row : rows_)
         fingerprints_.push_back(Fingerprint(row.code));
 }
@@ -24,11 +24,23 @@ std::uint64_t Chain::Fingerprint(std::string_view text) {
     return bits;
 }
 
+std::vector<Row> Joined(const std::vector<std::vector<Row>>& groups) {
+    std::vector<Row> rows;
+    for (const auto& group : groups)
+        rows.insert(rows.end(), group.begin(), group.end());
+    return rows;
+}
+
 void RunChain(Session& session, const Chain& chain, std::string_view codes) {
     const auto fingerprint = Chain::Fingerprint(codes);
-    for (std::size_t row = 0; row < chain.rows().size(); ++row)
-        ApplyAll(session,
-                 chain.Occurs(row, codes, fingerprint) ? chain.rows()[row].effects : chain.rows()[row].otherwise);
+    for (std::size_t row = 0; row < chain.rows().size(); ++row) {
+        if (chain.Occurs(row, codes, fingerprint)) {
+            session.seams.display->CodeCarriedOut(chain.name(), row);
+            ApplyAll(session, chain.rows()[row].effects);
+        } else {
+            ApplyAll(session, chain.rows()[row].otherwise);
+        }
+    }
 }
 
 }  // namespace korvane

@@ -19,7 +19,9 @@ struct Row {
 
 class Chain {
   public:
-    explicit Chain(std::vector<Row> rows);
+    // The name is "mishap" or "event".
+    Chain(std::string_view name, std::vector<Row> rows);
+    std::string_view name() const { return name_; }
     const std::vector<Row>& rows() const { return rows_; }
 
     // Whether the row's code occurs in `codes`. The fingerprint is that of `codes`; it rules out most rows at once.
@@ -29,9 +31,13 @@ class Chain {
     static std::uint64_t Fingerprint(std::string_view text);
 
   private:
+    std::string_view name_;
     std::vector<Row> rows_;
     std::vector<std::uint64_t> fingerprints_;
 };
+
+// The rows of the groups, one group after the other.
+std::vector<Row> Joined(const std::vector<std::vector<Row>>& groups);
 
 // Carries out each row whose code occurs anywhere in the code string, in the order of the chain.
 void RunChain(Session& session, const Chain& chain, std::string_view codes);
