@@ -51,7 +51,8 @@ Format FormatNamed(const std::string& name) {
 
 void AddSelection(CLI::App& app, std::string& data, std::string& race, std::string& career, std::string& assignment,
                   Captions& captions) {
-    app.add_option("--data", data, "Folder of the rule data (default: the configured one, else the shipped rules)");
+    app.add_option("--data", data, "Folder of the rule data (default: the configured one, else the shipped rules)")
+        ->take_last();
     app.add_option("--race", race, "Race, as its file is named");
     app.add_option("--career", career, "Career of the race");
     app.add_option("--assignment", assignment, "Assignment of the career");
@@ -69,7 +70,8 @@ void AddGenerate(CLI::App& app, GenerateCommand& command, Captions& captions) {
     app.add_option("--count", command.count, "Number of characters")
         ->check(CLI::Range(1, 1000000000))
         ->capture_default_str();
-    app.add_option("--seed", plan.seed, "Repeats a run exactly: character i depends on the seed and i alone");
+    app.add_option("--seed", plan.seed, "Repeats a run exactly: character i depends on the seed and i alone")
+        ->check(CLI::NonNegativeNumber);
     app.add_option("--player", captions.player, "Who answers: automatic generation, or a random answer to each dialog")
         ->check(CLI::IsMember({"automatic", "random"}))
         ->capture_default_str();
@@ -93,6 +95,13 @@ void AddReplay(CLI::App& app, ReplayCommand& command, Captions& captions) {
         ->capture_default_str();
 }
 
+void AddCodes(CLI::App& app, CodesCommand& command) {
+    app.add_option("--data", command.data, "Folder of the rule data (default: the configured one, else the shipped rules)");
+    app.add_option("--count", command.count, "Live so many lives and count how often each code is carried out");
+    app.add_option("--seed", command.seed, "Seed of the lives")->capture_default_str();
+    app.add_flag("--every-code", command.everyCode, "Live on a copy of the data that holds every code");
+}
+
 // The check comes after the parsing, as its texts list what there is.
 void Check(GenerateCommand& command, const Captions& captions) {
     auto& plan = command.plan;
@@ -113,9 +122,12 @@ int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
     GenerateCommand generate;
     PlayCommand play;
     ReplayCommand replay;
+    CodesCommand codes;
     auto* const generate_app = app.add_subcommand("generate", "Generate characters without a person");
     auto* const play_app = app.add_subcommand("play", "Play a character's life at the terminal");
     auto* const replay_app = app.add_subcommand("replay", "Play a journal again, die by die");
+    auto* const codes_app = app.add_subcommand("codes", "List the codes of mishaps and events");
+    AddCodes(*codes_app, codes);
     AddGenerate(*generate_app, generate, captions);
     AddPlay(*play_app, play, captions);
     AddReplay(*replay_app, replay, captions);
@@ -133,6 +145,8 @@ int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
         play.options = OptionsNamed(captions.options);
         return Play(play, streams);
     }
+    if (codes_app->parsed())
+        return Codes(codes, streams);
     replay.format = FormatNamed(captions.format);
     return Replay(replay, streams);
 }
@@ -141,9 +155,14 @@ int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
 
 int RunCommandLine(const std::vector<std::string>& arguments, Streams& streams) {
     try {
-        return Dispatch(arguments, streams);
+        const int status = Dispatch(arguments, streams);
+        if (streams.out.flush())
+            return status;
+        streams.err << "korvane-cli: the output can't be written\n";
     } catch (const RuleError& error) {
         streams.err << "korvane-cli: " << NameOf(error.kind()) << " error: " << error.what() << '\n';
+    } catch (const FileError& error) {
+        streams.err << "korvane-cli: file error: " << error.what() << '\n';
     } catch (const std::exception& error) {
         streams.err << "korvane-cli: " << error.what() << '\n';
     }

@@ -52,6 +52,15 @@ struct ReplayCommand {
 };
 int Replay(const ReplayCommand& command, Streams& streams);
 
+// Lists the codes that rule data may carry, in their order; with a count, how often lives carried each out.
+struct CodesCommand {
+    std::string data;
+    std::uint64_t count = 0;
+    std::uint64_t seed = 1;
+    bool everyCode = false;  // live on data that is made to hold every code
+};
+int Codes(const CodesCommand& command, Streams& streams);
+
 // Reads the arguments after the program's name and runs the command that they name. Errors are told on the error
 // stream.
 int RunCommandLine(const std::vector<std::string>& arguments, Streams& streams);

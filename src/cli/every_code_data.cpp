@@ -1,0 +1,62 @@
+#include "cli/every_code_data.h"
+
+#include <filesystem>
+#include <map>
+#include <vector>
+
+#include "base/places.h"
+#include "base/text.h"
+#include "engine/codes/chains.h"
+
+namespace korvane::cli {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// The lines of a career file that hold its mishaps and its events that can be rolled, counted from 0.
+constexpr std::size_t kFirstMishap = 48;
+constexpr std::size_t kLastMishap = 53;
+constexpr std::size_t kFirstEvent = 56;
+constexpr std::size_t kLastEvent = 66;
+
+using Careers = std::map<fs::path, std::vector<std::string>>;
+
+// The lines between the two given, of all careers, in turn.
+std::vector<std::string*> Entries(Careers& careers, std::size_t first, std::size_t last) {
+    std::vector<std::string*> entries;
+    for (auto& [path, lines] : careers)
+        for (std::size_t i = first; i <= last && i < lines.size(); ++i)
+            entries.push_back(&lines[i]);
+    return entries;
+}
+
+// Gives the entries new codes: the chain's, dealt in turn until each entry has at least one and each code was dealt.
+void Deal(const Chain& chain, const std::vector<std::string*>& entries) {
+    const auto& rows = chain.rows();
+    for (auto* const entry : entries)
+        *entry = Concat(SplitFirst(*entry, "/").first, "/");
+    for (std::size_t i = 0; i < std::max(rows.size(), entries.size()); ++i)
+        AppendAll(*entries[i % entries.size()], rows[i % rows.size()].code, " ");
+}
+
+}  // namespace
+
+void WriteEveryCodeData(const std::string& from, const std::string& to) {
+    fs::create_directories(to);
+    fs::copy(from, to, fs::copy_options::recursive | fs::copy_options::overwrite_existing);
+    Careers careers;
+    for (const auto& entry : fs::directory_iterator(to))
+        if (entry.path().extension() == ".ecf")
+            careers[entry.path()] = ReadTextFile(HeldPath(entry.path()), "a career file").lines;
+    Deal(MishapChain(), Entries(careers, kFirstMishap, kLastMishap));
+    Deal(EventChain(), Entries(careers, kFirstEvent, kLastEvent));
+    for (const auto& [path, lines] : careers) {
+        std::string text;
+        for (const auto& line : lines)
+            AppendAll(text, line, "\n");
+        ReplaceFile(path, text);
+    }
+}
+
+}  // namespace korvane::cli
