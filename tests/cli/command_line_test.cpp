@@ -1,0 +1,229 @@
+// The command line as a whole, in this process: exit statuses, messages, repeatable runs.
+
+#include <array>
+#include <gtest/gtest.h>
+#include <sstream>
+
+#include "cli/commands.h"
+#include "support/temp_folder.h"
+
+namespace korvane::cli {
+namespace {
+
+struct Outcome {
+    int status;
+    std::string out;
+    std::string err;
+};
+
+Outcome RunCli(const std::vector<std::string>& arguments, const std::string& input = "") {
+    std::istringstream in(input);
+    std::ostringstream out;
+    std::ostringstream err;
+    Streams streams{in, out, err};
+    const int status = RunCommandLine(arguments, streams);
+    return {status, out.str(), err.str()};
+}
+
+Outcome Generate(std::vector<std::string> more) {
+    more.insert(more.begin(), {"generate", "--data", KORVANE_RULES, "--seed", "7"});
+    return RunCli(more);
+}
+
+std::vector<std::string> LinesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);)
+        lines.push_back(line);
+    return lines;
+}
+
+TEST(CommandLine, CharacterDependsOnSeedAndNumberAlone) {
+    const auto three = LinesOf(Generate({"--count", "3", "--format", "json"}).out);
+    const auto five = LinesOf(Generate({"--count", "5", "--format", "json"}).out);
+    ASSERT_EQ(three.size(), 3U);
+    ASSERT_EQ(five.size(), 5U);
+    EXPECT_TRUE(std::equal(three.begin(), three.end(), five.begin()));
+    EXPECT_NE(three[0], three[1]);
+    EXPECT_NE(three[0],
+              LinesOf(RunCli({"generate", "--data", KORVANE_RULES, "--seed", "8", "--format", "json"}).out)[0]);
+}
+
+TEST(CommandLine, UnknownNamesListWhatThereIs) {
+    const auto race = Generate({"--race", "Elf"});
+    EXPECT_EQ(race.status, 1);
+    EXPECT_NE(race.err.find("unknown race \"Elf\""), std::string::npos) << race.err;
+    EXPECT_NE(race.err.find("Imperial Human"), std::string::npos) << race.err;
+    EXPECT_NE(Generate({"--career", "Pirate"}).err.find("Merchant, Navy, Prisoner, Scout"), std::string::npos);
+    EXPECT_NE(Generate({"--career", "Scout", "--assignment", "Cook"}).err.find("Courier, Explorer, Surveyor"),
+              std::string::npos);
+    EXPECT_NE(Generate({"--option", "Fly"}).err.find("Cap Skills at 4"), std::string::npos);
+    EXPECT_NE(Generate({"--method", "4D"}).err.find("Roll 3 drop 1, True 2D"), std::string::npos);
+    EXPECT_EQ(Generate({"--method", "4D"}).status, 1);
+    EXPECT_EQ(Generate({"--format", "pdf"}).status, 1);
+    EXPECT_EQ(Generate({"--player", "random", "--option", "Automatic Generation"}).status, 1);
+}
+
+TEST(CommandLine, MethodNeedsNoTrailingBlank) {
+    const auto with = Generate({"--method", "True 2D ", "--format", "json"});
+    EXPECT_EQ(with.status, 0);
+    EXPECT_EQ(with.out, Generate({"--method", "True 2D", "--format", "json"}).out);
+    EXPECT_NE(with.out, Generate({"--method", "Roll 3 drop 1", "--format", "json"}).out);
+}
+
+TEST(CommandLine, EveryCommandHasHelp) {
+    EXPECT_EQ(RunCli({"--help"}).status, 0);
+    for (const std::string command : {"generate", "play", "replay"}) {
+        const auto help = RunCli({command, "--help"});
+        EXPECT_EQ(help.status, 0);
+        EXPECT_NE(help.out.find("--data"), std::string::npos) << command;
+    }
+    EXPECT_EQ(RunCli({}).status, 1);
+}
+
+TEST(CommandLine, FilesInFoldersHoldWhatTheStreamShows) {
+    const test::TempFolder folder;
+    const auto outcome = Generate({"--count", "2", "--format", "json", "--out", (folder.path() / "out").string(),
+                                   "--journal", (folder.path() / "journals").string()});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.out, "");
+    const auto shown = Generate({"--count", "2", "--format", "json"}).out;
+    EXPECT_EQ(folder.Read("out/character-1.json") + folder.Read("out/character-2.json"), shown);
+    const auto replayed = RunCli({"replay", (folder.path() / "journals/character-2.jsonl").string(), "--data",
+                                  KORVANE_RULES, "--format", "json"});
+    EXPECT_EQ(replayed.status, 0);
+    EXPECT_EQ(replayed.out, folder.Read("out/character-2.json"));
+}
+
+// A copy of the shipped data in which one file is changed.
+struct Broken {
+    test::TempFolder folder;
+    Broken() { folder.CopyRules(); }
+    Outcome Generate(std::vector<std::string> more = {}) const {
+        more.insert(more.begin(), {"generate", "--seed", "1", "--data", folder.path().string()});
+        return RunCli(more);
+    }
+};
+
+TEST(CommandLine, BrokenDataIsNamedWithFileAndLine) {
+    const Broken race;
+    auto text = race.folder.Read("Imperial Human.eri");
+    text.replace(text.find("Str 2"), 5, "Str x");
+    race.folder.Write("Imperial Human.eri", text);
+    const auto letter = race.Generate();
+    EXPECT_EQ(letter.status, 1);
+    EXPECT_NE(letter.err.find("Imperial Human.eri:5: expected one digit"), std::string::npos) << letter.err;
+
+    const Broken career;
+    auto lines = LinesOf(career.folder.Read("Imperial Human-Army.ecf"));
+    std::string cut;
+    for (std::size_t i = 0; i < 40; ++i)
+        cut += lines[i] + "\n";
+    career.folder.Write("Imperial Human-Army.ecf", cut);
+    const auto short_file = career.Generate({"--career", "Army"});
+    EXPECT_EQ(short_file.status, 1);
+    EXPECT_NE(short_file.err.find("Imperial Human-Army.ecf:41: expected the title of a skill table, found the end"),
+              std::string::npos)
+        << short_file.err;
+}
+
+TEST(CommandLine, MissingAssignmentFileIsNamed) {
+    const Broken data;
+    std::filesystem::remove(data.folder.path() / "Imperial Human-Army-Infantry.eas");
+    const auto one = data.Generate({"--career", "Army", "--assignment", "Infantry"});
+    EXPECT_EQ(one.status, 1);
+    EXPECT_NE(one.err.find("Imperial Human-Army-Infantry.eas:1: "), std::string::npos) << one.err;
+    EXPECT_NE(one.err.find("Cavalry"), std::string::npos) << one.err;
+    for (const auto& entry : std::filesystem::directory_iterator(data.folder.path()))
+        if (entry.path().filename().string().starts_with("Imperial Human-Army-"))
+            std::filesystem::remove(entry.path());
+    const auto none = data.Generate({"--career", "Army"});
+    EXPECT_EQ(none.status, 1);
+    EXPECT_NE(none.err.find("Imperial Human-Army-*.eas:1: "), std::string::npos) << none.err;
+}
+
+TEST(CommandLine, PlayFailsWhenTheInputEnds) {
+    const auto outcome =
+        RunCli({"play", "--data", KORVANE_RULES, "--career", "Army", "--assignment", "Infantry"}, "1\n");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(outcome.err.find("the input ended"), std::string::npos) << outcome.err;
+}
+
+TEST(CommandLine, EveryCodeIsListedAndCarriedOutByLives) {
+    const auto listed = LinesOf(RunCli({"codes"}).out);
+    EXPECT_EQ(listed.front(), "mishap SINJ");
+    EXPECT_EQ(listed.back(), "event  SCOCOURIER");
+    const auto counted = LinesOf(RunCli({"codes", "--data", KORVANE_RULES, "--every-code", "--count", "20000"}).out);
+    ASSERT_EQ(counted.size(), listed.size()) << "a life ended in an error: " << counted.back();
+    for (const auto& line : counted)
+        EXPECT_FALSE(line.ends_with(" 0")) << line;
+}
+
+TEST(CommandLine, ReplayTellsWhatAFileErrorEndedAndWhatDiverged) {
+    const Broken data;
+    std::filesystem::remove(data.folder.path() / "Imperial Human-Scout-Courier.eas");
+    data.folder.Write("Imperial Human-Scout-Courier.eas", "cut\n");
+    const auto journals = (data.folder.path() / "journals").string();
+    data.Generate(
+        {"--career", "Army", "--assignment", "Infantry", "--count", "500", "--format", "none", "--journal", journals});
+    int replayed = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(journals)) {
+        const auto outcome = RunCli({"replay", entry.path().string(), "--data", data.folder.path().string()});
+        if (outcome.status == 0)
+            continue;
+        ++replayed;
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_NE(outcome.err.find("file error: "), std::string::npos) << outcome.err;
+        EXPECT_EQ(RunCli({"replay", entry.path().string(), "--data", KORVANE_RULES}).status, 2) << "whole data goes on";
+    }
+    EXPECT_EQ(replayed, 1) << "a malformed file ends the run";
+}
+
+// A person who takes the first or the second of everything by turns, says yes, stays some terms, and ends a mustering
+// out when nothing is left in it.
+class Person : public std::streambuf {
+  public:
+    explicit Person(const std::ostringstream& screen) : screen_(screen) {}
+
+  protected:
+    int_type underflow() override {
+        constexpr int kPatience = 20000;
+        if (++turn_ > kPatience)
+            return traits_type::eof();
+        const auto shown = screen_.str();
+        const auto tail = shown.substr(shown.size() - std::min<std::size_t>(shown.size(), 200));
+        const auto asks = [&](const char* text) { return tail.find(text) != std::string::npos; };
+        line_ = std::array{"1\n", "2\n", "y\n"}.at(static_cast<std::size_t>(turn_ % 3));
+        if (asks("2) Material  (not now)"))
+            line_ = "4\n";
+        else if (asks("4) Scrap and Restart"))
+            line_ = turn_ % 4 == 0 ? "3\n" : "1\n";
+        setg(line_.data(), line_.data(), line_.data() + line_.size());
+        return traits_type::to_int_type(line_.front());
+    }
+
+  private:
+    const std::ostringstream& screen_;
+    std::string line_;
+    int turn_ = 0;
+};
+
+TEST(CommandLine, PlayedLifeReplaysToTheSameCharacter) {
+    const test::TempFolder folder;
+    const auto journal = (folder.path() / "life.jsonl").string();
+    std::ostringstream screen;
+    std::ostringstream errors;
+    Person person(screen);
+    std::istream keys(&person);
+    Streams streams{keys, screen, errors};
+    ASSERT_EQ(
+        RunCommandLine({"play", "--data", KORVANE_RULES, "--race", "Imperial Human", "--journal", journal}, streams), 0)
+        << errors.str() << screen.str().substr(screen.str().size() - std::min<std::size_t>(screen.str().size(), 1500));
+    const auto replayed = RunCli({"replay", journal, "--data", KORVANE_RULES});
+    EXPECT_EQ(replayed.status, 0) << replayed.err;
+    ASSERT_FALSE(replayed.out.empty());
+    EXPECT_TRUE(screen.str().ends_with("\n" + replayed.out)) << screen.str();
+}
+
+}  // namespace
+}  // namespace korvane::cli

@@ -1,0 +1,70 @@
+// The finished character as a document and as text.
+
+#include "output/character_document.h"
+
+#include "output/character_text.h"
+#include "support/world.h"
+
+namespace korvane {
+namespace {
+
+using Document = test::World;
+
+TEST_F(Document, HoldsTheRecordInItsOrder) {
+    auto& record = character();
+    for (int slot = 2; slot <= kSoc; ++slot)
+        SetCharacteristic(slot, 7);
+    SetCharacteristic(kStr, 24);
+    record.CharacteristicCount = 1;
+    record.CharacteristicName[1] = "Ki ";
+    record.Age = 34;
+    record.TermsTotal = 4;
+    record.TermsInCareer = 3;
+    record.Rank = 7;
+    record.Commissioned = 1;
+    record.Contacts = 2;
+    record.SurvivalDM = -1;
+    record.Cash = 20000;
+    record.MedicalDebt = 1250.5F;
+    record.Benefits.Add("Scout Ship");
+    record.CareersServed.Add("Army");
+    Hold("Gone", 3);
+    Hold("Admin", 1);
+    FindSkill(record, "Gone")->Name.clear();
+    session.assignment.rankTitle[7] = " Ensign ";
+    AddHistory(session, "-- \"Term\" 1 --");
+    EXPECT_EQ(
+        CharacterDocument(session),
+        R"({"race":"Imperial Human","career":"Army","assignment":"Infantry","homeWorld":"",)"
+        R"("characteristics":[{"name":"Ki","value":24,"modifier":0}],)"
+        R"("age":34,"termsTotal":4,"termsInCareer":3,"rank":7,"rankTitle":"Ensign","commissioned":true,"graduated":0,)"
+        R"("allies":0,"enemies":0,"contacts":2,"rivals":0,)"
+        R"("oneShot":{"qualification":0,"survival":-1,"commission":0,"advancement":0},)"
+        R"("paroleThreshold":0,"musterRolls":0,"benefitRollsModifier":0,"musterBonusCount":0,)"
+        R"("cash":20000,"cashRollsUsed":0,"pension":0,"medicalDebt":1250.5,)"
+        R"("benefits":["Scout Ship"],"careersServed":["Army"],"skills":[{"name":"Admin","level":1}],)"
+        R"("history":["-- \"Term\" 1 --"]})");
+    record.MedicalDebt = 150000;
+    EXPECT_NE(CharacterDocument(session).find(R"("medicalDebt":150000,)"), std::string::npos);
+}
+
+TEST_F(Document, TextCanBeRead) {
+    character().Cash = 12500;
+    character().Pension = 10000;
+    character().MedicalDebt = 5000;
+    Hold("Admin", 0);
+    Hold("Pilot (Spacecraft)", 2);
+    AddHistory(session, "-- Term 1 --");
+    auto text = CharacterText(session);
+    EXPECT_NE(text.find("Imperial Human, Army (Infantry), age 0, 0 terms\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("Skills: Admin-0, Pilot (Spacecraft)-2\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("Benefits: none\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("Cash Cr12,500, pension Cr10,000 a year, medical debt Cr5,000\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("History:\n  1. -- Term 1 --\n"), std::string::npos) << text;
+    Tick(Option::SortSkillsByValue);
+    text = CharacterText(session);
+    EXPECT_NE(text.find("Skills: Pilot (Spacecraft)-2, Admin-0\n"), std::string::npos) << text;
+}
+
+}  // namespace
+}  // namespace korvane

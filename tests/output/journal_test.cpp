@@ -1,0 +1,266 @@
+// The journal: what is written for each kind of request, replay, divergences, malformed journals, and lives recorded
+// and replayed.
+
+#include <algorithm>
+#include <sstream>
+
+#include "character/characteristics.h"
+#include "cli/every_code_data.h"
+#include "cli/lives.h"
+#include "engine/mustering_out.h"
+#include "engine/selection.h"
+#include "engine/transfer.h"
+#include "output/character_document.h"
+#include "output/journal/recorder.h"
+#include "output/journal/replayer.h"
+#include "skills/choice.h"
+#include "skills/list_choice.h"
+#include "skills/skill_tables.h"
+#include "support/temp_folder.h"
+#include "support/world.h"
+
+namespace korvane {
+namespace {
+
+using journal::Divergence;
+using journal::Recorder;
+using journal::Replayer;
+using test::Drawn;
+using test::Rolled;
+
+const std::string kHeader =
+    R"({"journal":1,"race":"Imperial Human","career":"Army","assignment":"Infantry","method":"True 2D ","options":[]})";
+
+std::vector<std::string> LinesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);)
+        lines.push_back(line);
+    return lines;
+}
+
+Replayer ReplayerOf(std::vector<std::string> lines) {
+    lines.insert(lines.begin(), kHeader);
+    return Replayer(TextFile{"life.jsonl", std::move(lines)});
+}
+
+// A world whose dice and player are recorded.
+class Journal : public test::World {
+  protected:
+    Journal() {
+        session.seams.dice = &recorder;
+        session.seams.player = &recorder;
+    }
+
+    std::ostringstream text;
+    Recorder recorder{text, dice, player};
+};
+
+TEST_F(Journal, EveryKindOfRequestIsALine) {
+    recorder.Begin(session);
+    dice.Expect({Rolled(2, 6, 7), Drawn(3, 1)});
+    Roll(session, 2, 6);
+    Roll(session, 0, 6);
+    recorder.Draw(3);
+    player.ExpectChoice("Select a Skill", "Stealth/Survival", 1);
+    ChooseOption(session, "Select a Skill", "Stealth/Survival");
+    player.ExpectList("Take", "Admin=2/Medic=1", {2});
+    const std::vector<std::string_view> items = {"Medic=1", "Admin=2"};
+    AskForItems(session, 1, 1, "Take", ListItems(items));
+    player.ExpectList("Take", "Admin=2/Medic=1", {});
+    AskForItems(session, 2, 1, "Take", ListItems(items));
+    player.ExpectAsk("Accept?", true).ExpectAsk("Really?", false).ExpectTell("Released from prison");
+    AskYesNo(session, {"Accept?"});
+    AskYesNo(session, {"Really?"});
+    Tell(session, "Released from prison");
+    SetCharacteristic(kEdu, 2);
+    player.ExpectTable(5);
+    dice.Expect({Rolled(1, 6, 2)});
+    session.assignment.assignmentTable[2] = "Recon";
+    ChooseSkillTable(session);
+    Options ticked;
+    ticked.Set(Option::SortSkillsByValue);
+    player.ExpectEndOfTerm(EndOfTermChoice::ReEnlist, ticked);
+    recorder.EndOfTerm({4, {}});
+    player.ExpectTransfer("Scout", "Courier");
+    TransferCareer(session);
+    character().TermsInCareer = 1;
+    player.ExpectEndCareer().ExpectMuster(MusterButton::Cash).ExpectMuster(MusterButton::Done);
+    dice.Expect({Rolled(1, 6, 3)});
+    TransferCareer(session);
+    recorder.End(LifeEnd::MusteredOut);
+    recorder.End(LifeEnd::Scrapped);
+    recorder.EndInError("type", "odd \"level\"");
+
+    const std::vector<std::string> expected = {
+        kHeader,
+        R"({"roll":[2,6],"result":7})",
+        R"({"draw":3,"result":1})",
+        R"({"choose":"Select a Skill","options":["Stealth","Survival"],"picked":1})",
+        R"({"select":"Take","maximum":1,"minimum":1,"items":["Admin=2","Medic=1"],"marked":[2]})",
+        R"({"select":"Take","maximum":2,"minimum":1,"items":["Admin=2","Medic=1"],"marked":[]})",
+        R"({"ask":"Accept?","answer":"yes"})",
+        R"({"ask":"Really?","answer":"no"})",
+        R"({"tell":"Released from prison"})",
+        R"({"table":[1,2,5],"picked":5})",
+        R"({"roll":[1,6],"result":2})",
+        R"({"end of term":4,"answer":1,"options":["Sort Skills by Value"]})",
+        R"({"transfer":true,"career":"Scout","assignment":"Courier"})",
+        R"({"transfer":false})",
+        R"({"muster":1,"press":"Cash","gambler":false})",
+        R"({"roll":[1,6],"result":3})",
+        R"({"muster":0,"press":"Done","gambler":false})",
+        R"({"end":"mustered out"})",
+        R"({"end":"scrapped"})",
+        R"({"end":"error","kind":"type","message":"odd \"level\""})"};
+    EXPECT_EQ(LinesOf(text.str()), expected);
+}
+
+TEST(Replay, HeaderMustBeKnown) {
+    const auto replayer = ReplayerOf({});
+    EXPECT_EQ(replayer.start().career, "Army");
+    EXPECT_EQ(replayer.start().method, RollingMethod::True2D);
+    const auto rejects = [](std::string header, const std::string& part, const std::string& other) {
+        header.replace(header.find(part), part.size(), other);
+        EXPECT_THROW(Replayer(TextFile{"life.jsonl", {header}}), FileError) << header;
+    };
+    rejects(kHeader, "\"journal\":1", "\"journal\":2");
+    rejects(kHeader, "True 2D ", "True 3D ");
+    rejects(kHeader, "[]", "[\"Fly\"]");
+    rejects(kHeader, "\"race\"", "\"rice\"");
+    EXPECT_THROW(Replayer(TextFile{"life.jsonl", {}}), FileError);
+    EXPECT_THROW(Replayer(TextFile{"life.jsonl", {"not JSON"}}), FileError);
+}
+
+TEST(Replay, OtherRequestDivergesWithItsLine) {
+    auto replayer = ReplayerOf({R"({"roll":[1,6],"result":3})", R"({"ask":"Accept?","answer":"yes"})"});
+    EXPECT_EQ(replayer.Roll(1, 6), 3);
+    try {
+        replayer.Ask({"Refuse?"});
+        FAIL() << "another question is a divergence";
+    } catch (const Divergence& divergence) {
+        EXPECT_STREQ(
+            divergence.what(),
+            R"(life.jsonl:3: the journal holds {"ask":"Accept?","answer":"yes"}, the engine asked {"ask":"Refuse?"})");
+    }
+    EXPECT_THROW(ReplayerOf({R"({"roll":[1,6],"result":3})"}).Roll(2, 6), Divergence);
+    EXPECT_THROW(ReplayerOf({R"({"roll":[1,6],"result":3})"}).Draw(6), Divergence);
+    EXPECT_THROW(ReplayerOf({R"({"end of term":3,"answer":1,"options":[]})"}).EndOfTerm({4, {}}), Divergence);
+    EXPECT_THROW(ReplayerOf({R"({"muster":3,"press":"Done","gambler":false})"}).Muster({}), Divergence);
+    EXPECT_THROW(ReplayerOf({R"({"end":"scrapped"})"}).ExpectEnd(LifeEnd::MusteredOut), Divergence);
+    EXPECT_THROW(ReplayerOf({R"({"roll":[1,6],"result":3})"}).ExpectEnd(LifeEnd::MusteredOut), Divergence);
+}
+
+TEST(Replay, AnswersOutOfRangeAreErrors) {
+    const auto column = [](bool enabled) {
+        TableQuestion question{"", {}};
+        for (auto& each : question.columns)
+            each.enabled = enabled;
+        question.columns[1].enabled = true;
+        return question;
+    };
+    EXPECT_THROW(ReplayerOf({R"({"roll":[2,6],"result":1})"}).Roll(2, 6), FileError);
+    EXPECT_THROW(ReplayerOf({R"({"roll":[2,6],"result":13})"}).Roll(2, 6), FileError);
+    EXPECT_THROW(ReplayerOf({R"({"roll":[2,6],"result":"7"})"}).Roll(2, 6), FileError);
+    EXPECT_THROW(ReplayerOf({R"({"roll":[2,6]})"}).Roll(2, 6), FileError);
+    EXPECT_THROW(ReplayerOf({R"({"draw":3,"result":3})"}).Draw(3), FileError);
+    EXPECT_THROW(ReplayerOf({R"({"table":[1],"picked":2})"}).PickTable(column(false)), FileError);
+    EXPECT_THROW(ReplayerOf({R"({"end of term":4,"answer":5,"options":[]})"}).EndOfTerm({4, {}}), FileError);
+    EXPECT_THROW(ReplayerOf({R"({"ask":"Accept?","answer":"perhaps"})"}).Ask({"Accept?"}), FileError);
+    MusterQuestion muster;
+    muster.cashEnabled = false;
+    EXPECT_THROW(ReplayerOf({R"({"muster":0,"press":"Cash","gambler":false})"}).Muster(muster), FileError);
+    EXPECT_THROW(ReplayerOf({R"({"muster":0,"press":"Material","gambler":true})"}).Muster(muster), FileError);
+    const std::vector<std::string_view> items = {"A", "B"};
+    const auto select = [&](const std::string& marks) {
+        return ReplayerOf({R"({"select":"Take","maximum":1,"minimum":1,"items":["A","B"],"marked":)" + marks + "}"})
+            .Select({"Take", 1, 1, items});
+    };
+    EXPECT_EQ(select("[2]"), std::vector<int>{2});
+    EXPECT_EQ(select("[]"), std::vector<int>{});
+    EXPECT_THROW(select("[3]"), FileError);
+    EXPECT_THROW(select("[1,2]"), FileError);
+    EXPECT_THROW(select("[2,1]"), FileError);
+    const Names careers = {"Army"};
+    const auto transfer = [&](const std::string& career, const std::string& assignment) {
+        return ReplayerOf({R"({"transfer":true,"career":")" + career + R"(","assignment":")" + assignment + "\"}"})
+            .Transfer({careers, [](std::string_view) { return std::make_shared<const Names>(Names{"Infantry"}); }});
+    };
+    EXPECT_EQ(transfer("Army", "Infantry")->assignment, "Infantry");
+    EXPECT_THROW(transfer("Navy", "Infantry"), FileError);
+    EXPECT_THROW(transfer("Army", "Flight"), FileError);
+}
+
+TEST(Replay, ScrappedAtAQuestionIsScrappedAgain) {
+    auto replayer = ReplayerOf({R"({"end":"scrapped"})"});
+    EXPECT_THROW(replayer.EndOfTerm({4, {}}), CharacterScrapped);
+    replayer.ExpectEnd(LifeEnd::Scrapped);
+    auto longer = ReplayerOf({R"({"end":"mustered out"})", "{}"});
+    EXPECT_THROW(longer.ExpectEnd(LifeEnd::MusteredOut), FileError);
+    EXPECT_THROW(ReplayerOf({}).ExpectEnd(LifeEnd::MusteredOut), FileError) << "the journal ends early";
+}
+
+TEST_F(Journal, ErrorsAreReplayedIntoTheSameError) {
+    auto replayer =
+        ReplayerOf({R"({"roll":[2,6],"result":7})", R"({"end":"error","kind":"type","message":"free text"})"});
+    replayer.Roll(2, 6);
+    EXPECT_NO_THROW(replayer.ExpectErrorEnd("type"));
+    auto other = ReplayerOf({R"({"end":"error","kind":"overflow","message":""})"});
+    EXPECT_THROW(other.ExpectErrorEnd("type"), Divergence);
+}
+
+// A plan drawn at random: by whatever player and method, with whatever options.
+cli::LifePlan AnyPlan(RandomStream& picks) {
+    cli::LifePlan plan;
+    plan.seed = 11;
+    plan.player = picks.Below(2) == 0 ? cli::PlayerKind::Automatic : cli::PlayerKind::Random;
+    plan.method = picks.Below(2) == 0 ? RollingMethod::True2D : RollingMethod::Roll3Drop1;
+    plan.terms = 1 + picks.Below(11);
+    for (std::size_t i = 1; i < kOptionCaptions.size(); ++i)
+        plan.options.Set(static_cast<Option>(i), picks.Below(2) == 0);
+    return plan;
+}
+
+// Records a life and lives its journal again. Returns whether it was mustered out.
+bool RecordAndReplay(Session& session, const cli::LifePlan& plan, std::uint64_t number) {
+    std::ostringstream text;
+    const auto outcome = cli::Live(session, plan, number, &text);
+    const auto document = CharacterDocument(session);
+    Replayer replayer(TextFile{"life.jsonl", LinesOf(text.str())});
+    session.method = replayer.start().method;
+    session.options = replayer.start().options;
+    SelectStart(session, replayer.start().race, replayer.start().career, replayer.start().assignment);
+    session.seams.dice = &replayer;
+    session.seams.player = &replayer;
+    StartNewCharacter(session);
+    if (outcome.end)
+        EXPECT_NO_THROW(replayer.ExpectEnd(RunLife(session))) << number;
+    else
+        EXPECT_THROW(RunLife(session), RuleError) << outcome.error;
+    EXPECT_EQ(CharacterDocument(session), document) << number;
+    session.seams = {nullptr, nullptr, session.seams.display};
+    return outcome.end == LifeEnd::MusteredOut;
+}
+
+void RecordAndReplayAThousand(const std::string& location) {
+    Display display;
+    Session session(DataFolder(location, DataFolder::Reading::Once), {nullptr, nullptr, &display});
+    RandomStream picks(2026);
+    int finished = 0;
+    for (std::uint64_t number = 1; number <= 1000 && !testing::Test::HasFailure(); ++number)
+        finished += RecordAndReplay(session, AnyPlan(picks), number) ? 1 : 0;
+    EXPECT_GT(finished, 400);
+}
+
+TEST(Replay, AThousandRandomLivesGiveEqualDocuments) {
+    RecordAndReplayAThousand(HeldPath(KORVANE_RULES));
+}
+
+TEST(Replay, SoDoAThousandOnDataThatHoldsEveryCode) {
+    const test::TempFolder folder;
+    cli::WriteEveryCodeData(KORVANE_RULES, folder.path().string());
+    RecordAndReplayAThousand(folder.held());
+}
+
+}  // namespace
+}  // namespace korvane

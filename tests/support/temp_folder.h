@@ -1,0 +1,30 @@
+// A folder that a test fills and that goes with it.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace korvane::test {
+
+class TempFolder {
+  public:
+    TempFolder();
+    ~TempFolder();
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+
+    const std::filesystem::path& path() const { return path_; }
+    // The folder as paths are held, ending in "\".
+    std::string held() const;
+    // Writes the bytes to a file of the folder. Returns its native path.
+    std::filesystem::path Write(const std::string& name, std::string_view bytes) const;
+    std::string Read(const std::string& name) const;
+    // Copies the shipped rule data here.
+    void CopyRules() const;
+
+  private:
+    std::filesystem::path path_;
+};
+
+}  // namespace korvane::test

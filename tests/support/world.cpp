@@ -1,0 +1,43 @@
+#include "support/world.h"
+
+#include "base/places.h"
+#include "engine/selection.h"
+
+namespace korvane::test {
+
+World::World() : session(DataFolder(HeldPath(KORVANE_RULES)), {&dice, &player, &display}) {
+    SelectStart(session, "Imperial Human", "Army", "Infantry");
+    character().CharacteristicCount = session.race.characteristicCount;
+    for (int i = 1; i <= character().CharacteristicCount; ++i) {
+        character().CharacteristicName[i] = session.race.characteristicName.at(static_cast<std::size_t>(i));
+        character().Characteristic[i] = 7;
+    }
+}
+
+void World::Hold(const std::string& name, int level) {
+    auto* const slot = FreeSkillSlot(character());
+    slot->Name = name;
+    slot->Level = level;
+}
+
+int World::LevelOf(const std::string& name) const {
+    const auto* const skill = FindSkill(session.character, name);
+    return skill == nullptr ? -1 : int{skill->Level};
+}
+
+std::vector<std::string> World::History() const {
+    const auto lines = session.character.History.lines();
+    return {lines.begin(), lines.end()};
+}
+
+void World::SetCharacteristic(int slot, int value) {
+    character().Characteristic[slot] = value;
+    RecomputeCharacteristicDMs(character());
+}
+
+void World::ExpectScriptsDone() {
+    dice.ExpectDone();
+    player.ExpectDone();
+}
+
+}  // namespace korvane::test
