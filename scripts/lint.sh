@@ -4,5 +4,5 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 [ -f build/release/compile_commands.json ] || cmake --preset release >/dev/null
-find src bench -name '*.cpp' | sort | xargs -P "$(nproc)" -n 4 \
+find src -name '*.cpp' | sort | xargs -P "$(nproc)" -n 4 \
     clang-tidy -p build/release --quiet --extra-arg=-Wno-unknown-warning-option

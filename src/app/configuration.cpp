@@ -22,7 +22,8 @@ std::string GetIniValue(std::string_view file, std::string_view key) {
 }
 
 void WriteSettings(std::string_view dataLocation, int month) {
-    ReplaceFile(NativePath(ConfigurationPath()), Concat("dataloc=", dataLocation, "\r\nLastMonth=", TwoDigits(month), "\r\n"));
+    ReplaceFile(NativePath(ConfigurationPath()),
+                Concat("dataloc=", dataLocation, "\r\nLastMonth=", TwoDigits(month), "\r\n"));
 }
 
 std::string TwoDigits(int month) {

@@ -32,8 +32,8 @@ TextFile ReadTextFile(std::string_view path, std::string_view role);
 // The bytes of a file, as they stand. Throws FileError as above.
 std::string ReadBytes(const std::filesystem::path& path, std::string_view role);
 
-// Replaces a file, given by its native path, whole: the content is written beside it and renamed, so an interruption leaves the old file. Throws
-// FileError when it can't be written.
+// Replaces a file, given by its native path, whole: the content is written beside it and renamed, so an interruption
+// leaves the old file. Throws FileError when it can't be written.
 void ReplaceFile(const std::filesystem::path& file, std::string_view content);
 
 // The value of the first variable whose entry begins with `name`, without regard to case, trimmed; "" when there is

@@ -1,10 +1,10 @@
-#include <unistd.h>
-
 #include <filesystem>
 #include <iomanip>
 #include <map>
+#include <unistd.h>
 #include <vector>
 
+#include "base/error.h"
 #include "base/places.h"
 #include "cli/commands.h"
 #include "cli/data_choice.h"
@@ -33,10 +33,15 @@ class Counter : public Display {
     std::vector<std::uint64_t> events_ = std::vector<std::uint64_t>(EventChain().rows().size());
 };
 
-// A folder of the temporary ones that goes with this.
+// A new folder among the temporary ones, that goes with this.
 class ScratchFolder {
   public:
-    ScratchFolder() : path_(fs::temp_directory_path() / ("korvane-codes-" + std::to_string(getpid()))) {}
+    ScratchFolder() {
+        auto pattern = (fs::temp_directory_path() / "korvane-codes-XXXXXX").string();
+        if (mkdtemp(pattern.data()) == nullptr)
+            throw FileError(pattern, 1, "a temporary folder", "none that can be made");
+        path_ = pattern;
+    }
     ~ScratchFolder() {
         std::error_code error;
         fs::remove_all(path_, error);
@@ -75,6 +80,8 @@ void ListCodes(const Chain& chain, const Counter& counter, bool counted, std::os
 }  // namespace
 
 int Codes(const CodesCommand& command, Streams& streams) {
+    if (command.everyCode && command.count == 0)
+        throw UsageError("--every-code says on what data lives are counted; it needs --count");
     Counter counter;
     std::map<std::string, std::uint64_t> errors;
     if (command.count > 0) {

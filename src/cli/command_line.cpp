@@ -96,7 +96,8 @@ void AddReplay(CLI::App& app, ReplayCommand& command, Captions& captions) {
 }
 
 void AddCodes(CLI::App& app, CodesCommand& command) {
-    app.add_option("--data", command.data, "Folder of the rule data (default: the configured one, else the shipped rules)");
+    app.add_option("--data", command.data,
+                   "Folder of the rule data (default: the configured one, else the shipped rules)");
     app.add_option("--count", command.count, "Live so many lives and count how often each code is carried out");
     app.add_option("--seed", command.seed, "Seed of the lives")->capture_default_str();
     app.add_flag("--every-code", command.everyCode, "Live on a copy of the data that holds every code");

@@ -1,9 +1,11 @@
 #include "cli/every_code_data.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <map>
 #include <vector>
 
+#include "base/error.h"
 #include "base/places.h"
 #include "base/text.h"
 #include "engine/codes/chains.h"
@@ -14,7 +16,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The lines of a career file that hold its mishaps and its events that can be rolled, counted from 0.
+// The lines of a career file that hold its mishaps and its events that can be rolled, counted from 0, as its reader
+// takes them.
 constexpr std::size_t kFirstMishap = 48;
 constexpr std::size_t kLastMishap = 53;
 constexpr std::size_t kFirstEvent = 56;
@@ -43,12 +46,14 @@ void Deal(const Chain& chain, const std::vector<std::string*>& entries) {
 }  // namespace
 
 void WriteEveryCodeData(const std::string& from, const std::string& to) {
-    fs::create_directories(to);
-    fs::copy(from, to, fs::copy_options::recursive | fs::copy_options::overwrite_existing);
     Careers careers;
-    for (const auto& entry : fs::directory_iterator(to))
-        if (entry.path().extension() == ".ecf")
-            careers[entry.path()] = ReadTextFile(HeldPath(entry.path()), "a career file").lines;
+    for (const auto& name : ListFiles(HeldPath(from))) {
+        fs::copy_file(fs::path(from) / name, fs::path(to) / name);
+        if (EndsIgnoringCase(name, ".ecf"))
+            careers[fs::path(to) / name] = ReadTextFile(HeldPath(fs::path(to) / name), "a career file").lines;
+    }
+    if (careers.empty())
+        throw FileError((fs::path(from) / "*.ecf").string(), 1, "a career file", "no such file");
     Deal(MishapChain(), Entries(careers, kFirstMishap, kLastMishap));
     Deal(EventChain(), Entries(careers, kFirstEvent, kLastEvent));
     for (const auto& [path, lines] : careers) {

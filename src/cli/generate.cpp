@@ -83,7 +83,7 @@ class Generator {
         std::ostringstream journal;
         const auto write = [&] { ReplaceFile(FileName(command_.journalFolder, number, ".jsonl"), journal.str()); };
         try {
-            const auto outcome = Live(session_, command_.plan, number, &journal);
+            auto outcome = Live(session_, command_.plan, number, &journal);
             write();
             return outcome;
         } catch (const FileError&) {

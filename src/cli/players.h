@@ -6,8 +6,8 @@
 
 namespace korvane::cli {
 
-// Answers every question at random, evenly among what there is to answer. Of the boxes in the end-of-term dialog it changes one
-// now and then, but never to automatic generation.
+// Answers every question at random, evenly among what there is to answer. Of the boxes in the end-of-term dialog it
+// changes one now and then, but never to automatic generation.
 class RandomPlayer : public Player {
   public:
     explicit RandomPlayer(RandomStream stream) : stream_(stream) {}

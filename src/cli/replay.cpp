@@ -15,7 +15,8 @@ namespace korvane::cli {
 
 namespace {
 
-// Lives the journal's life again. Returns how it ended; an error that ended it is thrown once more when the journal holds it too.
+// Lives the journal's life again. Returns how it ended; an error that ended it is thrown once more when the journal
+// holds it too.
 LifeEnd LiveAgain(Session& session, journal::Replayer& replayer) {
     try {
         StartNewCharacter(session);
@@ -52,7 +53,8 @@ int Replay(const ReplayCommand& command, Streams& streams) {
     SelectAsRecorded(session, replayer.start());
     try {
         if (LiveAgain(session, replayer) == LifeEnd::MusteredOut)
-            streams.out << (command.format == Format::Json ? CharacterDocument(session) + "\n" : CharacterText(session));
+            streams.out << (command.format == Format::Json ? CharacterDocument(session) + "\n"
+                                                           : CharacterText(session));
         return kSuccess;
     } catch (const journal::Divergence& divergence) {
         streams.err << "korvane-cli: " << divergence.what() << '\n';

@@ -38,7 +38,8 @@ void ReadAges(RecordLines& lines, RaceRecord& race) {
 template <typename Rows>
 Count ReadCountedList(RecordLines& lines, Rows& rows, std::string_view heading, std::string_view entry) {
     lines.SkipHeading(heading);
-    const auto count = lines.NextCountUpTo(static_cast<int>(rows.size()) - 1, Concat("the number of lines that each hold ", entry));
+    const auto count =
+        lines.NextCountUpTo(static_cast<int>(rows.size()) - 1, Concat("the number of lines that each hold ", entry));
     lines.Fill(rows, 1, count, entry);
     return count;
 }

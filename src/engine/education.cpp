@@ -13,12 +13,14 @@ namespace korvane {
 namespace {
 
 using Subjects = std::array<std::string_view, 13>;
-constexpr Subjects kLevel0 = {"Admin-0",       "Advocate-0", "Animals (Training)-0", "Animals (Veterinary)-0", "Art-0",
-                              "Astrogation-0", "Electronics-0", "Engineer-0", "Language-0", "Medic-0",
-                              "Navigation-0",  "Profession-0",  "Science-0"};
-constexpr Subjects kLevel1 = {"Admin-1",       "Advocate-1", "Animals (Training)-1", "Animals (Veterinary)-1", "Art-1",
-                              "Astrogation-1", "Electronics-1", "Engineer-1", "Language-1", "Medic-1",
-                              "Navigation-1",  "Profession-1",  "Science-1"};
+constexpr Subjects kLevel0 = {"Admin-0",    "Advocate-0",    "Animals (Training)-0", "Animals (Veterinary)-0",
+                              "Art-0",      "Astrogation-0", "Electronics-0",        "Engineer-0",
+                              "Language-0", "Medic-0",       "Navigation-0",         "Profession-0",
+                              "Science-0"};
+constexpr Subjects kLevel1 = {"Admin-1",    "Advocate-1",    "Animals (Training)-1", "Animals (Veterinary)-1",
+                              "Art-1",      "Astrogation-1", "Electronics-1",        "Engineer-1",
+                              "Language-1", "Medic-1",       "Navigation-1",         "Profession-1",
+                              "Science-1"};
 
 bool SuccessForced(const Session& session) {
     return session.options[Option::ForceAcademicSuccess];
@@ -48,8 +50,8 @@ bool CompletesCourse(Session& session) {
     return completion != 0 || SuccessForced(session);
 }
 
-// Grants a subject once more, with its level digit one higher: as that adds levels, the one begun at 0 ends at 1, the one begun at
-// 1 at 3.
+// Grants a subject once more, with its level digit one higher: as that adds levels, the one begun at 0 ends at 1, the
+// one begun at 1 at 3.
 void RaiseSubject(Session& session, std::string subject) {
     if (subject.empty())
         return;

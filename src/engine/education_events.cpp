@@ -94,10 +94,11 @@ void FaceWar(Session& session, int& completion) {
 }
 
 void CrashOut(Session& session, int& completion) {
-    AddHistory(session,
-               "Your time in education is not a happy one and you suffer a deep tragedy; perhaps you become hopelessly "
-               "addicted to drink or drugs, a failed romance leaves you in tatters, or a fatal accident involving a close "
-               "friend shakes your confidence. You crash and fail to graduate.");
+    AddHistory(
+        session,
+        "Your time in education is not a happy one and you suffer a deep tragedy; perhaps you become hopelessly "
+        "addicted to drink or drugs, a failed romance leaves you in tatters, or a fatal accident involving a close "
+        "friend shakes your confidence. You crash and fail to graduate.");
     completion = 0;
 }
 
@@ -109,9 +110,10 @@ void Gain(Session& session, std::string_view text, std::string_view skill) {
 
 void TakeUpHobby(Session& session) {
     // The list does offer what the text rules out.
-    AddHistory(session,
-               "You develop a healthy interest in a hobby or other area of study. Gain any skill of your choice, with the "
-               "exception of Jack-of-all-Trades, at level 0.");
+    AddHistory(
+        session,
+        "You develop a healthy interest in a hobby or other area of study. Gain any skill of your choice, with the "
+        "exception of Jack-of-all-Trades, at level 0.");
     SelectAnySkillAtZero(session);
 }
 
@@ -126,7 +128,8 @@ void RollEducationEvent(Session& session, int& completion) {
         case 4:
             return PlayPrank(session);
         case 5:
-            return Gain(session, "Taking advantage of youth, you party as much as you study. Gain Carouse 1.", "Carouse=1");
+            return Gain(session, "Taking advantage of youth, you party as much as you study. Gain Carouse 1.",
+                        "Carouse=1");
         case 6:
             return JoinClique(session);
         case 7:
@@ -140,10 +143,11 @@ void RollEducationEvent(Session& session, int& completion) {
         case 11:
             return FaceWar(session, completion);
         default:
-            return Gain(session,
-                        "You gain wide-ranging recognition of your initiative and innovative approach to study. Increase "
-                        "your SOC by +1.",
-                        "Soc +1");
+            return Gain(
+                session,
+                "You gain wide-ranging recognition of your initiative and innovative approach to study. Increase "
+                "your SOC by +1.",
+                "Soc +1");
     }
 }
 

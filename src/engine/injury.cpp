@@ -66,7 +66,8 @@ bool TakesDebt(Session& session, int slot, int amount, int cost) {
 void BuyCare(Session& session, int slot, int amount, int cost) {
     auto& character = session.character;
     const int cover = RollCover(session);
-    const ScratchText loss(character.CharacteristicName[slot], " ", character.Characteristic[slot], " reduced by ", amount);
+    const ScratchText loss(character.CharacteristicName[slot], " ", character.Characteristic[slot], " reduced by ",
+                           amount);
     if (cover == 100) {
         AddHistory(session, loss, ", service pays for full recovery");
         return;

@@ -17,8 +17,8 @@ void GainEnemyOrRival(Session& session, std::string_view text) {
 }
 
 void FaceAccusation(Session& session) {
-    const int place = ChoosePlace(session, "Accused of a Crime; Choose Option",
-                                  "Lose 1 Benefit roll/Serve a term in Prison");
+    const int place =
+        ChoosePlace(session, "Accused of a Crime; Choose Option", "Lose 1 Benefit roll/Serve a term in Prison");
     if (place == 1) {
         session.character.MusterRolls -= 1;
         AddHistory(session, "You commit or are the victim (or are accused) of a crime; lose 1 benefit roll");

@@ -10,11 +10,15 @@ namespace korvane {
 namespace {
 
 constexpr int kBestLawyer = 3;
-constexpr int kFeeForEachGrade = 5000;
+
+int FeeFor(int grade) {
+    constexpr int kFeeForEachGrade = 5000;
+    return grade * kFeeForEachGrade;
+}
 
 void Plead(Session& session, int grade) {
     auto& character = session.character;
-    const int fee = grade * kFeeForEachGrade;
+    const int fee = FeeFor(grade);
     const bool heard = Roll(session, 2, 6) + grade > 7;
     if (heard)
         character.ParoleThreshold -= 1;
@@ -25,8 +29,7 @@ void Plead(Session& session, int grade) {
 }  // namespace
 
 void Imprison(Session& session) {
-    Tell(session,
-         "You have been imprisoned. Terms will be served until you make your parole roll or die of old age");
+    Tell(session, "You have been imprisoned. Terms will be served until you make your parole roll or die of old age");
     MusterOut(session);
     SelectCareer(session, "Prisoner");
     SelectAssignment(session, "Inmate");
@@ -48,9 +51,9 @@ void RollParoleThreshold(Session& session) {
 void HireLawyer(Session& session) {
     ScratchText options;
     int grades = 0;
-    while (grades < kBestLawyer && session.character.Cash >= (grades + 1) * kFeeForEachGrade) {
+    while (grades < kBestLawyer && session.character.Cash >= FeeFor(grades + 1)) {
         ++grades;
-        options.Append("Advocate-", grades, " costs Cr", FormatThousands(grades * kFeeForEachGrade), "/");
+        options.Append("Advocate-", grades, " costs Cr", FormatThousands(FeeFor(grades)), "/");
     }
     options.Append("Don't hire one");
     const int place = ChoosePlace(session, "Chance to hire a lawyer", options);

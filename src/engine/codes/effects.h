@@ -1,5 +1,5 @@
-// The small effects of which codes are composed: plain structs that can be looked at. What each does stands beside it; how it is
-// carried out, in apply.cpp.
+// The small effects of which codes are composed: plain structs that can be looked at. What each does stands beside it;
+// how it is carried out, in apply.cpp.
 #pragma once
 
 #include <limits>
@@ -186,8 +186,8 @@ struct Call {
 
 struct Effect {
     using Kind = std::variant<Set, Add, AtLeast, Alter, Lower, Line, Grant, Pick, Choose, ChooseInVain, AnySkill,
-                              AnySkillAsked, Improve, Enemy, Contact, Rival, Ally, Hurt, Reduce, GoToPrison, SufferMishap,
-                              Either, Ask, Check, SkillTest, BestTest, OnRoll, Repeat, Call>;
+                              AnySkillAsked, Improve, Enemy, Contact, Rival, Ally, Hurt, Reduce, GoToPrison,
+                              SufferMishap, Either, Ask, Check, SkillTest, BestTest, OnRoll, Repeat, Call>;
 
     template <typename Which>
     Effect(Which which) : kind(std::move(which)) {}

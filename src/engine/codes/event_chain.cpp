@@ -263,9 +263,10 @@ std::vector<Row> ScoutEvents() {
 }  // namespace
 
 const Chain& EventChain() {
-    static const Chain chain("event", Joined({GenericEvents(), AgentEvents(), ArmyEvents(), CitizenEvents(), PrisonEvents(),
-                                     DrifterEvents(), EntertainerEvents(), MarineEvents(), MerchantEvents(), NavyEvents(),
-                                     NobleEvents(), RogueEvents(), ScholarEvents(), ScoutEvents()}));
+    static const Chain chain(
+        "event", Joined({GenericEvents(), AgentEvents(), ArmyEvents(), CitizenEvents(), PrisonEvents(), DrifterEvents(),
+                         EntertainerEvents(), MarineEvents(), MerchantEvents(), NavyEvents(), NobleEvents(),
+                         RogueEvents(), ScholarEvents(), ScoutEvents()}));
     return chain;
 }
 

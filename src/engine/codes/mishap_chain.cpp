@@ -158,7 +158,8 @@ std::vector<Row> ScoutMishaps() {
 }  // namespace
 
 const Chain& MishapChain() {
-    static const Chain chain("mishap", Joined({GenericMishaps(), AgentMishaps(), ArmyMishaps(), PrisonMishaps(), CitizenMishaps(),
+    static const Chain chain("mishap",
+                             Joined({GenericMishaps(), AgentMishaps(), ArmyMishaps(), PrisonMishaps(), CitizenMishaps(),
                                      DrifterAndEntertainerMishaps(), MarineMishaps(), MerchantMishaps(), NavyMishaps(),
                                      NobleMishaps(), RogueMishaps(), ScholarMishaps(), ScoutMishaps()}));
     return chain;

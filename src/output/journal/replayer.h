@@ -33,8 +33,8 @@ struct Start {
 
 class Replayer : public Dice, public Player {
   public:
-    // The journal's lines. All members throw JournalError, with the line, for a journal that is malformed or ends early,
-    // and Divergence for one that doesn't match.
+    // The journal's lines. All members throw JournalError, with the line, for a journal that is malformed or ends
+    // early, and Divergence for one that doesn't match.
     explicit Replayer(TextFile file);
 
     const Start& start() const { return start_; }
