@@ -78,7 +78,7 @@ std::string_view Trim(std::string_view text) {
 }
 
 bool IsBlank(std::string_view text) {
-    return text.find_first_not_of(' ') == std::string_view::npos;
+    return text.empty() || (text[0] == ' ' && text.find_first_not_of(' ') == std::string_view::npos);
 }
 
 std::string Upper(std::string_view text) {

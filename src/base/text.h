@@ -5,8 +5,10 @@
 #include <charconv>
 #include <concepts>
 #include <cstddef>
+#include <iterator>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -59,7 +61,9 @@ std::string ShortestNumber(float number);
 // Appends texts and whole numbers to a text.
 template <typename Text, typename Piece>
 void AppendPiece(Text& to, const Piece& piece) {
-    if constexpr (std::convertible_to<const Piece&, std::string_view>) {
+    if constexpr (std::is_array_v<Piece>) {
+        to.append(std::string_view(piece, std::size(piece) - 1));  // a literal
+    } else if constexpr (std::convertible_to<const Piece&, std::string_view>) {
         to.append(std::string_view(piece));
     } else {
         std::array<char, 24> digits{};

@@ -30,6 +30,10 @@ class PerCharacteristic {
     Value& operator[](int slot) { return values_.at(Slot(slot)); }
     const Value& operator[](int slot) const { return values_.at(Slot(slot)); }
 
+    // All slots, from 0.
+    const std::array<Value, kMostCharacteristics + 1>& all() const { return values_; }
+    std::array<Value, kMostCharacteristics + 1>& all() { return values_; }
+
   private:
     static std::size_t Slot(int slot) {
         if (slot < 0 || slot > kMostCharacteristics)
@@ -108,6 +112,7 @@ struct CharacterRecord : CharacterNumbers {
     TextList Benefits;
     TextList History;                           // at most kMostHistoryLines
     std::array<Skill, kMostSkills + 1> Skills;  // numbered from 1
+    int SkillSlotsUsed = 0;                     // the slots beyond have never been taken
     std::string UniversitySubject;
     std::string HomeWorld;
 
@@ -119,7 +124,7 @@ struct CharacterRecord : CharacterNumbers {
 inline constexpr int kAutomaticSuccess = 50;
 
 // The modifier of a characteristic's value; 0 for a value above 23 or below 0.
-int ModifierOf(int value);
+Count ModifierOf(int value);
 // Recomputes the modifiers of the characteristics in play.
 void RecomputeCharacteristicDMs(CharacterRecord& character);
 // The slot of the characteristic of that name, without regard to case; the last of equal ones; 0 for none.
@@ -130,7 +135,7 @@ std::vector<const Skill*> HeldSkills(const CharacterRecord& character);
 // The first slot of exactly that name; nothing when there is none. The empty name finds a free slot.
 Skill* FindSkill(CharacterRecord& character, std::string_view name);
 const Skill* FindSkill(const CharacterRecord& character, std::string_view name);
-// The first free slot; nothing when all are taken.
-Skill* FreeSkillSlot(CharacterRecord& character);
+// The first free slot, to be filled by the caller; nothing when all are taken.
+Skill* TakeSkillSlot(CharacterRecord& character);
 
 }  // namespace korvane

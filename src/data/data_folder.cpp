@@ -11,12 +11,13 @@ DataFolder::DataFolder(std::string_view location, Reading reading)
 
 template <typename Value, typename Make>
 const Value& DataFolder::Cached(Cache<Value>& cache, std::string_view key, const Make& make) {
-    auto place = cache.find(key);
+    const auto place = cache.find(key);
     if (place == cache.end())
-        place = cache.emplace(key, make()).first;
-    else if (reading_ == Reading::EachTime)
-        place->second = make();
-    return place->second;
+        return cache.emplace(key, make()).first->second;
+    auto& value = place->second;  // stays where it is when making it adds others
+    if (reading_ == Reading::EachTime)
+        value = make();
+    return value;
 }
 
 std::shared_ptr<const TextFile> DataFolder::Read(std::string_view name, std::string_view role) const {

@@ -1,10 +1,11 @@
 // The folder of the rule data: what races, careers and assignments there are, and their records.
 #pragma once
 
-#include <map>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 #include "data/records.h"
 
@@ -37,8 +38,12 @@ class DataFolder {
     const AssignmentRecord& Assignment(std::string_view race, std::string_view career, std::string_view assignment);
 
   private:
+    struct TextHash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
+    };
     template <typename Value>
-    using Cache = std::map<std::string, Value, std::less<>>;
+    using Cache = std::unordered_map<std::string, Value, TextHash, std::equal_to<>>;
 
     template <typename Value, typename Make>
     const Value& Cached(Cache<Value>& cache, std::string_view key, const Make& make);

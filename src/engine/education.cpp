@@ -1,7 +1,7 @@
 #include "engine/education.h"
 
+#include <algorithm>
 #include <array>
-#include <string>
 
 #include "base/text.h"
 #include "character/checks.h"
@@ -37,10 +37,11 @@ int AdmissionModifier(const Session& session) {
 }
 
 // The subject that the player picks; empty when the player picks none.
-std::string PickSubject(Session& session, std::string_view prompt, const Subjects& subjects) {
+std::string_view PickSubject(Session& session, std::string_view prompt, const Subjects& subjects) {
     session.choice.LastSkillGranted.clear();
     SelectSkillsFromList(session, 1, 1, prompt, ListItems(subjects));
-    return session.choice.LastSkillGranted;
+    const auto* const picked = std::ranges::find(subjects, session.choice.LastSkillGranted);
+    return picked == subjects.end() ? std::string_view() : *picked;
 }
 
 // Whether the course's event leaves a course to finish.
@@ -52,11 +53,11 @@ bool CompletesCourse(Session& session) {
 
 // Grants a subject once more, with its level digit one higher: as that adds levels, the one begun at 0 ends at 1, the
 // one begun at 1 at 3.
-void RaiseSubject(Session& session, std::string subject) {
+void RaiseSubject(Session& session, std::string_view subject) {
     if (subject.empty())
         return;
-    ++subject.back();
-    GrantSkill(session, subject);
+    const int level = subject.back() - '0';
+    GrantSkill(session, ScratchText(subject.substr(0, subject.size() - 1), level + 1));
 }
 
 void WriteGraduation(Session& session, int effect) {

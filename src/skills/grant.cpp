@@ -34,10 +34,30 @@ std::string_view ResolveOr(Session& session, std::string_view text) {
     return ChooseOption(session, "Select a Skill", ScratchText(a, "/", b)) == 1 ? a : b;
 }
 
+// Which of the marks of the grammar a text holds: most hold one or none, and nothing else needs to be looked for.
+struct Marks {
+    bool blank = false;
+    bool slash = false;
+    bool plus = false;
+    bool equals = false;
+    bool minus = false;
+
+    explicit Marks(std::string_view text) {
+        for (const char c : text) {
+            blank |= c == ' ';
+            slash |= c == '/';
+            plus |= c == '+';
+            equals |= c == '=';
+            minus |= c == '-';
+        }
+    }
+};
+
 std::string_view ResolveAlternatives(Session& session, std::string_view text) {
-    if (text.find(" or ") != std::string_view::npos)
+    const Marks marks(text);
+    if (marks.blank && text.find(" or ") != std::string_view::npos)
         return ResolveOr(session, text);
-    if (text.find('/') != std::string_view::npos)
+    if (marks.slash)
         return AlternativeAt(text, ChoosePlace(session, "Select a Skill", text));
     return text;
 }
@@ -60,13 +80,12 @@ bool RaiseCharacteristic(Session& session, std::string_view text) {
     return true;
 }
 
-Gain TakeApart(std::string_view text) {
-    for (const auto& [mark, mode] : {std::pair{"=", Mode::Set}, std::pair{"-", Mode::Add}})
-        if (text.find(mark) != std::string_view::npos) {
-            const auto [name, level] = SplitFirst(text, mark);
-            return {text, name, StrictCount(level), mode};
-        }
-    return {text, text};
+Gain TakeApart(std::string_view text, const Marks& marks) {
+    if (!marks.equals && !marks.minus)
+        return {text, text};
+    const auto mark = text.find(marks.equals ? '=' : '-');
+    const auto mode = marks.equals ? Mode::Set : Mode::Add;
+    return {text, text.substr(0, mark), StrictCount(text.substr(mark + 1)), mode};
 }
 
 const Speciality* SpecialitiesOf(const RaceRecord& race, std::string_view name) {
@@ -117,7 +136,7 @@ void ImproveHeld(Session& session, Skill& held, const Gain& gain, GrantReason re
 }
 
 void HoldNew(Session& session, const Gain& gain) {
-    auto* const slot = FreeSkillSlot(session.character);
+    auto* const slot = TakeSkillSlot(session.character);
     if (slot == nullptr)
         return;
     slot->Name = gain.name;
@@ -143,12 +162,10 @@ void GainSkill(Session& session, Gain gain, GrantReason reason) {
 
 // Carries out a text whose alternatives are resolved.
 void GrantResolved(Session& session, std::string_view text, GrantReason reason) {
-    if (text.find('+') != std::string_view::npos) {
-        if (!RaiseCharacteristic(session, text))
-            GainSkill(session, TakeApart(text), reason);
+    const Marks marks(text);
+    if (marks.plus && RaiseCharacteristic(session, text))
         return;
-    }
-    GainSkill(session, TakeApart(text), reason);
+    GainSkill(session, TakeApart(text, marks), reason);
 }
 
 }  // namespace

@@ -31,7 +31,9 @@ void ListItems::Add(std::string_view item) {
     if (count_ == kMost)
         throw RuleError(RuleError::Kind::Subscript, Concat("a list has more than ", kMost, " items"));
     const auto end = texts_.begin() + static_cast<std::ptrdiff_t>(count_++);
-    const auto place = std::upper_bound(texts_.begin(), end, item, LessIgnoringCase);
+    // Lists mostly come sorted.
+    const bool last = end == texts_.begin() || !LessIgnoringCase(item, *(end - 1));
+    const auto place = last ? end : std::upper_bound(texts_.begin(), end, item, LessIgnoringCase);
     std::move_backward(place, end, end + 1);
     *place = item;
 }

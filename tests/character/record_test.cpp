@@ -45,7 +45,7 @@ TEST_F(Record, ClearingLeavesNothingOfTheCharacterBefore) {
     character().MedicalDebt = 2.5F;
     character().Clear();
     EXPECT_TRUE(History().empty() && character().Benefits.empty() && HeldSkills(character()).empty());
-    EXPECT_EQ(FreeSkillSlot(character())->Level, 0) << "no level stays in the slot";
+    EXPECT_EQ(TakeSkillSlot(character())->Level, 0) << "no level stays in the slot";
     EXPECT_EQ(character().Rank + character().QualificationDM + character().LeaveCareer, 0);
     EXPECT_TRUE(character().Characteristic[kSoc] == 0 && character().MedicalDebt == 0);
     AddHistory(session, "New");

@@ -15,7 +15,7 @@ World::World() : session(DataFolder(HeldPath(KORVANE_RULES)), {&dice, &player, &
 }
 
 void World::Hold(const std::string& name, int level) {
-    auto* const slot = FreeSkillSlot(character());
+    auto* const slot = TakeSkillSlot(character());
     slot->Name = name;
     slot->Level = level;
 }

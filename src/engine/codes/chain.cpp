@@ -1,5 +1,7 @@
 #include "engine/codes/chain.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <utility>
 
 #include "engine/codes/apply.h"
@@ -7,12 +9,16 @@
 namespace korvane {
 
 Chain::Chain(std::string_view name, std::vector<Row> rows) : name_(name), rows_(std::move(rows)) {
+    // A row that has something to do also where its code doesn't occur is never ruled out.
     for (const auto& row : rows_)
-        fingerprints_.push_back(Fingerprint(row.code));
+        fingerprints_.push_back(row.otherwise.empty() ? Fingerprint(row.code) : 0);
 }
 
-bool Chain::Occurs(std::size_t row, std::string_view codes, std::uint64_t fingerprint) const {
-    return (fingerprints_[row] & ~fingerprint) == 0 && codes.find(rows_[row].code) != std::string_view::npos;
+std::size_t Chain::NextConcerned(std::size_t row, std::uint64_t fingerprint) const {
+    const auto begin = fingerprints_.begin() + static_cast<std::ptrdiff_t>(row);
+    const auto place = std::find_if(begin, fingerprints_.end(),
+                                    [absent = ~fingerprint](std::uint64_t bits) { return (bits & absent) == 0; });
+    return static_cast<std::size_t>(place - fingerprints_.begin());
 }
 
 std::uint64_t Chain::Fingerprint(std::string_view text) {
@@ -33,13 +39,13 @@ std::vector<Row> Joined(const std::vector<std::vector<Row>>& groups) {
 
 void RunChain(Session& session, const Chain& chain, std::string_view codes) {
     const auto fingerprint = Chain::Fingerprint(codes);
-    for (std::size_t row = 0; row < chain.rows().size(); ++row) {
-        if (chain.Occurs(row, codes, fingerprint)) {
-            session.seams.display->CodeCarriedOut(chain.name(), row);
-            ApplyAll(session, chain.rows()[row].effects);
-        } else {
-            ApplyAll(session, chain.rows()[row].otherwise);
-        }
+    const auto end = chain.rows().size();
+    for (auto i = chain.NextConcerned(0, fingerprint); i < end; i = chain.NextConcerned(i + 1, fingerprint)) {
+        const auto& row = chain.rows()[i];
+        const bool occurs = codes.find(row.code) != std::string_view::npos;
+        if (occurs)
+            session.seams.display->CodeCarriedOut(chain.name(), i);
+        ApplyAll(session, occurs ? row.effects : row.otherwise);
     }
 }
 

@@ -24,8 +24,9 @@ class Chain {
     std::string_view name() const { return name_; }
     const std::vector<Row>& rows() const { return rows_; }
 
-    // Whether the row's code occurs in `codes`. The fingerprint is that of `codes`; it rules out most rows at once.
-    bool Occurs(std::size_t row, std::string_view codes, std::uint64_t fingerprint) const;
+    // The first row from `row` on that may have something to do for a code string of that fingerprint, as nearly all
+    // are ruled out by it; the number of rows when there is none.
+    std::size_t NextConcerned(std::size_t row, std::uint64_t fingerprint) const;
 
     // One bit for each pair of neighbouring characters; a text's bits hold those of all its parts.
     static std::uint64_t Fingerprint(std::string_view text);
