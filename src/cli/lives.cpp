@@ -1,9 +1,7 @@
 #include "cli/lives.h"
 
-#include <algorithm>
-#include <memory>
 #include <random>
-#include <vector>
+#include <utility>
 
 #include "base/text.h"
 #include "character/characteristics.h"
@@ -22,16 +20,12 @@ RandomStream StreamFor(const LifePlan& plan, std::uint64_t number) {
     return RandomStream(RandomStream::Mix(plan.seed.value_or(unseeded) ^ kNotTheDice) + RandomStream::Mix(number));
 }
 
-// The wanted name, or any of those there are but "Prisoner".
+// The wanted name, or any of those there are but "Prisoner"; empty when there is none.
 std::string Pick(RandomStream& stream, const std::string& wanted, const Names& names) {
     if (!wanted.empty())
         return wanted;
-    const auto eligible = [](const std::string& name) { return name != "Prisoner"; };
-    const auto count = std::ranges::count_if(names, eligible);
-    if (count == 0)
-        return {};
-    auto index = stream.Below(static_cast<int>(count));
-    return *std::ranges::find_if(names, [&](const std::string& name) { return eligible(name) && index-- == 0; });
+    const auto* const any = AnyOf(stream, names, "Prisoner");
+    return any == nullptr ? std::string() : *any;
 }
 
 struct Picked {

@@ -4,9 +4,6 @@
 
 namespace korvane::cli {
 
-namespace {
-
-// Any of the names but the one left out; nothing when there is none.
 const std::string* AnyOf(RandomStream& stream, const Names& names, std::string_view leftOut) {
     const auto eligible = [&](const std::string& name) { return name != leftOut; };
     const auto count = static_cast<int>(std::ranges::count_if(names, eligible));
@@ -15,8 +12,6 @@ const std::string* AnyOf(RandomStream& stream, const Names& names, std::string_v
     int index = stream.Below(count);
     return &*std::ranges::find_if(names, [&](const std::string& name) { return eligible(name) && index-- == 0; });
 }
-
-}  // namespace
 
 int RandomPlayer::Choose(const ChoiceQuestion& question) {
     return stream_.Below(static_cast<int>(question.options.size())) + 1;

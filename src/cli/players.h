@@ -6,6 +6,9 @@
 
 namespace korvane::cli {
 
+// Any of the names but the one left out; nothing when there is none.
+const std::string* AnyOf(RandomStream& stream, const Names& names, std::string_view leftOut);
+
 // Answers every question at random, evenly among what there is to answer. Of the boxes in the end-of-term dialog it
 // changes one now and then, but never to automatic generation.
 class RandomPlayer : public Player {

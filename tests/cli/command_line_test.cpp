@@ -10,6 +10,8 @@
 namespace korvane::cli {
 namespace {
 
+using test::LinesOf;
+
 struct Outcome {
     int status;
     std::string out;
@@ -28,14 +30,6 @@ Outcome RunCli(const std::vector<std::string>& arguments, const std::string& inp
 Outcome Generate(std::vector<std::string> more) {
     more.insert(more.begin(), {"generate", "--data", KORVANE_RULES, "--seed", "7"});
     return RunCli(more);
-}
-
-std::vector<std::string> LinesOf(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);)
-        lines.push_back(line);
-    return lines;
 }
 
 TEST(CommandLine, CharacterDependsOnSeedAndNumberAlone) {

@@ -26,18 +26,11 @@ using journal::Divergence;
 using journal::Recorder;
 using journal::Replayer;
 using test::Drawn;
+using test::LinesOf;
 using test::Rolled;
 
 const std::string kHeader =
     R"({"journal":1,"race":"Imperial Human","career":"Army","assignment":"Infantry","method":"True 2D ","options":[]})";
-
-std::vector<std::string> LinesOf(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);)
-        lines.push_back(line);
-    return lines;
-}
 
 Replayer ReplayerOf(std::vector<std::string> lines) {
     lines.insert(lines.begin(), kHeader);

@@ -11,6 +11,14 @@ namespace korvane::test {
 
 namespace fs = std::filesystem;
 
+std::vector<std::string> LinesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);)
+        lines.push_back(line);
+    return lines;
+}
+
 TempFolder::TempFolder() {
     auto pattern = (fs::temp_directory_path() / "korvane-test-XXXXXX").string();
     if (mkdtemp(pattern.data()) == nullptr)

@@ -1,11 +1,15 @@
-// A folder that a test fills and that goes with it.
+// A folder that a test fills and that goes with it, and the lines of what stands in its files.
 #pragma once
 
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace korvane::test {
+
+// The lines of a text, without their ends.
+std::vector<std::string> LinesOf(const std::string& text);
 
 class TempFolder {
   public:

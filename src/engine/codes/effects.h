@@ -2,7 +2,6 @@
 // how it is carried out, in apply.cpp.
 #pragma once
 
-#include <limits>
 #include <string_view>
 #include <utility>
 #include <variant>
