@@ -1,8 +1,42 @@
 #include "character/summary.h"
 
+#include <algorithm>
+#include <array>
+
 #include "base/text.h"
 
 namespace korvane {
+
+namespace {
+
+void AddMoney(std::vector<std::string>& lines, std::string_view label, std::int64_t amount, std::string_view unit) {
+    if (amount != 0)
+        lines.push_back(Concat(label, "Cr", FormatThousands(static_cast<double>(amount)), unit));
+}
+
+// A modifier that waits for its roll.
+void AddModifier(std::vector<std::string>& lines, std::string_view roll, int modifier) {
+    if (modifier == kAutomaticSuccess)
+        lines.push_back(Concat("Next ", roll, ": succeeds"));
+    else if (modifier != 0)
+        lines.push_back(Concat("Next ", roll, ": ", SignedNumber(modifier)));
+}
+
+void AddEducation(std::vector<std::string>& lines, int graduated) {
+    if (graduated > 0)
+        lines.emplace_back(graduated == 1 ? "Graduated" : "Graduated with honours");
+}
+
+void AddCareers(std::vector<std::string>& lines, const CharacterRecord& character) {
+    if (character.CareersServed.empty())
+        return;
+    std::string careers = "Careers:";
+    for (const auto& career : character.CareersServed.lines())
+        AppendAll(careers, careers.ends_with(':') ? " " : ", ", career);
+    lines.push_back(std::move(careers));
+}
+
+}  // namespace
 
 void ShowSummary(Session& session) {
     RecomputeCharacteristicDMs(session.character);
@@ -58,6 +92,34 @@ std::string MedicalDebtLabel(const CharacterRecord& character) {
     if (character.MedicalDebt <= 0)
         return "Medical Debt:";
     return "Medical Debt: Cr" + FormatThousands(static_cast<double>(character.MedicalDebt));
+}
+
+std::vector<std::string> SkillLines(const CharacterRecord& character, bool sorted) {
+    auto held = HeldSkills(character);
+    if (sorted)
+        std::ranges::stable_sort(held, [](const Skill* a, const Skill* b) { return a->Level > b->Level; });
+    std::vector<std::string> lines;
+    lines.reserve(held.size());
+    for (const auto* const skill : held)
+        lines.push_back(Concat(skill->Name, "-", skill->Level));
+    return lines;
+}
+
+std::vector<std::string> DetailLines(const CharacterRecord& character) {
+    std::vector<std::string> lines;
+    AddEducation(lines, character.Graduated);
+    AddCareers(lines, character);
+    if (character.ParoleThreshold > 0)
+        lines.push_back(Concat("In prison; parole threshold ", character.ParoleThreshold));
+    AddModifier(lines, "qualification", character.QualificationDM);
+    AddModifier(lines, "survival", character.SurvivalDM);
+    AddModifier(lines, "commission", character.CommissionDM);
+    AddModifier(lines, "advancement", character.AdvancementDM);
+    AddMoney(lines, "Cash: ", character.Cash, "");
+    AddMoney(lines, "Pension: ", character.Pension, "/year");
+    for (const auto& benefit : character.Benefits.lines())
+        lines.push_back(Concat("Benefit: ", benefit));
+    return lines;
 }
 
 std::string SignedNumber(int number) {

@@ -24,6 +24,11 @@ std::string ContactsLabel(const CharacterRecord& character);
 std::string RivalsLabel(const CharacterRecord& character);
 std::string MedicalDebtLabel(const CharacterRecord& character);
 
+// The held skills as "Admin-1", in slot order or the highest level first.
+std::vector<std::string> SkillLines(const CharacterRecord& character, bool sorted);
+// What else there is to say about a character: education, careers, money, benefits and what waits for the next rolls.
+std::vector<std::string> DetailLines(const CharacterRecord& character);
+
 // The title of a rank; throws RuleError (subscript) for one outside 0 to 12.
 std::string_view RankTitle(const AssignmentRecord& assignment, int rank);
 

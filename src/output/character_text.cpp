@@ -1,7 +1,5 @@
 #include "output/character_text.h"
 
-#include <algorithm>
-
 #include "base/text.h"
 #include "character/summary.h"
 
@@ -15,17 +13,6 @@ std::string Joined(const std::vector<std::string>& texts) {
     for (const auto& text : texts)
         AppendAll(joined, joined.empty() ? "" : ", ", text);
     return joined.empty() ? "none" : joined;
-}
-
-std::string SkillsLine(const Session& session) {
-    auto held = HeldSkills(session.character);
-    if (session.options[Option::SortSkillsByValue])
-        std::ranges::stable_sort(held, [](const Skill* a, const Skill* b) { return a->Level > b->Level; });
-    std::vector<std::string> skills;
-    skills.reserve(held.size());
-    for (const auto* const skill : held)
-        skills.push_back(Concat(skill->Name, "-", skill->Level));
-    return Joined(skills);
 }
 
 std::string CharacteristicsLine(const CharacterRecord& character) {
@@ -57,7 +44,7 @@ std::string CharacterText(const Session& session) {
               character.Age, ", ", character.TermsTotal, " terms\n");
     AppendAll(text, RankLabel(character, session.assignment), "\n");
     AppendAll(text, "Characteristics: ", CharacteristicsLine(character), "\n");
-    AppendAll(text, "Skills: ", SkillsLine(session), "\n");
+    AppendAll(text, "Skills: ", Joined(SkillLines(character, session.options[Option::SortSkillsByValue])), "\n");
     AppendAll(text, "Careers: ", Joined(lines(character.CareersServed)), "\n");
     AppendAll(text, "Benefits: ", Joined(lines(character.Benefits)), "\n");
     AppendAll(text, MoneyLine(character), "\n");

@@ -1,0 +1,160 @@
+#include "ui/dialog_player.h"
+
+#include <QEventLoop>
+#include <exception>
+
+#include "character/summary.h"
+#include "ui/message_boxes.h"
+#include "ui/qt_text.h"
+
+namespace korvane::ui {
+
+namespace {
+
+template <typename Texts>
+QStringList ToList(const Texts& texts) {
+    QStringList list;
+    for (const auto& text : texts)
+        list << ToQt(text);
+    return list;
+}
+
+}  // namespace
+
+DialogPlayer::DialogPlayer(const Session& session, QWidget& window) : session_(session), window_(window) {}
+
+void DialogPlayer::Finish() {
+    if (muster_)
+        muster_->hide();
+}
+
+template <typename Dialog>
+Dialog& DialogPlayer::Prepare(std::unique_ptr<Dialog>& dialog) {
+    if (beforeDialog)
+        beforeDialog();
+    if (!dialog)
+        dialog = std::make_unique<Dialog>(&window_);
+    return *dialog;
+}
+
+void DialogPlayer::RunNeeded(NeededDialog& dialog) {
+    dialog.mayScrap = [this, &dialog] {
+        return AskYesNo(&dialog, Title(), {"Scrap this character?", {}, Icon::Question, false});
+    };
+    if (RunModal(dialog) != QDialog::Accepted)
+        throw CharacterScrapped();
+}
+
+QString DialogPlayer::Title() const {
+    return ToQt(session_.programTitle);
+}
+
+QWidget* DialogPlayer::Front() const {
+    return muster_ && muster_->isVisible() ? static_cast<QWidget*>(muster_.get()) : &window_;
+}
+
+QStringList DialogPlayer::SkillTexts() const {
+    return ToList(SkillLines(session_.character, session_.options[Option::SortSkillsByValue]));
+}
+
+QStringList DialogPlayer::HistoryTexts(std::size_t from) const {
+    return ToList(session_.character.History.lines().subspan(from));
+}
+
+int DialogPlayer::Choose(const ChoiceQuestion& question) {
+    auto& dialog = Prepare(choice_);
+    dialog.SetQuestion(question);
+    RunNeeded(dialog);
+    return dialog.picked();
+}
+
+std::vector<int> DialogPlayer::Select(const ListQuestion& question) {
+    auto& dialog = Prepare(list_);
+    dialog.SetQuestion(question);
+    return RunModal(dialog) == QDialog::Accepted ? dialog.Marked() : std::vector<int>();
+}
+
+bool DialogPlayer::Ask(const YesNoQuestion& question) {
+    if (beforeDialog)
+        beforeDialog();
+    return AskYesNo(Front(), question.title.empty() ? Title() : ToQt(question.title), question);
+}
+
+void DialogPlayer::Tell(const Notice& notice) {
+    if (beforeDialog)
+        beforeDialog();
+    ShowMessage(Front(), Title(), ToQt(notice.text), notice.icon);
+}
+
+int DialogPlayer::PickTable(const TableQuestion& question) {
+    auto& dialog = Prepare(tables_);
+    dialog.setWindowTitle(Title());
+    dialog.SetQuestion(question);
+    dialog.SetHeldSkills(SkillTexts());
+    RunNeeded(dialog);
+    return dialog.picked();
+}
+
+EndOfTermAnswer DialogPlayer::EndOfTerm(const EndOfTermQuestion& question) {
+    auto& dialog = Prepare(endTerm_);
+    dialog.setWindowTitle(Title());
+    dialog.SetQuestion(question);
+    dialog.SetSkills(SkillTexts());
+    dialog.SetHistory(HistoryTexts());
+    dialog.optionsChanged = [this, &dialog](const Options& options) {
+        if (optionsChanged)
+            optionsChanged(options);
+        dialog.SetSkills(SkillTexts());
+    };
+    RunNeeded(dialog);
+    return dialog.Result();
+}
+
+std::optional<TransferAnswer> DialogPlayer::Transfer(const TransferQuestion& question) {
+    auto& dialog = Prepare(transfer_);
+    dialog.setWindowTitle(Title());
+    dialog.SetQuestion(question);
+    // A fault met while the dialog lists assignments is kept until its event handler is left.
+    std::exception_ptr fault;
+    dialog.careerChosen = [&](const QString& career) {
+        try {
+            dialog.SetAssignments(ToList(*question.assignmentsOf(career.toStdString())));
+        } catch (...) {
+            fault = std::current_exception();
+            dialog.done(QDialog::Rejected);
+        }
+    };
+    try {
+        RunNeeded(dialog);
+    } catch (const CharacterScrapped&) {
+        if (fault)
+            std::rethrow_exception(fault);
+        throw;
+    }
+    return dialog.Result();
+}
+
+MusterPress DialogPlayer::Muster(const MusterQuestion& question) {
+    auto& dialog = Prepare(muster_);
+    dialog.setWindowTitle(Title());
+    if (!dialog.isVisible() && question.results.empty())
+        historyBefore_ = session_.character.History.size();
+    dialog.SetQuestion(question);
+    dialog.SetHistory(HistoryTexts(historyBefore_));
+    MusterPress press;
+    QEventLoop loop;
+    dialog.pressed = [&](const MusterPress& answer) {
+        press = answer;
+        loop.exit(1);
+    };
+    dialog.show();
+    const bool answered = loop.exec() == 1;
+    dialog.pressed = {};
+    if (press.button == MusterButton::Done)
+        dialog.hide();
+    if (!answered)  // the program ends
+        throw CharacterScrapped();
+    return press;
+}
+
+}  // namespace korvane::ui

@@ -1,0 +1,64 @@
+// The player at the screen: puts each question as a modal dialog and waits for the answer.
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "character/KVNDeclare.h"
+#include "ui/kvn_end_term.h"
+#include "ui/kvn_muster.h"
+#include "ui/kvn_tables.h"
+#include "ui/kvn_transfer.h"
+#include "ui/slist1.h"
+#include "ui/spickbox.h"
+
+namespace korvane::ui {
+
+// Dialogs are made on first use and used again. What the player closes without an answer throws CharacterScrapped, once
+// confirmed.
+class DialogPlayer : public Player {
+  public:
+    // The dialogs belong to `window`; `session` tells what they show beside their question and is never changed.
+    DialogPlayer(const Session& session, QWidget& window);
+
+    // Called before a dialog is shown, so that the window behind it shows what has happened.
+    std::function<void()> beforeDialog;
+    // Called as soon as the player changes a box in the end-of-term dialog.
+    std::function<void(const Options&)> optionsChanged;
+
+    // Hides the dialog that stays open between its presses; for the end of a generation, whatever ended it.
+    void Finish();
+
+    int Choose(const ChoiceQuestion& question) override;
+    std::vector<int> Select(const ListQuestion& question) override;
+    bool Ask(const YesNoQuestion& question) override;
+    void Tell(const Notice& notice) override;
+    int PickTable(const TableQuestion& question) override;
+    EndOfTermAnswer EndOfTerm(const EndOfTermQuestion& question) override;
+    std::optional<TransferAnswer> Transfer(const TransferQuestion& question) override;
+    MusterPress Muster(const MusterQuestion& question) override;
+
+  private:
+    // The dialog, made if need be, with the window told that it comes.
+    template <typename Dialog>
+    Dialog& Prepare(std::unique_ptr<Dialog>& dialog);
+    // Runs a dialog that needs an answer. Throws CharacterScrapped when there is none.
+    void RunNeeded(NeededDialog& dialog);
+    QString Title() const;
+    // The window that a message stands before.
+    QWidget* Front() const;
+    QStringList SkillTexts() const;
+    QStringList HistoryTexts(std::size_t from = 0) const;
+
+    const Session& session_;
+    QWidget& window_;
+    std::unique_ptr<SPICKBOX> choice_;
+    std::unique_ptr<SLIST1> list_;
+    std::unique_ptr<KVNTables> tables_;
+    std::unique_ptr<KVNEndTerm> endTerm_;
+    std::unique_ptr<KVNTransfer> transfer_;
+    std::unique_ptr<KVNMuster> muster_;
+    std::size_t historyBefore_ = 0;  // the lines when mustering out began
+};
+
+}  // namespace korvane::ui

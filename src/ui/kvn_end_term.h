@@ -1,0 +1,47 @@
+// The end of a term: on, out, elsewhere or all over again; and the options for the terms to come.
+#pragma once
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <array>
+
+#include "character/player.h"
+#include "ui/copy_list.h"
+#include "ui/dialog.h"
+#include "ui/option_boxes.h"
+
+namespace korvane::ui {
+
+// The keys 1 to 4 press the buttons.
+class KVNEndTerm : public NeededDialog {
+  public:
+    explicit KVNEndTerm(QWidget* parent);
+
+    // Called with the boxes as soon as the player changes one.
+    std::function<void(const Options&)> optionsChanged;
+
+    void SetQuestion(const EndOfTermQuestion& question);
+    void SetSkills(const QStringList& lines);
+    void SetHistory(const QStringList& lines);
+    EndOfTermAnswer Result() const { return {choice_, boxes_.Ticked()}; }
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    void LayOut();
+
+    QGroupBox options_;
+    OptionBoxes boxes_;
+    QLabel heading_;
+    QLabel skillsLabel_;
+    QLabel historyLabel_;
+    CopyList skills_;
+    CopyList history_;
+    std::array<QPushButton, 4> buttons_;
+    EndOfTermChoice choice_ = EndOfTermChoice::ReEnlist;
+};
+
+}  // namespace korvane::ui

@@ -1,0 +1,116 @@
+#include "ui/kvn_muster.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QVBoxLayout>
+#include <vector>
+
+#include "base/text.h"
+#include "ui/dialog.h"
+
+namespace korvane::ui {
+
+namespace {
+
+// In the order of their answers.
+constexpr std::array kCaptions = {"Cash", "Material", "3 Cash, rest Material", "Done"};
+constexpr std::array kNames = {"cash", "material", "threeCash", "done"};
+
+bool IsMoney(std::string_view result) {
+    return result.starts_with("Cr") && (result.size() == 2 || (result[2] >= '0' && result[2] <= '9'));
+}
+
+}  // namespace
+
+KVNMuster::KVNMuster(QWidget* parent)
+    : QDialog(parent),
+      gambler_("Use Gambler?"),
+      results_("Results"),
+      cash_("cashResults", tr("Results: cash")),
+      benefits_("materialResults", tr("Results: material benefits")),
+      history_("historyResults", tr("Results: history")) {
+    setObjectName("KVNMuster");
+    setModal(true);
+    rolls_.setObjectName("rolls");
+    bonuses_.setObjectName("bonuses");
+    gambler_.setObjectName("gambler");
+    for (std::size_t i = 0; i < buttons_.size(); ++i) {
+        buttons_.at(i).setText(kCaptions.at(i));
+        buttons_.at(i).setObjectName(kNames.at(i));
+        buttons_.at(i).setToolTip(tr("Key %1").arg(i + 1));
+        connect(&buttons_.at(i), &QPushButton::clicked, this, [this, i] { Press(static_cast<MusterButton>(i)); });
+    }
+    LayOut();
+}
+
+void KVNMuster::LayOut() {
+    auto* const column = new QVBoxLayout(this);
+    column->addWidget(&rolls_);
+    column->addWidget(&bonuses_);
+    column->addWidget(&gambler_);
+    auto* const buttons = new QHBoxLayout;
+    for (auto& button : buttons_)
+        buttons->addWidget(&button);
+    column->addLayout(buttons);
+    column->addWidget(&results_);
+    auto* const lists = new QHBoxLayout;
+    lists->addWidget(&cash_, 2);
+    lists->addWidget(&benefits_, 3);
+    lists->addWidget(&history_, 4);
+    column->addLayout(lists, 1);
+    resize(fontMetrics().averageCharWidth() * 96, fontMetrics().lineSpacing() * 22);
+}
+
+void KVNMuster::SetQuestion(const MusterQuestion& question) {
+    rolls_.setText(ToQt(Concat("Muster Out for ", question.career, " ", question.rolls, " rolls remaining")));
+    bonuses_.setText(ToQt(Concat(question.bonuses, " times you can add +1")));
+    gambler_.setEnabled(question.gamblerEnabled);
+    if (!question.gamblerEnabled)
+        gambler_.setChecked(false);
+    const std::array enabled = {question.cashEnabled, question.materialEnabled, question.threeCashEnabled, true};
+    for (std::size_t i = 0; i < buttons_.size(); ++i)
+        buttons_.at(i).setEnabled(enabled.at(i));
+    std::vector<std::string_view> money;
+    std::vector<std::string_view> benefits;
+    for (const auto& result : question.results)
+        (IsMoney(result) ? money : benefits).push_back(result);
+    cash_.SetLines(money);
+    benefits_.SetLines(benefits);
+    cash_.scrollToBottom();
+    benefits_.scrollToBottom();
+    if (!buttons_.front().isEnabled() && !buttons_[1].isEnabled())
+        buttons_.back().setFocus();
+}
+
+void KVNMuster::SetHistory(const QStringList& lines) {
+    history_.clear();
+    history_.addItems(lines);
+    history_.scrollToBottom();
+}
+
+void KVNMuster::Press(MusterButton button) {
+    if (pressed)
+        pressed({button, gambler_.isChecked()});
+}
+
+void KVNMuster::reject() {
+    Press(MusterButton::Done);
+}
+
+void KVNMuster::keyPressEvent(QKeyEvent* event) {
+    const int digit = DigitOf(*event);
+    if (digit >= 1 && digit <= static_cast<int>(buttons_.size()))
+        buttons_.at(static_cast<std::size_t>(digit - 1)).click();
+    else
+        QDialog::keyPressEvent(event);
+}
+
+void KVNMuster::showEvent(QShowEvent* event) {
+    gambler_.setChecked(false);
+    buttons_.front().isEnabled() ? buttons_.front().setFocus() : buttons_.back().setFocus();
+    CenterOnScreen(*this);
+    QDialog::showEvent(event);
+}
+
+}  // namespace korvane::ui

@@ -1,0 +1,48 @@
+// Mustering out: the player spends the benefit rolls, one press after another.
+#pragma once
+
+#include <QCheckBox>
+#include <QDialog>
+#include <QLabel>
+#include <QPushButton>
+#include <array>
+#include <functional>
+
+#include "character/player.h"
+#include "ui/copy_list.h"
+
+namespace korvane::ui {
+
+// Stays open between the presses. Closing it is "Done". The keys 1 to 4 press the buttons.
+class KVNMuster : public QDialog {
+  public:
+    explicit KVNMuster(QWidget* parent);
+
+    // Called at each press of a button.
+    std::function<void(const MusterPress&)> pressed;
+
+    void SetQuestion(const MusterQuestion& question);
+    // What the history has said since the dialog opened.
+    void SetHistory(const QStringList& lines);
+
+    void reject() override;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    void LayOut();
+    void Press(MusterButton button);
+
+    QLabel rolls_;
+    QLabel bonuses_;
+    QCheckBox gambler_;
+    std::array<QPushButton, 4> buttons_;
+    QLabel results_;
+    CopyList cash_;
+    CopyList benefits_;
+    CopyList history_;
+};
+
+}  // namespace korvane::ui

@@ -1,0 +1,79 @@
+#include "ui/kvn_tables.h"
+
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <algorithm>
+
+namespace korvane::ui {
+
+KVNTables::KVNTables(QWidget* parent)
+    : NeededDialog(parent), heldLabel_(tr("Currently Held")), held_("held", tr("Currently Held")) {
+    setObjectName("KVNTables");
+    instruction_.setObjectName("instruction");
+    heldLabel_.setBuddy(&held_);
+    grid_ = new QGridLayout(this);
+    for (int number = 1; number <= kColumns; ++number) {
+        auto& column = columns_.at(static_cast<std::size_t>(number - 1));
+        column = MakeColumn(number);
+        grid_->addWidget(column.button, 0, number - 1);
+        grid_->addWidget(column.rows, 1, number - 1);
+        grid_->setColumnStretch(number - 1, 1);
+    }
+    grid_->addWidget(&instruction_, 2, 0, 1, kColumns, Qt::AlignHCenter);
+    grid_->addWidget(&heldLabel_, 3, 0, 1, kColumns);
+    grid_->addWidget(&held_, 4, 0, 1, kColumns);
+    grid_->setRowStretch(1, 2);
+    grid_->setRowStretch(4, 1);
+    resize(fontMetrics().averageCharWidth() * 120, fontMetrics().lineSpacing() * 26);
+}
+
+KVNTables::Column KVNTables::MakeColumn(int number) {
+    auto* const button = new QPushButton(this);
+    button->setObjectName(QString("table%1").arg(number));
+    button->setToolTip(tr("Key %1").arg(number));
+    connect(button, &QPushButton::clicked, this, [this, number] {
+        picked_ = number;
+        accept();
+    });
+    auto* const rows = new CopyList(QString("rows%1").arg(number), {}, this);
+    rows->setFocusPolicy(Qt::ClickFocus);
+    return {button, rows};
+}
+
+void KVNTables::SetQuestion(const TableQuestion& question) {
+    picked_ = 0;
+    instruction_.setText(ToQt(question.instruction));
+    for (int number = 1; number <= kColumns; ++number)
+        ShowColumn(number, question.columns.at(static_cast<std::size_t>(number)));
+    columns_.front().button->setFocus();
+}
+
+// A column that holds nothing takes no room.
+void KVNTables::ShowColumn(int number, const TableColumn& content) {
+    const auto& column = columns_.at(static_cast<std::size_t>(number - 1));
+    const bool empty = content.caption.empty() && content.rows.empty();
+    column.button->setText(ToCaption(content.caption));
+    column.button->setEnabled(content.enabled);
+    column.button->setVisible(!empty);
+    column.rows->SetLines(content.rows);
+    column.rows->setEnabled(content.enabled);
+    column.rows->setVisible(!empty);
+    column.rows->setAccessibleName(empty ? tr("Unused table") : ToQt(content.caption));
+    column.button->setAccessibleName(empty ? tr("Unused table") : ToQt(content.caption));
+    grid_->setColumnStretch(number - 1, empty ? 0 : 1);
+}
+
+void KVNTables::SetHeldSkills(const QStringList& lines) {
+    held_.clear();
+    held_.addItems(lines);
+}
+
+void KVNTables::keyPressEvent(QKeyEvent* event) {
+    const int digit = DigitOf(*event);
+    if (digit >= 1 && digit <= kColumns)
+        columns_.at(static_cast<std::size_t>(digit - 1)).button->click();
+    else
+        NeededDialog::keyPressEvent(event);
+}
+
+}  // namespace korvane::ui

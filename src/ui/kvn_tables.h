@@ -1,0 +1,46 @@
+// The skill tables of the career and the assignment, side by side: the player picks the one to roll on.
+#pragma once
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <array>
+
+#include "character/player.h"
+#include "ui/copy_list.h"
+#include "ui/dialog.h"
+
+namespace korvane::ui {
+
+// The keys 1 to 6 press the buttons of the columns.
+class KVNTables : public NeededDialog {
+  public:
+    explicit KVNTables(QWidget* parent);
+
+    void SetQuestion(const TableQuestion& question);
+    void SetHeldSkills(const QStringList& lines);
+    // The column that was pressed, counted from 1.
+    int picked() const { return picked_; }
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    struct Column {
+        QPushButton* button;
+        CopyList* rows;
+    };
+    static constexpr int kColumns = 6;
+
+    Column MakeColumn(int number);
+    void ShowColumn(int number, const TableColumn& content);
+
+    QGridLayout* grid_ = nullptr;
+    std::array<Column, kColumns> columns_{};
+    QLabel instruction_;
+    QLabel heldLabel_;
+    CopyList held_;
+    int picked_ = 0;
+};
+
+}  // namespace korvane::ui

@@ -1,0 +1,91 @@
+#include "ui/kvn_transfer.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+
+#include "ui/qt_text.h"
+
+namespace korvane::ui {
+
+KVNTransfer::KVNTransfer(QWidget* parent)
+    : NeededDialog(parent),
+      heading_("Select Transfer Career and Assignment"),
+      notice_(
+          "Your character either has to move jobs or end his career and muster out. Select a new Career and "
+          "Assignment."),
+      careerLabel_("Career"),
+      assignmentLabel_("Assignment"),
+      accept_("Accept"),
+      endCareer_("End Career") {
+    setObjectName("KVNTransfer");
+    heading_.setObjectName("heading");
+    auto font = heading_.font();
+    font.setBold(true);
+    heading_.setFont(font);
+    notice_.setObjectName("notice");
+    notice_.setWordWrap(true);
+    career_.setObjectName("career");
+    career_.setAccessibleName(careerLabel_.text());
+    career_.setPlaceholderText(tr("Select a career"));
+    assignment_.setObjectName("assignment");
+    assignment_.setAccessibleName(assignmentLabel_.text());
+    assignment_.setPlaceholderText(tr("Select an assignment"));
+    accept_.setObjectName("accept");
+    endCareer_.setObjectName("endCareer");
+    connect(&career_, &QComboBox::activated, this, [this] {
+        accept_.setEnabled(true);
+        if (careerChosen)
+            careerChosen(career_.currentText());
+    });
+    connect(&accept_, &QPushButton::clicked, this, &QDialog::accept);
+    connect(&endCareer_, &QPushButton::clicked, this, [this] {
+        ended_ = true;
+        accept();
+    });
+    LayOut();
+}
+
+void KVNTransfer::LayOut() {
+    careerLabel_.setBuddy(&career_);
+    assignmentLabel_.setBuddy(&assignment_);
+    auto* const grid = new QGridLayout(this);
+    grid->addWidget(&heading_, 0, 0, 1, 2);
+    grid->addWidget(&careerLabel_, 1, 0);
+    grid->addWidget(&career_, 1, 1);
+    grid->addWidget(&assignmentLabel_, 2, 0);
+    grid->addWidget(&assignment_, 2, 1);
+    grid->addWidget(&notice_, 3, 0, 1, 2);
+    grid->setColumnStretch(1, 1);
+    grid->setRowStretch(3, 1);
+    auto* const buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(&accept_);
+    buttons->addWidget(&endCareer_);
+    grid->addLayout(buttons, 4, 0, 1, 2);
+    resize(fontMetrics().averageCharWidth() * 66, sizeHint().height());
+}
+
+void KVNTransfer::SetQuestion(const TransferQuestion& question) {
+    ended_ = false;
+    career_.clear();
+    for (const auto& name : question.careers)
+        career_.addItem(ToQt(name));
+    career_.setCurrentIndex(-1);
+    assignment_.clear();
+    accept_.setEnabled(false);
+    career_.setFocus();
+}
+
+void KVNTransfer::SetAssignments(const QStringList& names) {
+    assignment_.clear();
+    assignment_.addItems(names);
+    assignment_.setCurrentIndex(-1);
+}
+
+std::optional<TransferAnswer> KVNTransfer::Result() const {
+    if (ended_)
+        return std::nullopt;
+    return TransferAnswer{career_.currentText().toStdString(), assignment_.currentText().toStdString()};
+}
+
+}  // namespace korvane::ui

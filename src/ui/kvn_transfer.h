@@ -1,0 +1,42 @@
+// The next career, or the end of all careers.
+#pragma once
+
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <functional>
+
+#include "character/player.h"
+#include "ui/dialog.h"
+
+namespace korvane::ui {
+
+// "Accept" needs a career; without an assignment the career's first one is meant.
+class KVNTransfer : public NeededDialog {
+  public:
+    explicit KVNTransfer(QWidget* parent);
+
+    // No career is chosen afterwards.
+    void SetQuestion(const TransferQuestion& question);
+    // Nothing for "End Career".
+    std::optional<TransferAnswer> Result() const;
+
+    // Called when a career is chosen, to list its assignments. An exception of it must not pass through here.
+    std::function<void(const QString& career)> careerChosen;
+    void SetAssignments(const QStringList& names);
+
+  private:
+    void LayOut();
+
+    QLabel heading_;
+    QLabel notice_;
+    QLabel careerLabel_;
+    QLabel assignmentLabel_;
+    QComboBox career_;
+    QComboBox assignment_;
+    QPushButton accept_;
+    QPushButton endCareer_;
+    bool ended_ = false;
+};
+
+}  // namespace korvane::ui

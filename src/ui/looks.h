@@ -1,0 +1,15 @@
+// How the program looks where the toolkit's defaults don't read well.
+#pragma once
+
+#include <QPalette>
+
+namespace korvane::ui {
+
+// Whether texts are light on a dark ground.
+bool IsDark(const QPalette& palette);
+// A dark palette, for desktops that have none of their own.
+QPalette DarkPalette();
+// Makes tick boxes and radio buttons stand out on a dark ground.
+void MendPalette();
+
+}  // namespace korvane::ui

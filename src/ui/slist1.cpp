@@ -1,0 +1,182 @@
+#include "ui/slist1.h"
+
+#include <QHBoxLayout>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QScreen>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "ui/dialog.h"
+#include "ui/qt_text.h"
+
+namespace korvane::ui {
+
+namespace {
+
+void SetUpLimit(QLineEdit& field, const QString& name) {
+    field.setObjectName(name.toLower());
+    field.setAccessibleName(name);
+    field.setReadOnly(true);
+    field.setFocusPolicy(Qt::ClickFocus);
+    field.setMaximumWidth(field.fontMetrics().averageCharWidth() * 8);
+}
+
+// A limit is at least 1.
+void RaiseLimit(QLineEdit& field) {
+    if (field.text().toInt() < 1)
+        field.setText("1");
+}
+
+}  // namespace
+
+SLIST1::SLIST1(QWidget* parent)
+    : QDialog(parent),
+      ok_(tr("OK")),
+      cancel_(tr("Cancel")),
+      selectAll_(tr("Select &All")),
+      clear_(tr("C&lear")),
+      find_(tr("&Find...")) {
+    setObjectName("SLIST1");
+    setModal(true);
+    prompt_.setObjectName("prompt");
+    prompt_.setWordWrap(true);
+    count_.setObjectName("count");
+    list_.setObjectName("items");
+    list_.setSelectionMode(QAbstractItemView::MultiSelection);
+    SetUpLimit(minimum_, tr("Minimum"));
+    SetUpLimit(maximum_, tr("Maximum"));
+    LayOut();
+    ConnectAll();
+    resize(fontMetrics().averageCharWidth() * 64, fontMetrics().lineSpacing() * 26);
+}
+
+void SLIST1::LayOut() {
+    auto* const column = new QVBoxLayout(this);
+    column->addWidget(&prompt_);
+    auto* const limits = new QHBoxLayout;
+    limits->addWidget(new QLabel(tr("Minimum"), this));
+    limits->addWidget(&minimum_);
+    limits->addWidget(new QLabel(tr("Maximum"), this));
+    limits->addWidget(&maximum_);
+    limits->addStretch();
+    limits->addWidget(&count_);
+    column->addLayout(limits);
+    column->addWidget(&list_, 1);
+    auto* const buttons = new QHBoxLayout;
+    for (auto* const button : {&ok_, &cancel_, &selectAll_, &clear_, &find_})
+        buttons->addWidget(button);
+    column->addLayout(buttons);
+    ok_.setObjectName("ok");
+    cancel_.setObjectName("cancel");
+    selectAll_.setObjectName("selectAll");
+    clear_.setObjectName("clear");
+    find_.setObjectName("find");
+    ok_.setDefault(true);
+}
+
+void SLIST1::ConnectAll() {
+    connect(&ok_, &QPushButton::clicked, this, &SLIST1::Accept);
+    connect(&cancel_, &QPushButton::clicked, this, &SLIST1::reject);
+    connect(&selectAll_, &QPushButton::clicked, this, [this] { MarkAllContaining({}); });
+    connect(&clear_, &QPushButton::clicked, this, &SLIST1::Clear);
+    connect(&find_, &QPushButton::clicked, this, &SLIST1::Find);
+    connect(&list_, &QListWidget::itemSelectionChanged, this, &SLIST1::ShowCount);
+    connect(&list_, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* item) {
+        // The first of the two clicks may have unmarked the item that is meant.
+        item->setSelected(true);
+        Accept();
+    });
+}
+
+void SLIST1::SetQuestion(const ListQuestion& question) {
+    const auto prompt = ToQt(question.prompt);
+    setWindowTitle(prompt);
+    prompt_.setText(prompt);
+    list_.setAccessibleName(prompt);
+    maximum_.setText(QString::number(question.maximum));
+    minimum_.setText(QString::number(question.minimum));
+    list_.clear();
+    for (const auto item : question.items)
+        list_.addItem(ToQt(item));
+    Clear();
+    ShowCount();
+    list_.setFocus();
+}
+
+std::vector<int> SLIST1::Marked() const {
+    std::vector<int> marked;
+    for (int row = 0; row < list_.count(); ++row)
+        if (list_.item(row)->isSelected())
+            marked.push_back(row + 1);
+    return marked;
+}
+
+void SLIST1::Accept() {
+    const auto count = list_.selectedItems().size();
+    if (count == 0)
+        ShowMessage("No items selected");
+    else if (count > maximum_.text().toInt())
+        ShowMessage("Too many items selected; limit is " + maximum_.text());
+    else if (count < minimum_.text().toInt())
+        ShowMessage("Too few items selected; minimum is " + minimum_.text());
+    else
+        accept();
+}
+
+void SLIST1::reject() {
+    Clear();
+    QDialog::reject();
+}
+
+void SLIST1::Clear() {
+    list_.selectionModel()->clear();
+}
+
+void SLIST1::Find() {
+    auto* const input = new QInputDialog(this);
+    input->setObjectName("findInput");
+    input->setAttribute(Qt::WA_DeleteOnClose);
+    input->setWindowTitle(windowTitle());
+    input->setLabelText("Select all entries containing this string");
+    connect(input, &QInputDialog::textValueSelected, this, [this](const QString& text) {
+        if (!text.isEmpty())
+            MarkAllContaining(text);
+    });
+    input->open();
+}
+
+// Marked items stay marked. The last one becomes current, as by a click.
+void SLIST1::MarkAllContaining(const QString& text) {
+    for (int row = 0; row < list_.count(); ++row) {
+        if (!list_.item(row)->text().contains(text, Qt::CaseInsensitive))
+            continue;
+        list_.setCurrentRow(row, QItemSelectionModel::NoUpdate);
+        list_.item(row)->setSelected(true);
+    }
+}
+
+void SLIST1::ShowCount() {
+    count_.setText(tr("%1 selected").arg(list_.selectedItems().size()));
+}
+
+void SLIST1::ShowMessage(const QString& text) {
+    auto* const box = new QMessageBox(QMessageBox::NoIcon, windowTitle(), text, QMessageBox::Ok, this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+}
+
+void SLIST1::showEvent(QShowEvent* event) {
+    RaiseLimit(maximum_);
+    RaiseLimit(minimum_);
+    LimitSize();
+    QDialog::showEvent(event);
+}
+
+void SLIST1::LimitSize() {
+    const auto screen_size = this->screen()->availableGeometry().size();
+    resize(std::min(width(), screen_size.width() / 2), std::min(height(), screen_size.height() * 3 / 4));
+    CenterOnScreen(*this);
+}
+
+}  // namespace korvane::ui

@@ -1,0 +1,55 @@
+// A choice of several items of a list.
+#pragma once
+
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <vector>
+
+#include "character/player.h"
+
+namespace korvane::ui {
+
+// The player marks items between the minimum and the maximum; Space marks the current item, Enter and a double click
+// act as "OK". Closing it acts as "Cancel".
+class SLIST1 : public QDialog {
+  public:
+    explicit SLIST1(QWidget* parent);
+
+    // No item is marked afterwards, and none is current.
+    void SetQuestion(const ListQuestion& question);
+    // The marked items, counted from 1, ascending; none after "Cancel".
+    std::vector<int> Marked() const;
+
+    void reject() override;
+
+  protected:
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    void LayOut();
+    void ConnectAll();
+    void Accept();
+    void Clear();
+    void Find();
+    void MarkAllContaining(const QString& text);
+    void ShowCount();
+    void ShowMessage(const QString& text);
+    // Keeps the dialog within three quarters of the screen's height and half of its width.
+    void LimitSize();
+
+    QLabel prompt_;
+    QLineEdit minimum_;
+    QLineEdit maximum_;
+    QLabel count_;
+    QListWidget list_;
+    QPushButton ok_;
+    QPushButton cancel_;
+    QPushButton selectAll_;
+    QPushButton clear_;
+    QPushButton find_;
+};
+
+}  // namespace korvane::ui

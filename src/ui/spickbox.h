@@ -1,0 +1,34 @@
+// One choice among up to 24 alternatives: a button for each.
+#pragma once
+
+#include <QPushButton>
+#include <vector>
+
+#include "character/player.h"
+#include "ui/dialog.h"
+
+namespace korvane::ui {
+
+// The keys 1 to 9 press the first nine buttons.
+class SPICKBOX : public NeededDialog {
+  public:
+    explicit SPICKBOX(QWidget* parent);
+
+    void SetQuestion(const ChoiceQuestion& question);
+    // The alternative that was chosen, counted from 1.
+    int picked() const { return picked_; }
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    void AddButton();
+    // The width of the longest text, in characters of which each takes 100 twips, decides over all widths.
+    void Place(int longest);
+
+    std::vector<QPushButton*> buttons_;
+    int shown_ = 0;
+    int picked_ = 0;
+};
+
+}  // namespace korvane::ui
