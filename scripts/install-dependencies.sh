@@ -11,10 +11,23 @@ packages=(
     ccache              # makes repeated builds short
     nlohmann-json3-dev  # JSON: journals and character documents
     libcli11-dev        # the command line's arguments
+    qt6-base-dev        # the desktop program's windows
+    libqt6svg6          # draws its icon
+    fonts-dejavu-core   # a font, where there is none
     libgtest-dev        # tests
     libbenchmark-dev    # benchmarks
     clang-format        # the style
     clang-tidy          # what the compiler doesn't say
+    xvfb                # a display for the end-to-end test,
+    openbox             # its window manager,
+    xdotool             # its mouse and keyboard,
+    imagemagick         # and its screenshots
+    at-spi2-core        # the accessibility tree,
+    dbus-daemon         # the bus that it is on,
+    dbus-bin            # which is started for the test,
+    python3-pyatspi     # and who reads it
+    desktop-file-utils  # checks the desktop entry
+    appstream           # checks the metadata
 )
 
 missing=()

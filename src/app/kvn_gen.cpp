@@ -166,6 +166,9 @@ void KVNGen::LayOut() {
     boxes->addWidget(&options_);
     facts->addWidget(&optionsGroup_);
 
+    history_.FollowNewest();
+    skills_.setMinimumWidth(skills_.fontMetrics().averageCharWidth() * 24);
+    history_.setMinimumWidth(history_.fontMetrics().averageCharWidth() * 40);
     splitter_.setObjectName("splitter");
     splitter_.setChildrenCollapsible(false);
     splitter_.addWidget(left);
@@ -173,7 +176,7 @@ void KVNGen::LayOut() {
     splitter_.addWidget(Labelled("History", history_));
     splitter_.addWidget(right);
     // In characters. The history takes most of what a wide screen has to give.
-    constexpr std::array kWidths = {30, 26, 80, 36};
+    constexpr std::array kWidths = {30, 32, 80, 36};
     constexpr std::array kStretch = {0, 1, 4, 1};
     QList<int> sizes;
     for (int i = 0; i < splitter_.count(); ++i) {
@@ -247,6 +250,8 @@ void KVNGen::KeepCharacter() {
                                         AgeLabel(character), RankLabel(character, session_.assignment)};
     for (auto& line : CharacteristicLines(character))
         details.push_back(std::move(line));
+    for (auto* const label : {AlliesLabel, EnemiesLabel, ContactsLabel, RivalsLabel, MedicalDebtLabel})
+        details.push_back(label(character));
     for (auto& line : DetailLines(character))
         details.push_back(std::move(line));
     kept_ = {character, std::move(details)};

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QScrollBar>
 
 namespace korvane::ui {
 
@@ -27,6 +28,16 @@ QStringList CopyList::Lines() const {
     for (int row = 0; row < count(); ++row)
         lines << item(row)->text();
     return lines;
+}
+
+void CopyList::FollowNewest() {
+    const auto* const bar = verticalScrollBar();
+    connect(bar, &QScrollBar::valueChanged, this, [this, bar](int value) { atEnd_ = value == bar->maximum(); });
+    // Also when a resized window wraps the lines anew.
+    connect(bar, &QScrollBar::rangeChanged, this, [this] {
+        if (atEnd_)
+            scrollToBottom();
+    });
 }
 
 void CopyList::Copy() const {

@@ -23,12 +23,16 @@ class CopyList : public QListWidget {
         Truncate(row);
     }
     QStringList Lines() const;
+    // From now on the last line stays in view, until the player scrolls away from it.
+    void FollowNewest();
     // The marked lines, or all when none is marked, go to the clipboard.
     void Copy() const;
 
     QSize sizeHint() const override;
 
   private:
+    bool atEnd_ = true;
+
     void SetLine(int row, const QString& text);
     void Truncate(int count);
 };

@@ -49,9 +49,9 @@ KVNAbout::KVNAbout(const QString& programTitle, QWidget* parent)
         notice.setReadOnly(true);
         notice.setTabChangesFocus(true);
         notice.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-        constexpr int kLines = 4;
-        notice.setMinimumHeight(notice.fontMetrics().lineSpacing() * kLines);
-        column->addWidget(&notice, 1);
+        constexpr int kLines = 5;
+        notice.setFixedHeight(notice.fontMetrics().lineSpacing() * kLines);
+        column->addWidget(&notice);
     }
     auto* const buttons = new QHBoxLayout;
     buttons->addStretch();

@@ -7,8 +7,6 @@ namespace korvane::ui {
 
 // Whether texts are light on a dark ground.
 bool IsDark(const QPalette& palette);
-// A dark palette, for desktops that have none of their own.
-QPalette DarkPalette();
 // Makes tick boxes and radio buttons stand out on a dark ground.
 void MendPalette();
 

@@ -30,6 +30,13 @@ void RaiseLimit(QLineEdit& field) {
 
 }  // namespace
 
+void MarkList::focusInEvent(QFocusEvent* event) {
+    const bool had_current = currentIndex().isValid();
+    QListWidget::focusInEvent(event);
+    if (!had_current)
+        selectionModel()->clearCurrentIndex();
+}
+
 SLIST1::SLIST1(QWidget* parent)
     : QDialog(parent),
       ok_(tr("OK")),

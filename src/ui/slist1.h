@@ -12,6 +12,12 @@
 
 namespace korvane::ui {
 
+// A list that has no current item until the player moves to one.
+class MarkList : public QListWidget {
+  protected:
+    void focusInEvent(QFocusEvent* event) override;
+};
+
 // The player marks items between the minimum and the maximum; Space marks the current item, Enter and a double click
 // act as "OK". Closing it acts as "Cancel".
 class SLIST1 : public QDialog {
@@ -44,7 +50,7 @@ class SLIST1 : public QDialog {
     QLineEdit minimum_;
     QLineEdit maximum_;
     QLabel count_;
-    QListWidget list_;
+    MarkList list_;
     QPushButton ok_;
     QPushButton cancel_;
     QPushButton selectAll_;

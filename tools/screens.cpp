@@ -1,0 +1,172 @@
+// Takes a picture of each window: korvane_screens light|dark FOLDER. scripts/screenshots.sh runs it.
+
+#include <QApplication>
+#include <QDir>
+#include <QPushButton>
+#include <QTimer>
+#include <array>
+#include <iostream>
+#include <stdexcept>
+#include <string_view>
+#include <vector>
+
+#include "app/kvn_gen.h"
+#include "app/start_up.h"
+#include "base/places.h"
+#include "cli/players.h"
+#include "engine/selection.h"
+#include "skills/skill_tables.h"
+#include "ui/kvn_about.h"
+#include "ui/looks.h"
+#include "ui/message_boxes.h"
+
+namespace {
+
+using namespace korvane;
+
+constexpr std::uint64_t kSeed = 23;
+
+QPalette DarkPalette() {
+    QPalette palette(QColor(66, 66, 66), QColor(50, 50, 50));
+    palette.setColor(QPalette::Base, QColor(35, 35, 35));
+    palette.setColor(QPalette::AlternateBase, QColor(46, 46, 46));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText})
+        palette.setColor(role, QColor(235, 235, 235));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(140, 140, 140));
+    palette.setColor(QPalette::Highlight, QColor(64, 116, 168));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::PlaceholderText, QColor(170, 170, 170));
+    return palette;
+}
+
+class Camera {
+  public:
+    explicit Camera(QString folder) : folder_(std::move(folder)) {}
+
+    void Take(QWidget& window, const QString& name) const {
+        QApplication::processEvents();
+        const auto file = QDir(folder_).filePath(name + ".png");
+        if (!window.grab().save(file))
+            qFatal("can't write %s", qPrintable(file));
+    }
+    // Takes the dialog that `ask` shows, and closes it.
+    template <typename Ask>
+    void TakeDialog(const QString& name, const Ask& ask) const {
+        QTimer::singleShot(50, [&] {
+            auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            if (dialog == nullptr)
+                qFatal("no dialog for %s", qPrintable(name));
+            Take(*dialog, name);
+            dialog->done(ui::NeededDialog::kScrapped);
+        });
+        try {
+            ask();
+        } catch (const CharacterScrapped&) {
+            return;  // how a dialog that needs an answer takes its end
+        }
+    }
+
+  private:
+    QString folder_;
+};
+
+// A life that was lived automatically, shown in the window. Returns the finished character.
+CharacterRecord LiveInWindow(Session& session, KVNGen& window) {
+    cli::PolicyPlayer policy(RandomStream(kSeed), 6);
+    auto* const player = std::exchange(session.seams.player, &policy);
+    session.options.Set(Option::AutomaticGeneration);
+    session.options.Set(Option::SortSkillsByValue);
+    LoadCareer(session, "Imperial Human", "Scout");
+    window.Refresh();
+    CharacterRecord finished;
+    window.characterFinished = [&] { finished = session.character; };
+    window.findChild<QPushButton*>("startCareer")->click();
+    session.seams.player = player;
+    return finished;
+}
+
+void TakeChoices(Player& player, const Camera& camera) {
+    const std::array<std::string_view, 3> careers = {"Enlist Immediately", "University", "Military Academy"};
+    camera.TakeDialog("choice", [&] { player.Choose({"Select Pre-Career Education", careers}); });
+    const std::array<std::string_view, 8> skills = {"Admin-0",       "Athletics-0", "Carouse-0", "Drive-0",
+                                                    "Electronics-0", "Medic-0",     "Recon-0",   "Vacc Suit-0"};
+    camera.TakeDialog("list", [&] { player.Select({"Select 3 background skills", 3, 3, skills}); });
+    camera.TakeDialog("question", [&] { player.Ask({"Ordered on Black Ops against conscience. Accept?"}); });
+    camera.TakeDialog("notice", [&] {
+        player.Tell({"You have been ejected from this career following a Mishap", Icon::Exclamation});
+    });
+}
+
+void TakeCareerDialogs(Session& session, Player& player, const Camera& camera) {
+    session.options = {};
+    camera.TakeDialog("tables", [&] { ChooseSkillTable(session); });
+    camera.TakeDialog("end-of-term", [&] { player.EndOfTerm({4, session.options}); });
+    auto& data = session.data;
+    camera.TakeDialog("transfer", [&] {
+        player.Transfer({*session.selection.careers, [&](std::string_view career) {
+                             return data.TransferAssignmentNames(session.selection.race, career);
+                         }});
+    });
+    const std::vector<std::string> results = {"Cr20,000", "Cr50,000", "Weapon", "2 Ship Shares"};
+    MusterQuestion muster;
+    muster.career = "Scout";
+    muster.rolls = 2;
+    muster.bonuses = 1;
+    muster.results = results;
+    muster.threeCashEnabled = false;
+    QTimer::singleShot(100, [&] {
+        auto& dialog = *QApplication::activeModalWidget();
+        camera.Take(dialog, "mustering-out");
+        dialog.findChild<QPushButton*>("done")->click();
+    });
+    player.Muster(muster);
+}
+
+int Run(const QString& folder) {
+    SeededDice dice(kSeed, 1);
+    Session session(DataFolder(HeldPath(KORVANE_RULES)), {});
+    KVNGen window(session);
+    session.seams = {&dice, &window.player(), &window};
+    session.programTitle = ProgramTitle(ProgramVersion(KORVANE_VERSION_MAJOR, KORVANE_VERSION_MINOR, 0));
+    const Camera camera(folder);
+    window.Load();
+    window.resize(1200, 750);
+    window.show();
+    camera.Take(window, "main-new");
+    const auto finished = LiveInWindow(session, window);
+    camera.Take(window, "main");
+    window.resize(1024, 670);
+    camera.Take(window, "main-1024");
+    TakeChoices(window.player(), camera);
+    session.character = finished;
+    TakeCareerDialogs(session, window.player(), camera);
+    camera.TakeDialog("about", [&] {
+        ui::KVNAbout about(window.windowTitle(), &window);
+        ui::RunModal(about);
+    });
+    camera.TakeDialog("error", [&] {
+        ui::ShowError(&window, window.windowTitle(), "rules/Imperial Human-Navy.ecf:14: expected a number, found \"x\"",
+                      "Korvane ends now.");
+    });
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    if (argc != 3) {
+        std::cerr << "usage: korvane_screens light|dark FOLDER\n";
+        return 1;
+    }
+    if (std::string_view(argv[1]) == "dark")
+        QApplication::setPalette(DarkPalette());
+    ui::MendPalette();
+    try {
+        return Run(argv[2]);
+    } catch (const std::exception& error) {
+        std::cerr << "korvane_screens: " << error.what() << '\n';
+        return 1;
+    }
+}
