@@ -10,10 +10,12 @@
 #include <string_view>
 #include <vector>
 
+#include "app/desktop_windows.h"
 #include "app/kvn_gen.h"
 #include "app/start_up.h"
 #include "base/places.h"
 #include "cli/players.h"
+#include "engine/mustering_out.h"
 #include "engine/selection.h"
 #include "skills/skill_tables.h"
 #include "ui/kvn_about.h"
@@ -108,19 +110,24 @@ void TakeCareerDialogs(Session& session, Player& player, const Camera& camera) {
                              return data.TransferAssignmentNames(session.selection.race, career);
                          }});
     });
-    const std::vector<std::string> results = {"Cr20,000", "Cr50,000", "Weapon", "2 Ship Shares"};
-    MusterQuestion muster;
-    muster.career = "Scout";
-    muster.rolls = 2;
-    muster.bonuses = 1;
-    muster.results = results;
-    muster.threeCashEnabled = false;
     QTimer::singleShot(100, [&] {
-        auto& dialog = *QApplication::activeModalWidget();
-        camera.Take(dialog, "mustering-out");
-        dialog.findChild<QPushButton*>("done")->click();
+        const auto press = [](const char* name) {
+            QApplication::activeModalWidget()->findChild<QPushButton*>(name)->click();
+            QApplication::processEvents();
+        };
+        QTimer::singleShot(100, [&, press] {
+            QTimer::singleShot(100, [&, press] {
+                camera.Take(*QApplication::activeModalWidget(), "mustering-out");
+                session.character.MusterRolls = 0;  // nothing to abandon
+                press("done");
+            });
+            press("material");
+        });
+        press("cash");
     });
-    player.Muster(muster);
+    session.character.TermsInCareer = 5;
+    session.character.MusterBonusCount = 0;
+    MusterOut(session);
 }
 
 int Run(const QString& folder) {
@@ -129,7 +136,7 @@ int Run(const QString& folder) {
     KVNGen window(session);
     session.seams = {&dice, &window.player(), &window};
     session.programTitle = ProgramTitle(ProgramVersion(KORVANE_VERSION_MAJOR, KORVANE_VERSION_MINOR, 0));
-    const Camera camera(folder);
+    const Camera camera(QDir(folder).absolutePath());
     window.Load();
     window.resize(1200, 750);
     window.show();
@@ -141,6 +148,9 @@ int Run(const QString& folder) {
     TakeChoices(window.player(), camera);
     session.character = finished;
     TakeCareerDialogs(session, window.player(), camera);
+    DesktopWindows windows(session, window);
+    QDir::setCurrent(KORVANE_RULES);
+    camera.TakeDialog("first-run", [&] { windows.ChooseRaceFile("Imperial Human.eri"); });
     camera.TakeDialog("about", [&] {
         ui::KVNAbout about(window.windowTitle(), &window);
         ui::RunModal(about);

@@ -4,6 +4,8 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QProcess>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <QUrl>
 
 #include "base/places.h"
@@ -20,6 +22,9 @@ void DesktopWindows::ShowMessage(std::string_view text, Icon icon) {
 }
 
 std::optional<std::string> DesktopWindows::ChooseRaceFile(std::string_view proposedName) {
+    // The toolkit would keep the dialog's folders and its size; the program keeps nothing of the kind.
+    const QTemporaryDir nowhere;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, nowhere.path());
     QFileDialog dialog(nullptr, ToQt(session_.programTitle), QDir::currentPath(), "Korvane Race files (*.eri)");
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.setDefaultSuffix("eri");
@@ -42,7 +47,8 @@ void DesktopWindows::EditFile(std::string_view path) {
     });
     editor.startDetached();
 #else
-    QDesktopServices::openUrl(QUrl::fromLocalFile(file));
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(file)))
+        ui::ShowMessage(nullptr, ToQt(session_.programTitle), file, Icon::None);  // where the player finds it
 #endif
 }
 

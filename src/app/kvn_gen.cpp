@@ -190,6 +190,8 @@ void KVNGen::LayOut() {
     frame->addWidget(&splitter_);
     setCentralWidget(central);
     statusBar()->setSizeGripEnabled(false);
+    status_.setObjectName("status");
+    statusBar()->addWidget(&status_, 1);
     const auto room = screen()->availableGeometry().size();
     resize(std::min(room.width() * 9 / 10, fontMetrics().averageCharWidth() * 190),
            std::min(room.height() * 9 / 10, fontMetrics().lineSpacing() * 50));
@@ -197,16 +199,9 @@ void KVNGen::LayOut() {
 
 void KVNGen::SetUpHandlers() {
     player_.beforeDialog = [this] { Refresh(); };
-    player_.optionsChanged = [this](const Options& options) {
-        TakeOptions(options);
-        Refresh();
-    };
-    options_.changed = [this](const Options& options) {
-        TakeOptions(options);
-        Refresh();
-    };
-    connect(&race_, &QComboBox::activated, this,
-            [this] { Guard([this] { LoadRace(session_, race_.currentText().toStdString()); }); });
+    player_.optionsChanged =
+        options_.changed = [this](const Options& options) { Guard([&] { TakeOptions(options); }); };
+    connect(&race_, &QComboBox::activated, this, [this] { Guard([this] { SelectRace(); }); });
     connect(&career_, &QComboBox::activated, this, [this] {
         Guard([this] { LoadCareer(session_, session_.selection.race, career_.currentText().toStdString()); });
     });
@@ -263,6 +258,11 @@ void KVNGen::EnableStart() {
     roll_.setEnabled(!selection.race.empty());
 }
 
+void KVNGen::SelectRace() {
+    LoadRace(session_, race_.currentText().toStdString());
+    afterError_ = false;
+}
+
 void KVNGen::Roll() {
     session_.method = true2D_.isChecked() ? RollingMethod::True2D : RollingMethod::Roll3Drop1;
     Guard([this] {
@@ -274,7 +274,7 @@ void KVNGen::Roll() {
 void KVNGen::StartCareer() {
     Say(tr("A career is running."));
     Guard([this] { RunToTheEnd(); });
-    player_.Finish();
+    player_.Finish();  // a scrapped character's mustering out may still be open
     history_.setFocus();
 }
 
@@ -285,12 +285,14 @@ void KVNGen::RunToTheEnd() {
     if (std::exchange(afterError_, false))
         StartNewCharacter(session_);
     bool finished = false;
+    afterError_ = true;
     RunCareer(session_, [&] {
         finished = true;
         Refresh();
         if (characterFinished)
             characterFinished();
     });
+    afterError_ = false;
     Say(finished ? tr("The character is finished. The statistics are already the next one's.")
                  : tr("The character was scrapped. The statistics are the next one's."));
 }
@@ -309,7 +311,7 @@ void KVNGen::ScrapAndRestart() {
 }
 
 void KVNGen::Say(const QString& text) {
-    statusBar()->showMessage(text);
+    status_.setText(text);
 }
 
 void KVNGen::ShowAbout() {
@@ -328,7 +330,7 @@ void KVNGen::Guard(const std::function<void()>& action) {
         action();
         Refresh();
     } catch (const RuleError& error) {
-        afterError_ = true;
+        player_.Finish();
         Refresh();
         Say(tr("An error stopped the generation."));
         ui::ShowError(this, windowTitle(), ToQt(error.what()),
@@ -340,6 +342,7 @@ void KVNGen::Guard(const std::function<void()>& action) {
 }
 
 void KVNGen::EndProgram(const QString& error) {
+    player_.Finish();
     Refresh();
     const bool living = session_.character.TermsTotal > 0;
     ui::ShowError(this, windowTitle(), error,
@@ -361,7 +364,7 @@ void KVNGen::Refresh() {
         history_.SetLines(ShownCharacter().History.lines());
         history_.scrollToBottom();
     }
-    if (changes.summary)
+    if (changes.summary || changes.selection)  // the rank's title is the assignment's
         ShowLabels();
     if (changes.summary || changes.history || changes.skills)
         ShowDetails();

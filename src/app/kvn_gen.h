@@ -54,6 +54,7 @@ class KVNGen : public QMainWindow, public Display {
     void SetUpHandlers();
     void LayOut();
 
+    void SelectRace();
     void Roll();
     void StartCareer();
     void RunToTheEnd();
@@ -123,6 +124,7 @@ class KVNGen : public QMainWindow, public Display {
     QLabel rivals_;
     QLabel medicalDebt_;
     ui::CopyList details_;
+    QLabel status_;
 };
 
 }  // namespace korvane

@@ -1,5 +1,5 @@
 // The file boundary: the one place that knows how files are found, read and replaced, and what the environment says.
-// Paths are held as on the program's first system: "\" separates. They become native paths only here.
+// Paths are held as the configuration file holds them: "\" separates. They become native paths only here.
 #pragma once
 
 #include <filesystem>

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QScrollBar>
 
 namespace korvane::ui {
@@ -52,6 +53,13 @@ QSize CopyList::sizeHint() const {
     // The standard hint takes a wide list for granted; layouts give what there is.
     const auto unit = fontMetrics().averageCharWidth();
     return {unit * 22, fontMetrics().lineSpacing() * 6};
+}
+
+void CopyList::keyPressEvent(QKeyEvent* event) {
+    if (event->key() >= Qt::Key_0 && event->key() <= Qt::Key_9)
+        event->ignore();
+    else
+        QListWidget::keyPressEvent(event);
 }
 
 void CopyList::SetLine(int row, const QString& text) {

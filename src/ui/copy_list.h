@@ -30,6 +30,10 @@ class CopyList : public QListWidget {
 
     QSize sizeHint() const override;
 
+  protected:
+    // Digits are left to the dialog, which may have buttons for them.
+    void keyPressEvent(QKeyEvent* event) override;
+
   private:
     bool atEnd_ = true;
 

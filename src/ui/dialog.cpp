@@ -27,7 +27,9 @@ void NeededDialog::reject() {
 
 int DigitOf(const QKeyEvent& event) {
     const int digit = event.key() - Qt::Key_0;
-    return digit >= 1 && digit <= 9 && (event.modifiers() & ~Qt::KeypadModifier) == 0 ? digit : 0;
+    // A key that is held down must not answer what comes next.
+    return !event.isAutoRepeat() && digit >= 1 && digit <= 9 && (event.modifiers() & ~Qt::KeypadModifier) == 0 ? digit
+                                                                                                               : 0;
 }
 
 }  // namespace korvane::ui

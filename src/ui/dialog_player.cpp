@@ -2,6 +2,7 @@
 
 #include <QEventLoop>
 #include <exception>
+#include <utility>
 
 #include "character/summary.h"
 #include "ui/message_boxes.h"
@@ -24,16 +25,29 @@ QStringList ToList(const Texts& texts) {
 DialogPlayer::DialogPlayer(const Session& session, QWidget& window) : session_(session), window_(window) {}
 
 void DialogPlayer::Finish() {
+    mayAbandon_ = false;
     if (muster_)
         muster_->hide();
 }
 
-template <typename Dialog>
-Dialog& DialogPlayer::Prepare(std::unique_ptr<Dialog>& dialog) {
+void DialogPlayer::Announce() {
     if (beforeDialog)
         beforeDialog();
+    if (muster_ && muster_->isVisible()) {
+        muster_->ShowState(session_.selection.career, session_.character.MusterRolls,
+                           session_.character.MusterBonusCount, session_.musterResults.lines());
+        muster_->SetHistory(HistoryTexts(historyBefore_));
+    }
+}
+
+template <typename Dialog>
+Dialog& DialogPlayer::Prepare(std::unique_ptr<Dialog>& dialog) {
+    Announce();
     if (!dialog)
         dialog = std::make_unique<Dialog>(&window_);
+    if (static_cast<QWidget*>(dialog.get()) != Front() && dialog->parentWidget() != Front())
+        dialog->setParent(Front(), dialog->windowFlags());
+    dialog->setWindowTitle(Title());
     return *dialog;
 }
 
@@ -75,20 +89,20 @@ std::vector<int> DialogPlayer::Select(const ListQuestion& question) {
 }
 
 bool DialogPlayer::Ask(const YesNoQuestion& question) {
-    if (beforeDialog)
-        beforeDialog();
-    return AskYesNo(Front(), question.title.empty() ? Title() : ToQt(question.title), question);
+    Announce();
+    const bool yes = AskYesNo(Front(), question.title.empty() ? Title() : ToQt(question.title), question);
+    if (std::exchange(mayAbandon_, false) && yes)
+        Finish();
+    return yes;
 }
 
 void DialogPlayer::Tell(const Notice& notice) {
-    if (beforeDialog)
-        beforeDialog();
+    Announce();
     ShowMessage(Front(), Title(), ToQt(notice.text), notice.icon);
 }
 
 int DialogPlayer::PickTable(const TableQuestion& question) {
     auto& dialog = Prepare(tables_);
-    dialog.setWindowTitle(Title());
     dialog.SetQuestion(question);
     dialog.SetHeldSkills(SkillTexts());
     RunNeeded(dialog);
@@ -97,7 +111,6 @@ int DialogPlayer::PickTable(const TableQuestion& question) {
 
 EndOfTermAnswer DialogPlayer::EndOfTerm(const EndOfTermQuestion& question) {
     auto& dialog = Prepare(endTerm_);
-    dialog.setWindowTitle(Title());
     dialog.SetQuestion(question);
     dialog.SetSkills(SkillTexts());
     dialog.SetHistory(HistoryTexts());
@@ -112,7 +125,6 @@ EndOfTermAnswer DialogPlayer::EndOfTerm(const EndOfTermQuestion& question) {
 
 std::optional<TransferAnswer> DialogPlayer::Transfer(const TransferQuestion& question) {
     auto& dialog = Prepare(transfer_);
-    dialog.setWindowTitle(Title());
     dialog.SetQuestion(question);
     // A fault met while the dialog lists assignments is kept until its event handler is left.
     std::exception_ptr fault;
@@ -126,7 +138,9 @@ std::optional<TransferAnswer> DialogPlayer::Transfer(const TransferQuestion& que
     };
     try {
         RunNeeded(dialog);
+        dialog.careerChosen = {};
     } catch (const CharacterScrapped&) {
+        dialog.careerChosen = {};
         if (fault)
             std::rethrow_exception(fault);
         throw;
@@ -136,24 +150,29 @@ std::optional<TransferAnswer> DialogPlayer::Transfer(const TransferQuestion& que
 
 MusterPress DialogPlayer::Muster(const MusterQuestion& question) {
     auto& dialog = Prepare(muster_);
-    dialog.setWindowTitle(Title());
     if (!dialog.isVisible() && question.results.empty())
         historyBefore_ = session_.character.History.size();
     dialog.SetQuestion(question);
     dialog.SetHistory(HistoryTexts(historyBefore_));
     MusterPress press;
+    bool waiting = true;
     QEventLoop loop;
     dialog.pressed = [&](const MusterPress& answer) {
+        // One press at a time: a second one before the rules have seen the first doesn't count.
+        if (!std::exchange(waiting, false))
+            return;
         press = answer;
         loop.exit(1);
     };
     dialog.show();
     const bool answered = loop.exec() == 1;
     dialog.pressed = {};
-    if (press.button == MusterButton::Done)
-        dialog.hide();
     if (!answered)  // the program ends
         throw CharacterScrapped();
+    const bool done = press.button == MusterButton::Done;
+    mayAbandon_ = done && question.rolls > 0 && !session_.Automatic();
+    if (done && !mayAbandon_)
+        dialog.hide();
     return press;
 }
 

@@ -39,7 +39,9 @@ class DialogPlayer : public Player {
     MusterPress Muster(const MusterQuestion& question) override;
 
   private:
-    // The dialog, made if need be, with the window told that it comes.
+    // What is shown behind a dialog is brought up to date before it comes.
+    void Announce();
+    // The dialog, made if need be, before the window that it stands before.
     template <typename Dialog>
     Dialog& Prepare(std::unique_ptr<Dialog>& dialog);
     // Runs a dialog that needs an answer. Throws CharacterScrapped when there is none.
@@ -52,13 +54,14 @@ class DialogPlayer : public Player {
 
     const Session& session_;
     QWidget& window_;
+    std::unique_ptr<KVNMuster> muster_;  // before those that may become its children
     std::unique_ptr<SPICKBOX> choice_;
     std::unique_ptr<SLIST1> list_;
     std::unique_ptr<KVNTables> tables_;
     std::unique_ptr<KVNEndTerm> endTerm_;
     std::unique_ptr<KVNTransfer> transfer_;
-    std::unique_ptr<KVNMuster> muster_;
     std::size_t historyBefore_ = 0;  // the lines when mustering out began
+    bool mayAbandon_ = false;        // "Done" was pressed, and the question of the unused rolls comes
 };
 
 }  // namespace korvane::ui

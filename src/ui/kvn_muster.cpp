@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QShowEvent>
 #include <QVBoxLayout>
 #include <vector>
 
@@ -63,24 +64,28 @@ void KVNMuster::LayOut() {
 }
 
 void KVNMuster::SetQuestion(const MusterQuestion& question) {
-    rolls_.setText(ToQt(Concat("Muster Out for ", question.career, " ", question.rolls, " rolls remaining")));
-    bonuses_.setText(ToQt(Concat(question.bonuses, " times you can add +1")));
+    ShowState(question.career, question.rolls, question.bonuses, question.results);
     gambler_.setEnabled(question.gamblerEnabled);
     if (!question.gamblerEnabled)
         gambler_.setChecked(false);
     const std::array enabled = {question.cashEnabled, question.materialEnabled, question.threeCashEnabled, true};
     for (std::size_t i = 0; i < buttons_.size(); ++i)
         buttons_.at(i).setEnabled(enabled.at(i));
+    if (!buttons_.front().isEnabled() && !buttons_[1].isEnabled())
+        buttons_.back().setFocus();
+}
+
+void KVNMuster::ShowState(std::string_view career, int rolls, int bonuses, std::span<const std::string> results) {
+    rolls_.setText(ToQt(Concat("Muster Out for ", career, " ", rolls, " rolls remaining")));
+    bonuses_.setText(ToQt(Concat(bonuses, " times you can add +1")));
     std::vector<std::string_view> money;
     std::vector<std::string_view> benefits;
-    for (const auto& result : question.results)
+    for (const auto& result : results)
         (IsMoney(result) ? money : benefits).push_back(result);
     cash_.SetLines(money);
     benefits_.SetLines(benefits);
     cash_.scrollToBottom();
     benefits_.scrollToBottom();
-    if (!buttons_.front().isEnabled() && !buttons_[1].isEnabled())
-        buttons_.back().setFocus();
 }
 
 void KVNMuster::SetHistory(const QStringList& lines) {
@@ -107,10 +112,12 @@ void KVNMuster::keyPressEvent(QKeyEvent* event) {
 }
 
 void KVNMuster::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (event->spontaneous())  // it was only minimized
+        return;
     gambler_.setChecked(false);
     buttons_.front().isEnabled() ? buttons_.front().setFocus() : buttons_.back().setFocus();
     CenterOnScreen(*this);
-    QDialog::showEvent(event);
 }
 
 }  // namespace korvane::ui

@@ -7,6 +7,9 @@
 #include <QPushButton>
 #include <array>
 #include <functional>
+#include <span>
+#include <string>
+#include <string_view>
 
 #include "character/player.h"
 #include "ui/copy_list.h"
@@ -22,6 +25,8 @@ class KVNMuster : public QDialog {
     std::function<void(const MusterPress&)> pressed;
 
     void SetQuestion(const MusterQuestion& question);
+    // What is left to spend and what it has brought, without a change to the buttons.
+    void ShowState(std::string_view career, int rolls, int bonuses, std::span<const std::string> results);
     // What the history has said since the dialog opened.
     void SetHistory(const QStringList& lines);
 

@@ -11,19 +11,25 @@ KVNTables::KVNTables(QWidget* parent)
     setObjectName("KVNTables");
     instruction_.setObjectName("instruction");
     heldLabel_.setBuddy(&held_);
-    grid_ = new QGridLayout(this);
+    auto* const grid = new QGridLayout(this);
     for (int number = 1; number <= kColumns; ++number) {
         auto& column = columns_.at(static_cast<std::size_t>(number - 1));
         column = MakeColumn(number);
-        grid_->addWidget(column.button, 0, number - 1);
-        grid_->addWidget(column.rows, 1, number - 1);
-        grid_->setColumnStretch(number - 1, 1);
+        grid->addWidget(column.button, 0, number - 1);
+        grid->addWidget(column.rows, 1, number - 1);
+        grid->setColumnStretch(number - 1, 1);
     }
-    grid_->addWidget(&instruction_, 2, 0, 1, kColumns, Qt::AlignHCenter);
-    grid_->addWidget(&heldLabel_, 3, 0, 1, kColumns);
-    grid_->addWidget(&held_, 4, 0, 1, kColumns);
-    grid_->setRowStretch(1, 2);
-    grid_->setRowStretch(4, 1);
+    for (std::size_t i = 1; i < columns_.size(); ++i)
+        setTabOrder(columns_.at(i - 1).button, columns_.at(i).button);
+    setTabOrder(columns_.back().button, columns_.front().rows);
+    for (std::size_t i = 1; i < columns_.size(); ++i)
+        setTabOrder(columns_.at(i - 1).rows, columns_.at(i).rows);
+    setTabOrder(columns_.back().rows, &held_);
+    grid->addWidget(&instruction_, 2, 0, 1, kColumns, Qt::AlignHCenter);
+    grid->addWidget(&heldLabel_, 3, 0, 1, kColumns);
+    grid->addWidget(&held_, 4, 0, 1, kColumns);
+    grid->setRowStretch(1, 2);
+    grid->setRowStretch(4, 1);
     resize(fontMetrics().averageCharWidth() * 120, fontMetrics().lineSpacing() * 26);
 }
 
@@ -36,7 +42,6 @@ KVNTables::Column KVNTables::MakeColumn(int number) {
         accept();
     });
     auto* const rows = new CopyList(QString("rows%1").arg(number), {}, this);
-    rows->setFocusPolicy(Qt::ClickFocus);
     return {button, rows};
 }
 
@@ -48,19 +53,15 @@ void KVNTables::SetQuestion(const TableQuestion& question) {
     columns_.front().button->setFocus();
 }
 
-// A column that holds nothing takes no room.
 void KVNTables::ShowColumn(int number, const TableColumn& content) {
     const auto& column = columns_.at(static_cast<std::size_t>(number - 1));
-    const bool empty = content.caption.empty() && content.rows.empty();
+    const auto name = content.caption.empty() ? tr("Unused table") : ToQt(content.caption);
     column.button->setText(ToCaption(content.caption));
     column.button->setEnabled(content.enabled);
-    column.button->setVisible(!empty);
     column.rows->SetLines(content.rows);
     column.rows->setEnabled(content.enabled);
-    column.rows->setVisible(!empty);
-    column.rows->setAccessibleName(empty ? tr("Unused table") : ToQt(content.caption));
-    column.button->setAccessibleName(empty ? tr("Unused table") : ToQt(content.caption));
-    grid_->setColumnStretch(number - 1, empty ? 0 : 1);
+    column.button->setAccessibleName(name);
+    column.rows->setAccessibleName(name);
 }
 
 void KVNTables::SetHeldSkills(const QStringList& lines) {

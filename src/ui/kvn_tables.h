@@ -1,7 +1,6 @@
 // The skill tables of the career and the assignment, side by side: the player picks the one to roll on.
 #pragma once
 
-#include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <array>
@@ -35,7 +34,6 @@ class KVNTables : public NeededDialog {
     Column MakeColumn(int number);
     void ShowColumn(int number, const TableColumn& content);
 
-    QGridLayout* grid_ = nullptr;
     std::array<Column, kColumns> columns_{};
     QLabel instruction_;
     QLabel heldLabel_;

@@ -15,7 +15,7 @@ constexpr std::array<const char*, kOptionCaptions.size()> kExplanations = {
     "Read when the generation ends: the skills of the group's package",
     "Read when the generation ends: two skills for connections with other characters",
     "The skill table of each term is chosen by a die",
-    "Kept for those who know it: it has no effect on advancement",
+    "Has no effect on advancement",
     "No skill that is held is raised above level 4",
     "The skills stand with the highest level first",
     "Entry, graduation and the like of a pre-career education succeed",

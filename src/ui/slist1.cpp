@@ -4,6 +4,7 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QScreen>
+#include <QShowEvent>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -98,7 +99,6 @@ void SLIST1::ConnectAll() {
 
 void SLIST1::SetQuestion(const ListQuestion& question) {
     const auto prompt = ToQt(question.prompt);
-    setWindowTitle(prompt);
     prompt_.setText(prompt);
     list_.setAccessibleName(prompt);
     maximum_.setText(QString::number(question.maximum));
@@ -174,14 +174,16 @@ void SLIST1::ShowMessage(const QString& text) {
 }
 
 void SLIST1::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (event->spontaneous())  // it was only minimized
+        return;
     RaiseLimit(maximum_);
     RaiseLimit(minimum_);
     LimitSize();
-    QDialog::showEvent(event);
 }
 
 void SLIST1::LimitSize() {
-    const auto screen_size = this->screen()->availableGeometry().size();
+    const auto screen_size = this->screen()->geometry().size();
     resize(std::min(width(), screen_size.width() / 2), std::min(height(), screen_size.height() * 3 / 4));
     CenterOnScreen(*this);
 }

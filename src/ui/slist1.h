@@ -24,7 +24,7 @@ class SLIST1 : public QDialog {
   public:
     explicit SLIST1(QWidget* parent);
 
-    // No item is marked afterwards, and none is current.
+    // No item is marked afterwards, and none is current. The window's title is that of its messages.
     void SetQuestion(const ListQuestion& question);
     // The marked items, counted from 1, ascending; none after "Cancel".
     std::vector<int> Marked() const;

@@ -19,10 +19,10 @@ constexpr int kRowHeight = 500;
 
 }  // namespace
 
-SPICKBOX::SPICKBOX(QWidget* parent) : NeededDialog(parent) {
+SPICKBOX::SPICKBOX(QWidget* parent) : NeededDialog(parent), title_(this) {
     setObjectName("SPICKBOX");
-    // Without further buttons in its frame, a narrow dialog has room for its title.
-    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+    title_.setObjectName("title");
+    title_.setAlignment(Qt::AlignCenter);
 }
 
 void SPICKBOX::AddButton() {
@@ -40,6 +40,7 @@ void SPICKBOX::AddButton() {
 
 void SPICKBOX::SetQuestion(const ChoiceQuestion& question) {
     setWindowTitle(ToQt(question.title));
+    title_.setText(ToQt(question.title));
     picked_ = 0;
     shown_ = static_cast<int>(question.options.size());
     while (buttons_.size() < question.options.size())
@@ -58,24 +59,28 @@ void SPICKBOX::SetQuestion(const ChoiceQuestion& question) {
 }
 
 void SPICKBOX::Place(int longest) {
+    const int margin = FromTwips(*this, kButtonMargin);
     const int told = FromTwips(*this, kWidthPerCharacter * longest + kButtonMargin);
-    int width = told;
-    int height = 0;
-    for (int i = 0; i < shown_; ++i) {
-        const auto hint = buttons_.at(static_cast<std::size_t>(i))->sizeHint();
-        const auto caption = buttons_.at(static_cast<std::size_t>(i))->text();
-        // Wide letters may need more than they are allowed.
-        width = std::max(width, fontMetrics().horizontalAdvance(caption) + FromTwips(*this, kButtonMargin));
-        height = std::max(height, hint.height());
-    }
+    int button_width = told;
+    for (const auto* const button : Shown())  // wide letters may need more than they are allowed
+        button_width = std::max(button_width, fontMetrics().horizontalAdvance(button->text()) + margin);
+    const int title_width = fontMetrics().horizontalAdvance(title_.text()) + margin;
+    const int width =
+        std::max(FromTwips(*this, kWidthPerCharacter * longest + kDialogMargin) + button_width - told, title_width);
     // Two dozen rows may be more than a small screen has.
     const int room = screen()->availableGeometry().height() * 9 / 10;
-    const int row = std::min(FromTwips(*this, kRowHeight), room / (shown_ + 1));
-    height = std::min(height, row);
-    setFixedSize(FromTwips(*this, kWidthPerCharacter * longest + kDialogMargin) + width - told, row * (shown_ + 1));
-    for (int i = 0; i < shown_; ++i)
-        buttons_[static_cast<std::size_t>(i)]->setGeometry(this->width() / 2 - width / 2,
-                                                           row / 2 + row * i + (row - height) / 2, width, height);
+    const int height = std::min(FromTwips(*this, kRowHeight) * (shown_ + 1), room);
+    setFixedSize(width, height);
+
+    const int title_height = fontMetrics().height() + margin / 2;
+    title_.setGeometry(0, 0, width, title_height);
+    const int row = (height - title_height) / shown_;
+    const int button_height = std::min(buttons_.front()->sizeHint().height(), row);
+    int top = title_height + (row - button_height) / 2;
+    for (auto* const button : Shown()) {
+        button->setGeometry(width / 2 - button_width / 2, top, button_width, button_height);
+        top += row;
+    }
     CenterOnScreen(*this);
 }
 

@@ -1,7 +1,9 @@
 // One choice among up to 24 alternatives: a button for each.
 #pragma once
 
+#include <QLabel>
 #include <QPushButton>
+#include <span>
 #include <vector>
 
 #include "character/player.h"
@@ -23,9 +25,11 @@ class SPICKBOX : public NeededDialog {
 
   private:
     void AddButton();
+    std::span<QPushButton* const> Shown() const { return std::span(buttons_).first(static_cast<std::size_t>(shown_)); }
     // The width of the longest text, in characters of which each takes 100 twips, decides over all widths.
     void Place(int longest);
 
+    QLabel title_;  // a narrow frame may cut the window's own
     std::vector<QPushButton*> buttons_;
     int shown_ = 0;
     int picked_ = 0;
