@@ -165,6 +165,7 @@ MusterPress DialogPlayer::Muster(const MusterQuestion& question) {
         loop.exit(1);
     };
     dialog.show();
+    dialog.activateWindow();
     const bool answered = loop.exec() == 1;
     dialog.pressed = {};
     if (!answered)  // the program ends

@@ -19,17 +19,18 @@ KVNTables::KVNTables(QWidget* parent)
         grid->addWidget(column.rows, 1, number - 1);
         grid->setColumnStretch(number - 1, 1);
     }
+    grid->addWidget(&instruction_, 2, 0, 1, kColumns, Qt::AlignHCenter);
+    grid->addWidget(&heldLabel_, 3, 0, 1, kColumns);
+    grid->addWidget(&held_, 4, 0, 1, kColumns);
+    grid->setRowStretch(1, 2);
+    grid->setRowStretch(4, 1);
+    // From one button to the next, and then through the lists.
     for (std::size_t i = 1; i < columns_.size(); ++i)
         setTabOrder(columns_.at(i - 1).button, columns_.at(i).button);
     setTabOrder(columns_.back().button, columns_.front().rows);
     for (std::size_t i = 1; i < columns_.size(); ++i)
         setTabOrder(columns_.at(i - 1).rows, columns_.at(i).rows);
     setTabOrder(columns_.back().rows, &held_);
-    grid->addWidget(&instruction_, 2, 0, 1, kColumns, Qt::AlignHCenter);
-    grid->addWidget(&heldLabel_, 3, 0, 1, kColumns);
-    grid->addWidget(&held_, 4, 0, 1, kColumns);
-    grid->setRowStretch(1, 2);
-    grid->setRowStretch(4, 1);
     resize(fontMetrics().averageCharWidth() * 120, fontMetrics().lineSpacing() * 26);
 }
 

@@ -1,0 +1,24 @@
+#include "support_ui/desk.h"
+
+namespace korvane::test {
+
+Desk::Desk(const std::string& data) : session(DataFolder(data), {}), window(session) {
+    session.seams = {&dice, &window.player(), &window};
+    session.programTitle = "Korvane on trial";
+    window.Load();
+    window.show();
+    window.ControlsLocked(false);
+}
+
+std::vector<std::string> Desk::Shown(const QString& list) const {
+    std::vector<std::string> lines;
+    for (const auto& line : Get<ui::CopyList>(list).Lines())
+        lines.push_back(line.toStdString());
+    return lines;
+}
+
+bool Desk::Shows(const QString& list, const std::string& line) const {
+    return Get<ui::CopyList>(list).Lines().contains(QString::fromStdString(line));
+}
+
+}  // namespace korvane::test

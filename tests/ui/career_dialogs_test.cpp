@@ -1,0 +1,221 @@
+// The dialogs of a career: the skill tables, the end of a term, the transfer and mustering out.
+
+#include <QCheckBox>
+#include <QLabel>
+#include <array>
+#include <functional>
+#include <map>
+
+#include "base/error.h"
+#include "support_ui/dialog_stage.h"
+#include "ui/copy_list.h"
+
+namespace korvane {
+namespace {
+
+using test::Captions;
+using test::Child;
+using test::PressKey;
+using test::RealClick;
+using ui::CopyList;
+
+class CareerDialogs : public test::DialogStage {
+  protected:
+    int PickTable() { return player.PickTable(tables); }
+    Options EndOfTerm(const Options& options) { return player.EndOfTerm({2, options}).options; }
+    std::optional<TransferAnswer> Transfer() {
+        return player.Transfer({careers, [this](std::string_view career) { return AssignmentsOf(career); }});
+    }
+    std::shared_ptr<const Names> AssignmentsOf(std::string_view career) const {
+        if (career == "Broken")
+            throw FileError("Broken.ecf", 3, "a career", "nothing");
+        return std::make_shared<const Names>(Names{std::string(career) + " One", std::string(career) + " Two"});
+    }
+
+    const std::vector<std::string_view> rows = {"Str +1", "Admin", "Art or Drive", "R&D", "", "Stealth"};
+    const TableQuestion tables{"Select a skill from the above tables",
+                               {{{},
+                                 {"Personal", rows},
+                                 {"Service", rows},
+                                 {"Advanced Edu 8+", rows, false},
+                                 {"Officer", {}, false},
+                                 {"R&D Corps", rows},
+                                 {"", {}, false}}}};
+    const Names careers = {"Army", "Broken", "Scout"};
+};
+
+TEST_F(CareerDialogs, TablesShowTheirColumnsAndWhatIsHeld) {
+    session.character.Skills[1] = {"Gun Combat", Count(2)};
+    session.character.SkillSlotsUsed = 1;
+    robot.Then("KVNTables", [](QWidget& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Korvane on trial");
+        EXPECT_EQ(Child<QLabel>(dialog, "instruction").text(), "Select a skill from the above tables");
+        EXPECT_EQ(Child<CopyList>(dialog, "held").Lines(), QStringList{"Gun Combat-2"});
+        EXPECT_EQ(Captions(dialog),
+                  (QStringList{"Personal", "Service", "Advanced Edu 8+", "Officer", "R&&D Corps", ""}));
+        for (int i = 1; i <= 6; ++i) {
+            const auto& button = Child<QPushButton>(dialog, QString("table%1").arg(i));
+            EXPECT_TRUE(test::ShowsAll(button)) << i;
+            EXPECT_EQ(button.isEnabled(), i == 1 || i == 2 || i == 5) << i;
+            EXPECT_EQ(Child<CopyList>(dialog, QString("rows%1").arg(i)).isEnabled(), button.isEnabled());
+        }
+        EXPECT_EQ(Child<CopyList>(dialog, "rows5").Lines(),
+                  (QStringList{"Str +1", "Admin", "Art or Drive", "R&D", "", "Stealth"}));
+        EXPECT_EQ(Child<CopyList>(dialog, "rows4").count() + Child<CopyList>(dialog, "rows6").count(), 0);
+        for (const auto key : {Qt::Key_3, Qt::Key_4, Qt::Key_6, Qt::Key_7})
+            PressKey(dialog, key);
+        EXPECT_TRUE(dialog.isVisible()) << "those columns can't be picked";
+        Child<CopyList>(dialog, "rows2").setFocus();
+        PressKey(dialog, Qt::Key_5);
+    });
+    EXPECT_EQ(PickTable(), 5);
+    robot.Then("KVNTables", [](QWidget& dialog) { RealClick(dialog, "table2"); });
+    EXPECT_EQ(PickTable(), 2);
+}
+
+TEST_F(CareerDialogs, EndOfTermMirrorsEveryBoxAtOnce) {
+    session.character.Skills[1] = {"Admin", Count(0)};
+    session.character.Skills[2] = {"Medic", Count(3)};
+    session.character.SkillSlotsUsed = 2;
+    session.character.History.Add("-- Term 1 --");
+    player.optionsChanged = [this](const Options& options) { session.options = options; };
+    Options before;
+    before.Set(Option::ForcePromote);
+    session.options = before;
+    robot.Then("KVNEndTerm", [this](QWidget& dialog) {
+        EXPECT_EQ(Child<QLabel>(dialog, "heading").text(), "End of Term Options");
+        EXPECT_EQ(Captions(dialog),
+                  (QStringList{"Re-Enlist", "Transfer && Re-Enlist", "Muster Out", "Scrap and Restart"}));
+        EXPECT_EQ(Child<CopyList>(dialog, "history").Lines(), QStringList{"-- Term 1 --"});
+        EXPECT_EQ(Child<CopyList>(dialog, "skills").Lines(), (QStringList{"Admin-0", "Medic-3"}));
+        for (std::size_t i = 0; i < kOptionCaptions.size(); ++i) {
+            const auto option = static_cast<Option>(i);
+            const auto caption = QString::fromUtf8(kOptionCaptions.at(i).data());
+            EXPECT_EQ(Child<QCheckBox>(dialog, caption).text(), caption);
+            EXPECT_EQ(Child<QCheckBox>(dialog, caption).isChecked(), option == Option::ForcePromote);
+            RealClick(dialog, caption);
+            EXPECT_EQ(session.options[option], option != Option::ForcePromote) << caption.toStdString();
+        }
+        EXPECT_EQ(Child<CopyList>(dialog, "skills").Lines(), (QStringList{"Medic-3", "Admin-0"}));
+        PressKey(dialog, Qt::Key_1);
+    });
+    EXPECT_EQ(EndOfTerm(before), session.options) << "as the boxes stood in the end";
+}
+
+TEST_F(CareerDialogs, TransferNeedsACareerToAccept) {
+    robot.Then("KVNTransfer", [](QWidget& dialog) { RealClick(dialog, "endCareer"); });
+    EXPECT_FALSE(Transfer());
+    robot.Then("KVNTransfer", [](QWidget& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Korvane on trial");
+        EXPECT_EQ(Child<QLabel>(dialog, "heading").text(), "Select Transfer Career and Assignment");
+        EXPECT_EQ(Child<QLabel>(dialog, "notice").text(),
+                  "Your character either has to move jobs or end his career and muster out. Select a new Career and "
+                  "Assignment.");
+        EXPECT_FALSE(Child<QPushButton>(dialog, "accept").isEnabled());
+        auto& assignment = Child<QComboBox>(dialog, "assignment");
+        EXPECT_EQ(assignment.count(), 0);
+        test::ChooseInCombo(Child<QComboBox>(dialog, "career"), "Scout");
+        EXPECT_EQ(assignment.currentText(), "") << "none is chosen yet";
+        test::ChooseInCombo(assignment, "Scout Two");
+        RealClick(dialog, "accept");
+    });
+    const auto chosen = Transfer();
+    EXPECT_EQ(chosen->career + "/" + chosen->assignment, "Scout/Scout Two");
+    robot.Then("KVNTransfer", [](QWidget& dialog) {
+        EXPECT_FALSE(Child<QPushButton>(dialog, "accept").isEnabled()) << "the last choice is forgotten";
+        test::ChooseInCombo(Child<QComboBox>(dialog, "career"), "Army");
+        RealClick(dialog, "accept");
+    });
+    const auto without = Transfer();
+    EXPECT_EQ(without->career + "/" + without->assignment, "Army/");
+    robot.Then("KVNTransfer",
+               [](QWidget& dialog) { test::ChooseInCombo(Child<QComboBox>(dialog, "career"), "Broken"); });
+    EXPECT_THROW(Transfer(), FileError);
+}
+
+TEST_F(CareerDialogs, MusteringOutStaysOpenBetweenItsPresses) {
+    const auto muster = [&] { return Child<QWidget>(window, "KVNMuster").isVisible(); };
+    MusterQuestion question{"Army", 3, 2, true, true, false, true, {}};
+    robot.Then("KVNMuster", [](QWidget& dialog) {
+        EXPECT_EQ(Child<QLabel>(dialog, "rolls").text(), "Muster Out for Army 3 rolls remaining");
+        EXPECT_EQ(Child<QLabel>(dialog, "bonuses").text(), "2 times you can add +1");
+        EXPECT_EQ(Captions(dialog), (QStringList{"Cash", "Material", "3 Cash, rest Material", "Done"}));
+        EXPECT_FALSE(Child<QPushButton>(dialog, "threeCash").isEnabled());
+        EXPECT_EQ(Child<QCheckBox>(dialog, "gambler").text(), "Use Gambler?");
+        RealClick(dialog, "gambler");
+        PressKey(dialog, Qt::Key_3);
+        PressKey(dialog, Qt::Key_1);
+    });
+    auto press = player.Muster(question);
+    EXPECT_EQ(press.button, MusterButton::Cash);
+    EXPECT_TRUE(press.gambler);
+    EXPECT_TRUE(muster());
+    session.character.History.Add("Contact: Mustering Out");
+    const std::vector<std::string> results = {"Cr5,000", "Scout Ship", "Crystal Skull"};
+    question.rolls = 0;
+    question.gamblerEnabled = question.cashEnabled = question.materialEnabled = false;
+    question.results = results;
+    robot.Then("KVNMuster", [](QWidget& dialog) {
+        EXPECT_EQ(Child<CopyList>(dialog, "cashResults").Lines(), QStringList{"Cr5,000"});
+        EXPECT_EQ(Child<CopyList>(dialog, "materialResults").Lines(), (QStringList{"Scout Ship", "Crystal Skull"}));
+        EXPECT_EQ(Child<CopyList>(dialog, "historyResults").Lines(), QStringList{"Contact: Mustering Out"});
+        EXPECT_FALSE(Child<QCheckBox>(dialog, "gambler").isEnabled());
+        PressKey(dialog, Qt::Key_Escape);
+    });
+    press = player.Muster(question);
+    EXPECT_EQ(press.button, MusterButton::Done);
+    EXPECT_FALSE(press.gambler) << "not without the skill";
+    EXPECT_FALSE(muster());
+    question.cashEnabled = true;
+    robot.ThenKey("KVNMuster", Qt::Key_1);
+    player.Muster(question);
+    player.Finish();  // as an error in a benefit does
+    EXPECT_FALSE(muster());
+}
+
+TEST_F(CareerDialogs, ANoToAbandoningRollsKeepsTheDialogAsItWas) {
+    const MusterQuestion question{"Army", 1, 0, true, true, false, true, {}};
+    robot.Then("KVNMuster", [](QWidget& dialog) {
+        RealClick(dialog, "gambler");
+        RealClick(dialog, "done");
+    });
+    robot.Then("QMessageBox", [&](QWidget& dialog) {
+        EXPECT_TRUE(Child<QWidget>(window, "KVNMuster").isVisible());
+        PressKey(dialog, Qt::Key_Return);
+    });
+    robot.Then("KVNMuster", [](QWidget& dialog) {
+        EXPECT_TRUE(Child<QCheckBox>(dialog, "gambler").isChecked());
+        dialog.close();
+    });
+    EXPECT_EQ(player.Muster(question).button, MusterButton::Done);
+    EXPECT_FALSE(player.Ask({"Abandon?", {}, Icon::Warning, false}));
+    EXPECT_EQ(player.Muster(question).button, MusterButton::Done);
+    robot.ThenMessage("Abandon?", QMessageBox::Yes);
+    EXPECT_TRUE(player.Ask({"Abandon?", {}, Icon::Warning, false}));
+    EXPECT_FALSE(Child<QWidget>(window, "KVNMuster").isVisible());
+}
+
+TEST_F(CareerDialogs, ClosingAQuestionAsksForTheScrapping) {
+    const std::map<std::string, std::function<void()>> questions = {
+        {"SPICKBOX",
+         [this] {
+             player.Choose({"Select", rows});
+         }},
+        {"KVNTables", [this] { PickTable(); }},
+        {"KVNEndTerm", [this] { EndOfTerm({}); }},
+        {"KVNTransfer", [this] { Transfer(); }},
+    };
+    for (const auto& [name, question] : questions) {
+        SCOPED_TRACE(name);
+        robot.ThenKey(name, Qt::Key_Escape)
+            .ThenKey("QMessageBox", Qt::Key_Return)  // No is the default
+            .ThenKey(name, Qt::Key_Escape)
+            .ThenKey("QMessageBox", Qt::Key_Escape)
+            .Then(name, [](QWidget& dialog) { dialog.close(); })
+            .ThenMessage("Scrap this character?", QMessageBox::Yes);
+        EXPECT_THROW(question(), CharacterScrapped);
+    }
+}
+
+}  // namespace
+}  // namespace korvane

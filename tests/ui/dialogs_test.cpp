@@ -1,0 +1,241 @@
+// The dialogs of every question: a choice, a list, a message; and the program's notices.
+
+#include <QAccessible>
+#include <QApplication>
+#include <QInputDialog>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QScreen>
+#include <QTest>
+#include <algorithm>
+
+#include "support_ui/dialog_stage.h"
+#include "ui/kvn_about.h"
+#include "ui/message_boxes.h"
+
+namespace korvane {
+namespace {
+
+using test::Child;
+using test::PressKey;
+using test::RealClick;
+
+class Dialogs : public test::DialogStage {
+  protected:
+    int Choose(std::string_view title, const std::vector<std::string_view>& options, int focus = 0) {
+        return player.Choose({title, options, focus});
+    }
+    std::vector<int> Select(int minimum, int maximum) { return player.Select({"Take some", maximum, minimum, items}); }
+    // The logical pixels of a length in twips on the screen at hand.
+    double Pixels(int twips) const { return twips * window.screen()->logicalDotsPerInchX() / 1440; }
+
+    const std::vector<std::string_view> items = {"Admin-0", "Gun Combat-0", "GUNNER-1", "Medic-0", "Survival-0"};
+};
+
+void ClickItem(const QWidget& dialog, int row, bool twice = false) {
+    auto& list = Child<QListWidget>(dialog, "items");
+    RealClick(*list.viewport(), list.visualItemRect(list.item(row)).center(), twice);
+}
+
+TEST_F(Dialogs, ChoiceHasTheSizesItIsTold) {
+    robot.Then("SPICKBOX", [this](QWidget& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Select");
+        EXPECT_NEAR(dialog.width(), Pixels(1400), 1);
+        EXPECT_NEAR(dialog.height(), Pixels(500 * 4), 4);
+        const auto middle = dialog.screen()->availableGeometry().center();
+        EXPECT_LE((dialog.geometry().center() - middle).manhattanLength(), 8) << "but for its frame";
+        for (const auto* const button : dialog.findChildren<QPushButton*>()) {
+            EXPECT_NEAR(button->width(), Pixels(750), 1);
+            EXPECT_NEAR(button->geometry().center().x(), dialog.rect().center().x(), 1);
+        }
+        PressKey(dialog, Qt::Key_3);
+    });
+    EXPECT_EQ(Choose("Select", {"Str", "Dex", "Endu"}), 3);
+}
+
+TEST_F(Dialogs, ChoiceShowsEveryCaptionWhole) {
+    const auto all_shown = [](QWidget& dialog) {
+        for (const auto* const button : dialog.findChildren<QPushButton*>())
+            EXPECT_TRUE(!button->isVisible() || test::ShowsAll(*button)) << button->text().toStdString();
+        const auto& title = Child<QLabel>(dialog, "title");
+        EXPECT_LE(title.sizeHint().width(), title.width()) << title.text().toStdString();
+        EXPECT_TRUE(dialog.screen()->availableGeometry().contains(dialog.geometry()));
+        PressKey(dialog, Qt::Key_1);
+    };
+    robot.Then("SPICKBOX", all_shown).Then("SPICKBOX", all_shown).Then("SPICKBOX", all_shown);
+    Choose("Select", {"WWWWWWWWWWWWWWWWWWWWWWWW", "MMMM", "@@@@@@@@"});
+    Choose("WWWWWW MMMMMM WWWWWW MMMMMM", {"WW", "&&"});
+    Choose("Select a Skill", std::vector<std::string_view>(24, "Electronics (Remote Ops)"));
+}
+
+TEST_F(Dialogs, ChoiceTakesKeysClicksAndTheFocus) {
+    robot.Then("SPICKBOX", [](QWidget& dialog) { RealClick(dialog, "pick24"); });
+    EXPECT_EQ(Choose("Many", std::vector<std::string_view>(24, "A")), 24);
+    // The buttons of the choice before are gone, and so are their keys.
+    robot.Then("SPICKBOX", [](QWidget& dialog) {
+        EXPECT_FALSE(Child<QWidget>(dialog, "pick4").isVisible());
+        PressKey(dialog, Qt::Key_9);
+        PressKey(dialog, Qt::Key_4);
+        QKeyEvent held(QEvent::KeyPress, Qt::Key_1, {}, "1", true);
+        QApplication::sendEvent(&dialog, &held);
+        EXPECT_TRUE(dialog.isVisible()) << "a key that was held down for the question before";
+        EXPECT_TRUE(Child<QWidget>(dialog, "pick3").hasFocus()) << "as the question says";
+        PressKey(dialog, Qt::Key_Return);
+    });
+    EXPECT_EQ(Choose("Three", {"A", "B", "C"}, 2), 3);
+    robot.Then("SPICKBOX", [](QWidget& dialog) {
+        EXPECT_TRUE(Child<QWidget>(dialog, "pick1").hasFocus());
+        auto& button = Child<QPushButton>(dialog, "pick1");
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(&button)->text(QAccessible::Name), "R&D");
+        EXPECT_TRUE(button.shortcut().isEmpty()) << "the sign is a part of the text";
+        EXPECT_TRUE(Child<QPushButton>(dialog, "pick2").text().isEmpty());
+        RealClick(dialog, "pick2");
+    });
+    EXPECT_EQ(Choose("Two", {"R&D", ""}), 2);
+}
+
+TEST_F(Dialogs, ListHoldsThePlayerToItsLimits) {
+    robot.Then("SLIST1", [](QWidget& dialog) { RealClick(dialog, "ok"); });
+    robot.ThenMessage("No items selected", QMessageBox::Ok);
+    robot.Then("SLIST1", [](QWidget& dialog) {
+        EXPECT_EQ(Child<QLineEdit>(dialog, "minimum").text(), "2");
+        EXPECT_EQ(Child<QLineEdit>(dialog, "maximum").text(), "2");
+        Child<QWidget>(dialog, "items").setFocus();
+        PressKey(dialog, Qt::Key_Down);  // to the first item, as none was current
+        PressKey(dialog, Qt::Key_Space);
+        RealClick(dialog, "ok");
+    });
+    robot.ThenMessage("Too few items selected; minimum is 2", QMessageBox::Ok);
+    robot.Then("SLIST1", [](QWidget& dialog) {
+        ClickItem(dialog, 2);
+        ClickItem(dialog, 4);
+        EXPECT_EQ(Child<QLabel>(dialog, "count").text(), "3 selected");
+        RealClick(dialog, "ok");
+    });
+    robot.ThenMessage("Too many items selected; limit is 2", QMessageBox::Ok);
+    robot.Then("SLIST1", [](QWidget& dialog) {
+        ClickItem(dialog, 2);
+        PressKey(dialog, Qt::Key_Return);
+    });
+    EXPECT_EQ(Select(2, 2), (std::vector<int>{1, 5}));
+}
+
+TEST_F(Dialogs, ListOpensUnmarkedAndTakesADoubleClick) {
+    for (const bool marked_before : {true, false}) {
+        robot.Then("SLIST1", [marked_before](QWidget& dialog) {
+            EXPECT_EQ(Child<QLineEdit>(dialog, "minimum").text(), "1");
+            EXPECT_EQ(Child<QLineEdit>(dialog, "maximum").text(), "1");
+            EXPECT_TRUE(Child<QListWidget>(dialog, "items").selectedItems().isEmpty());
+            EXPECT_EQ(Child<QListWidget>(dialog, "items").currentRow(), -1);
+            if (marked_before)
+                ClickItem(dialog, 3);
+            ClickItem(dialog, 3, true);
+        });
+        EXPECT_EQ(Select(0, 0), std::vector<int>{4});
+    }
+}
+
+TEST_F(Dialogs, ListFindsMarksAndClears) {
+    const auto find = [this](const QString& text, Qt::Key key) {
+        robot.Then("SLIST1", [](QWidget& dialog) { RealClick(dialog, "find"); })
+            .Then("findInput", [text, key](QWidget& dialog) {
+                EXPECT_EQ(dynamic_cast<QInputDialog&>(dialog).labelText(), "Select all entries containing this string");
+                Child<QLineEdit>(dialog, "").setText(text);
+                PressKey(dialog, key);
+            });
+    };
+    const auto shows = [this](const QString& count, const QString& button) {
+        robot.Then("SLIST1", [count, button](QWidget& dialog) {
+            EXPECT_EQ(Child<QLabel>(dialog, "count").text(), count);
+            RealClick(dialog, button);
+        });
+    };
+    find("medic", Qt::Key_Return);
+    find("", Qt::Key_Return);
+    find("a", Qt::Key_Escape);
+    find("gun", Qt::Key_Return);
+    shows("3 selected", "ok");
+    EXPECT_EQ(Select(1, 9), (std::vector<int>{2, 3, 4}));
+    robot.Then("SLIST1", [](QWidget& dialog) {
+        PressKey(dialog, Qt::Key_A, Qt::AltModifier);
+        QTest::qWait(200);  // the button shows that it is pressed before it acts
+    });
+    shows("5 selected", "clear");
+    robot.Then("SLIST1", [](QWidget& dialog) {
+        EXPECT_EQ(Child<QListWidget>(dialog, "items").currentRow(), -1);
+        RealClick(dialog, "selectAll");
+    });
+    shows("5 selected", "cancel");
+    EXPECT_TRUE(Select(1, 9).empty());
+    robot.Then("SLIST1", [](QWidget& dialog) { RealClick(dialog, "selectAll"); });
+    robot.ThenKey("SLIST1", Qt::Key_Escape);
+    EXPECT_TRUE(Select(1, 9).empty());
+}
+
+TEST_F(Dialogs, ListKeepsWithinTheScreenAndFillsItsDialog) {
+    const auto screen = window.screen()->availableGeometry().size();
+    robot.Then("SLIST1", [](QWidget& dialog) {
+        dialog.resize(2000, 2000);
+        PressKey(dialog, Qt::Key_Escape);
+    });
+    Select(1, 1);
+    robot.Then("SLIST1", [screen](QWidget& dialog) {
+        // On a small screen the row of buttons needs more than its half.
+        EXPECT_LE(dialog.width(), std::max(screen.width() / 2, dialog.minimumSizeHint().width()));
+        EXPECT_LE(dialog.height(), screen.height() * 3 / 4);
+        const auto& list = Child<QListWidget>(dialog, "items");
+        const auto& ok = Child<QPushButton>(dialog, "ok");
+        for (const QSize size : {QSize(600, 300), QSize(700, 650)}) {
+            dialog.resize(size);
+            const int margin = list.x();
+            EXPECT_NEAR(list.width(), size.width() - 2 * margin, 1);
+            EXPECT_NEAR(ok.geometry().bottom(), size.height() - margin, 2);
+            EXPECT_LT(ok.y() - list.geometry().bottom(), 2 * margin);
+        }
+        PressKey(dialog, Qt::Key_Escape);
+    });
+    Select(1, 1);
+}
+
+TEST_F(Dialogs, AboutShowsItsNotices) {
+    ui::KVNAbout about("Korvane on trial", &window);
+    robot.Then("KVNAbout", [](QWidget& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Korvane on trial");
+        EXPECT_FALSE(Child<QLabel>(dialog, "heading").text().isEmpty());
+        const auto notices = dialog.findChildren<QPlainTextEdit*>();
+        EXPECT_EQ(notices.size(), 4);
+        for (const auto* const notice : notices)
+            EXPECT_TRUE(notice->isReadOnly() && !notice->toPlainText().isEmpty());
+        EXPECT_EQ(Child<QPushButton>(dialog, "agree").text(), "I Agree");
+        PressKey(dialog, Qt::Key_Return);
+    });
+    EXPECT_EQ(ui::RunModal(about), QDialog::Accepted);
+}
+
+TEST_F(Dialogs, MessagesHaveTheirIconsAndDefaults) {
+    const auto shows = [this](const QString& title, QMessageBox::Icon icon, Qt::Key key) {
+        robot.Then("QMessageBox", [=](QWidget& dialog) {
+            const auto& box = dynamic_cast<QMessageBox&>(dialog);
+            EXPECT_EQ(box.windowTitle(), title);
+            EXPECT_EQ(box.icon(), icon);
+            EXPECT_EQ(box.textFormat(), Qt::PlainText);
+            PressKey(dialog, key);
+        });
+    };
+    shows("Korvane on trial", QMessageBox::NoIcon, Qt::Key_Return);
+    player.Tell({"Released <b>from</b> prison", Icon::None});
+    shows("Korvane on trial", QMessageBox::Warning, Qt::Key_Escape);
+    player.Tell({"Ejected", Icon::Exclamation});
+    shows("Korvane on trial", QMessageBox::Question, Qt::Key_Return);
+    EXPECT_TRUE(player.Ask({"Accept?"}));
+    shows("Korvane on trial", QMessageBox::Question, Qt::Key_Escape);
+    EXPECT_FALSE(player.Ask({"Accept?"}));
+    shows("Draft", QMessageBox::Warning, Qt::Key_Return);
+    EXPECT_FALSE(player.Ask({"Abandon?", "Draft", Icon::Warning, false}));
+}
+
+}  // namespace
+}  // namespace korvane

@@ -1,0 +1,114 @@
+// Whole lives through the windows: what the engine lives without them is lived again at the real dialogs, and must come
+// out the same.
+
+#include "cli/lives.h"
+
+#include <gtest/gtest.h>
+#include <sstream>
+
+#include "base/places.h"
+#include "output/character_document.h"
+#include "output/journal/recorder.h"
+#include "output/journal/replayer.h"
+#include "support/temp_folder.h"
+#include "support_ui/desk.h"
+#include "support_ui/journal_robot.h"
+
+namespace korvane {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+struct Life {
+    Lines journal;
+    std::string document;  // none when the character was scrapped
+};
+
+// Lives without windows.
+Life LiveHeadless(const cli::LifePlan& plan, std::uint64_t number) {
+    Display display;
+    Session session(DataFolder(HeldPath(KORVANE_RULES)), {nullptr, nullptr, &display});
+    std::ostringstream journal;
+    const auto outcome = cli::Live(session, plan, number, &journal);
+    const bool finished = outcome.end == LifeEnd::MusteredOut;
+    return {test::LinesOf(journal.str()), finished ? CharacterDocument(session) : ""};
+}
+
+void SetUp(const test::Desk& desk, const journal::Start& start) {
+    test::ChooseInCombo(desk.Get<QComboBox>("career"), QString::fromStdString(start.career));
+    test::ChooseInCombo(desk.Get<QComboBox>("assignment"), QString::fromStdString(start.assignment));
+    desk.Click(start.method == RollingMethod::True2D ? "true2D" : "roll3Drop1");
+    for (const auto caption : journal::TickedCaptions(start.options))
+        desk.Click(QString::fromUtf8(caption.data()));
+}
+
+// Lives the same life at the windows, with its dice. Its own journal must tell the same, and the finished character be
+// the same. Returns the kinds of questions that were put.
+std::set<std::string> ExpectTheSameLife(const Life& life) {
+    test::Desk desk(HeldPath(KORVANE_RULES));
+    test::JournalRobot robot(life.journal);
+    journal::Replayer dice(test::DiceOf(life.journal));
+    std::ostringstream journal;
+    journal::Recorder recorder(journal, dice, desk.window.player());
+    std::string document;
+    desk.window.characterFinished = [&] { document = CharacterDocument(desk.session); };
+    SetUp(desk, dice.start());
+    desk.session.seams = {&recorder, &recorder, &desk.window};
+    recorder.Begin(desk.session);
+    desk.Click("roll");
+    desk.Click("startCareer");
+    EXPECT_TRUE(robot.AllAnswered());
+    EXPECT_EQ(document, life.document);
+    auto lines = test::LinesOf(journal.str());
+    lines.resize(life.journal.size() - 1);  // what follows are the dice of the next character
+    EXPECT_EQ(lines, Lines(life.journal.begin(), life.journal.end() - 1));
+    EXPECT_TRUE(desk.Get<QWidget>("startCareer").isEnabled());
+    return robot.kinds();
+}
+
+TEST(Lives, AtTheWindowsAreThoseWithoutThem) {
+    std::set<std::string> kinds;
+    int finished = 0;
+    for (std::uint64_t number = 1; number <= 16; ++number) {
+        SCOPED_TRACE(number);
+        cli::LifePlan plan;
+        plan.seed = 7;
+        plan.player = cli::PlayerKind::Random;
+        plan.method = number % 2 == 0 ? RollingMethod::True2D : RollingMethod::Roll3Drop1;
+        plan.options.Set(Option::CapSkillsAt4, number % 3 == 0);
+        plan.options.Set(Option::SortSkillsByValue, number % 4 == 0);
+        plan.options.Set(Option::ForceNoEjectionOnMishap, number % 5 == 0);
+        const auto life = LiveHeadless(plan, number);
+        finished += life.document.empty() ? 0 : 1;
+        kinds.merge(ExpectTheSameLife(life));
+    }
+    EXPECT_GE(finished, 8);
+    for (const auto* const kind : {"choose", "select", "ask", "tell", "table", "end of term", "transfer", "muster"})
+        EXPECT_TRUE(kinds.contains(kind)) << kind;
+}
+
+TEST(Lives, AutomaticOnesLeaveThreeDialogs) {
+    cli::LifePlan plan;
+    plan.seed = 3;
+    plan.career = "Scout";
+    const auto life = LiveHeadless(plan, 1);
+    EXPECT_FALSE(life.document.empty());
+    ExpectTheSameLife(life);
+}
+
+TEST(Lives, ScrappedAtAQuestionEndThere) {
+    cli::LifePlan plan;
+    plan.seed = 3;
+    plan.player = cli::PlayerKind::Random;
+    auto life = LiveHeadless(plan, 1);
+    const auto is_table = [](const std::string& line) { return line.starts_with("{\"table\""); };
+    const auto place = std::ranges::find_if(life.journal, is_table);
+    ASSERT_NE(place, life.journal.end());
+    life.journal.erase(place, life.journal.end());
+    life.journal.emplace_back(R"({"end":"scrapped"})");
+    life.document.clear();
+    ExpectTheSameLife(life);
+}
+
+}  // namespace
+}  // namespace korvane
