@@ -117,8 +117,10 @@ class BusyTime {
     long long stretches_ = 0;
 };
 
-// Re-enlists until the term limit, and takes what mustering out gives.
-void Answer(QWidget& dialog) {
+// Re-enlists until the term limit, and takes what mustering out gives. Who was in prison at the limit may serve for
+// ever.
+void Answer(QWidget& dialog, int terms) {
+    constexpr int kTermLimit = 10;
     const auto press = [&dialog](const char* name) {
         auto* const button = dialog.findChild<QPushButton*>(name);
         if (button != nullptr && button->isEnabled())
@@ -126,7 +128,7 @@ void Answer(QWidget& dialog) {
         return button != nullptr && button->isEnabled();
     };
     if (dialog.objectName() == "KVNEndTerm")
-        press("reEnlist");
+        press(terms < kTermLimit ? "reEnlist" : "musterOut");
     else if (dialog.objectName() == "KVNMuster")
         press("material") || press("done");
     else if (dialog.objectName() == "KVNTransfer")
@@ -141,9 +143,9 @@ int LiveTenTerms() {
     options.Set(Option::AutomaticGeneration);
     options.Set(Option::ForceNoEjectionOnMishap);
     QTimer robot;
-    QObject::connect(&robot, &QTimer::timeout, [] {
+    QObject::connect(&robot, &QTimer::timeout, [&desktop] {
         if (auto* const dialog = QApplication::activeModalWidget(); dialog != nullptr)
-            Answer(*dialog);
+            Answer(*dialog, desktop.session.character.TermsTotal);
     });
     int terms = 0;
     desktop.window.characterFinished = [&] { terms = desktop.session.character.TermsTotal; };

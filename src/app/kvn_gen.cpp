@@ -362,7 +362,6 @@ void KVNGen::Refresh() {
         skills_.SetLines(SkillLines(ShownCharacter(), session_.options[Option::SortSkillsByValue]));
     if (changes.history) {
         history_.SetLines(ShownCharacter().History.lines());
-        history_.scrollToBottom();
     }
     if (changes.summary || changes.selection)  // the rank's title is the assignment's
         ShowLabels();

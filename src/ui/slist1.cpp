@@ -84,7 +84,7 @@ void SLIST1::LayOut() {
 }
 
 void SLIST1::ConnectAll() {
-    connect(&ok_, &QPushButton::clicked, this, &SLIST1::Accept);
+    connect(&ok_, &QPushButton::clicked, this, &SLIST1::Check);
     connect(&cancel_, &QPushButton::clicked, this, &SLIST1::reject);
     connect(&selectAll_, &QPushButton::clicked, this, [this] { MarkAllContaining({}); });
     connect(&clear_, &QPushButton::clicked, this, &SLIST1::Clear);
@@ -93,7 +93,7 @@ void SLIST1::ConnectAll() {
     connect(&list_, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* item) {
         // The first of the two clicks may have unmarked the item that is meant.
         item->setSelected(true);
-        Accept();
+        Check();
     });
 }
 
@@ -119,7 +119,7 @@ std::vector<int> SLIST1::Marked() const {
     return marked;
 }
 
-void SLIST1::Accept() {
+void SLIST1::Check() {
     const auto count = list_.selectedItems().size();
     if (count == 0)
         ShowMessage("No items selected");

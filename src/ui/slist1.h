@@ -37,7 +37,7 @@ class SLIST1 : public QDialog {
   private:
     void LayOut();
     void ConnectAll();
-    void Accept();
+    void Check();
     void Clear();
     void Find();
     void MarkAllContaining(const QString& text);
