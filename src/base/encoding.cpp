@@ -2,10 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 
 namespace korvane {
 
 namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 // What the bytes 0x80 to 0x9F mean in Windows-1252; the five unassigned ones stand for themselves.
 constexpr std::array<char16_t, 32> kWindows1252 = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
@@ -42,6 +45,25 @@ std::size_t CharacterLength(std::string_view bytes) {
     return bad ? 0 : length;
 }
 
+// The character that a well-formed sequence stands for.
+char32_t CharacterOf(std::string_view sequence) {
+    static constexpr std::array<unsigned, 5> kLeadBits = {0, 0x7F, 0x1F, 0x0F, 0x07};
+    char32_t character = static_cast<unsigned char>(sequence[0]) & kLeadBits.at(sequence.size());
+    for (const char c : sequence.substr(1))
+        character = (character << 6U) | (static_cast<unsigned char>(c) & 0x3FU);
+    return character;
+}
+
+void AppendWindows1252(std::string& bytes, char32_t character) {
+    const auto place = std::ranges::find(kWindows1252, character);
+    if (character < 0x80 || (character >= 0xA0 && character <= 0xFF))
+        bytes += static_cast<char>(character);
+    else if (place != kWindows1252.end())
+        bytes += static_cast<char>(0x80 + (place - kWindows1252.begin()));
+    else
+        bytes += "&#" + std::to_string(static_cast<std::uint32_t>(character)) + ";";
+}
+
 }  // namespace
 
 bool IsUtf8(std::string_view bytes) {
@@ -55,7 +77,6 @@ bool IsUtf8(std::string_view bytes) {
 }
 
 std::string DecodeText(std::string_view bytes) {
-    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
     if (bytes.starts_with(kByteOrderMark))
         bytes.remove_prefix(kByteOrderMark.size());
     if (IsUtf8(bytes))
@@ -66,6 +87,30 @@ std::string DecodeText(std::string_view bytes) {
         AppendCharacter(text, byte >= 0x80 && byte < 0xA0 ? kWindows1252.at(byte - 0x80U) : byte);
     }
     return text;
+}
+
+Encoding EncodingOf(std::string_view bytes) {
+    if (!IsUtf8(bytes))
+        return Encoding::Windows1252;
+    return bytes.starts_with(kByteOrderMark) ? Encoding::Utf8WithMark : Encoding::Utf8;
+}
+
+std::string EncodeText(std::string_view text, Encoding encoding) {
+    if (encoding == Encoding::Utf8)
+        return std::string(text);
+    if (encoding == Encoding::Utf8WithMark)
+        return std::string(kByteOrderMark).append(text);
+    std::string bytes;
+    while (!text.empty()) {
+        // A byte that is no part of a character stands for itself.
+        const auto length = CharacterLength(text);
+        if (length == 0)
+            bytes += text[0];
+        else
+            AppendWindows1252(bytes, CharacterOf(text.substr(0, length)));
+        text.remove_prefix(std::max<std::size_t>(length, 1));
+    }
+    return bytes;
 }
 
 }  // namespace korvane

@@ -161,4 +161,9 @@ std::string ConfigurationFolder() {
     return EnsureTrailingBackslash(HeldPath(folder / "korvane"));
 }
 
+std::string ProfileFolder() {
+    const auto profile = GetEnvironmentValue("USERPROFILE");
+    return profile.empty() ? ExactEnvironmentValue("HOME") : profile;
+}
+
 }  // namespace korvane

@@ -44,4 +44,7 @@ std::string GetEnvironmentValue(std::string_view name);
 // in the user's configuration folder.
 std::string ConfigurationFolder();
 
+// The user's profile folder, as a native path: what USERPROFILE says, else HOME; "" with neither.
+std::string ProfileFolder();
+
 }  // namespace korvane

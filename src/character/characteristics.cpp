@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "character/home_world.h"
 #include "character/summary.h"
 
 namespace korvane {
@@ -56,6 +57,7 @@ void StartNewCharacter(Session& session) {
     for (int i = 1; i <= session.race.characteristicCount; ++i)
         character.CharacteristicName[i] = session.race.characteristicName.at(static_cast<std::size_t>(i));
     RollCharacteristics(session);
+    RollHomeWorld(session);
     ShowSummary(session);
 }
 

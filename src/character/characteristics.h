@@ -9,7 +9,7 @@ namespace korvane {
 void RollCharacteristics(Session& session);
 
 // Starts a new character of the session's race: a blank record, the starting age, characteristics by the chosen method,
-// and the summary shown.
+// the home world, and the summary shown. Throws FileError for malformed tables of home worlds.
 void StartNewCharacter(Session& session);
 
 }  // namespace korvane

@@ -36,6 +36,17 @@ void AddCareers(std::vector<std::string>& lines, const CharacterRecord& characte
     lines.push_back(std::move(careers));
 }
 
+// What is known of the world stands in one text.
+void AddHomeWorld(std::vector<std::string>& lines, std::string_view world) {
+    if (!world.empty())
+        lines.emplace_back("Home world");
+    while (!world.empty()) {
+        const auto [fact, rest] = SplitFirst(world, "; ");
+        lines.push_back(Concat("  ", fact));
+        world = rest;
+    }
+}
+
 }  // namespace
 
 void ShowSummary(Session& session) {
@@ -119,6 +130,7 @@ std::vector<std::string> DetailLines(const CharacterRecord& character) {
     AddMoney(lines, "Pension: ", character.Pension, "/year");
     for (const auto& benefit : character.Benefits.lines())
         lines.push_back(Concat("Benefit: ", benefit));
+    AddHomeWorld(lines, character.HomeWorld);
     return lines;
 }
 

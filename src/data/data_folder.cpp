@@ -20,6 +20,18 @@ const Value& DataFolder::Cached(Cache<Value>& cache, std::string_view key, const
     return value;
 }
 
+template <typename Record, typename Parse>
+const std::optional<Record>& DataFolder::IfThere(Extra<Record>& extra, std::string_view name, std::string_view role,
+                                                 const Parse& parse) {
+    if (extra.read && reading_ == Reading::Once)
+        return extra.record;
+    extra.record.reset();
+    if (FileExists(Concat(location_, name)))
+        extra.record = parse(Read(name, role));
+    extra.read = true;
+    return extra.record;
+}
+
 std::shared_ptr<const TextFile> DataFolder::Read(std::string_view name, std::string_view role) const {
     return std::make_shared<const TextFile>(ReadTextFile(location_ + std::string(name), role));
 }
@@ -73,6 +85,14 @@ const AssignmentRecord& DataFolder::Assignment(std::string_view race, std::strin
                                                std::string_view assignment) {
     const ScratchText name(race, "-", career, "-", assignment, ".eas");
     return Cached(assignments_, name, [&] { return ReadAssignment(Read(name, "an assignment file")); });
+}
+
+const std::optional<NameTables>& DataFolder::NamesOfRaces() {
+    return IfThere(names_, "Names.dat", "the tables of names", ReadNameTables);
+}
+
+const std::optional<WorldTables>& DataFolder::HomeWorlds() {
+    return IfThere(worlds_, "Worlds.dat", "the tables of home worlds", ReadWorldTables);
 }
 
 }  // namespace korvane

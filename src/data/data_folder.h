@@ -3,11 +3,14 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 
+#include "data/name_tables.h"
 #include "data/records.h"
+#include "data/world_tables.h"
 
 namespace korvane {
 
@@ -37,6 +40,11 @@ class DataFolder {
     const CareerFile& Career(std::string_view race, std::string_view career);
     const AssignmentRecord& Assignment(std::string_view race, std::string_view career, std::string_view assignment);
 
+    // The tables of names and of home worlds; nothing where the folder doesn't have their file. Each throws FileError
+    // for a malformed file. The references hold until the next call.
+    const std::optional<NameTables>& NamesOfRaces();
+    const std::optional<WorldTables>& HomeWorlds();
+
   private:
     struct TextHash {
         using is_transparent = void;
@@ -45,8 +53,18 @@ class DataFolder {
     template <typename Value>
     using Cache = std::unordered_map<std::string, Value, TextHash, std::equal_to<>>;
 
+    // What a file says that the folder may do without.
+    template <typename Record>
+    struct Extra {
+        bool read = false;
+        std::optional<Record> record;
+    };
+
     template <typename Value, typename Make>
     const Value& Cached(Cache<Value>& cache, std::string_view key, const Make& make);
+    template <typename Record, typename Parse>
+    const std::optional<Record>& IfThere(Extra<Record>& extra, std::string_view name, std::string_view role,
+                                         const Parse& parse);
     std::shared_ptr<const TextFile> Read(std::string_view name, std::string_view role) const;
     // The middles of the file names that begin with `prefix` and end with `ending`, in any case.
     Names Listed(std::string_view prefix, std::string_view ending) const;
@@ -57,6 +75,8 @@ class DataFolder {
     Cache<RaceRecord> races_;
     Cache<CareerFile> careers_;
     Cache<AssignmentRecord> assignments_;
+    Extra<NameTables> names_;
+    Extra<WorldTables> worlds_;
 };
 
 }  // namespace korvane

@@ -5,29 +5,19 @@
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include "base/error.h"
+#include "support/environment.h"
 #include "support/temp_folder.h"
 
 namespace korvane {
 namespace {
 
 using Names = std::vector<std::string>;
+using test::InEnvironment;
 using test::TempFolder;
-
-// What `read` gives while the process's environment consists of these entries.
-template <typename Read>
-std::string InEnvironment(Names entries, const Read& read) {
-    std::vector<char*> pointers;
-    for (auto& entry : entries)
-        pointers.push_back(entry.data());
-    pointers.push_back(nullptr);
-    char** const before = std::exchange(environ, pointers.data());
-    auto value = read();
-    environ = before;
-    return value;
-}
 
 TEST(Places, NamesAreFoundInAnyCaseAndWithEitherSeparator) {
     const TempFolder folder;
@@ -77,6 +67,28 @@ TEST(Places, ReplacedFileHoldsTheNewContentAloneOrTheOldWhole) {
     EXPECT_EQ(folder.Read("Page.htm"), "new page\r\n");
     EXPECT_EQ(folder.Read("not/yet/there.txt"), "text");
     EXPECT_EQ(ListFiles(folder.held()), Names{"Page.htm"}) << "no file in another case, nothing left beside";
+}
+
+TEST(Places, AFileWhoseReplacementIsKilledIsTheOldOneOrTheNew) {
+    const test::TempFolder folder;
+    const auto file = folder.Write("page.htm", "old");
+    const std::string page(4'000'000, 'x');
+    int replaced = 0;
+    for (int round = 0; round < 40; ++round) {
+        folder.Write("page.htm", "old");
+        const auto writer = fork();
+        if (writer == 0) {
+            ReplaceFile(file, page);
+            _exit(0);
+        }
+        usleep(static_cast<useconds_t>(round) * 200);
+        kill(writer, SIGKILL);
+        waitpid(writer, nullptr, 0);
+        const auto content = folder.Read("page.htm");
+        ASSERT_TRUE(content == "old" || content == page) << content.size() << " bytes in round " << round;
+        replaced += content == "old" ? 0 : 1;
+    }
+    RecordProperty("replaced", replaced);
 }
 
 TEST(Places, EnvironmentEntryIsTheFirstThatBeginsWithTheName) {

@@ -11,9 +11,11 @@ using test::Rolled;
 
 class Characteristics : public test::World {
   protected:
-    std::vector<int> ValuesFrom(const std::vector<int>& faces, void (*roll)(Session&) = RollCharacteristics) {
+    std::vector<int> ValuesFrom(const std::vector<int>& faces, void (*roll)(Session&) = RollCharacteristics,
+                                const std::vector<test::Die>& more = {}) {
         for (const int face : faces)
             dice.Expect({Rolled(1, 6, face)});
+        dice.Expect(more);
         roll(session);
         dice.ExpectDone();
         std::vector<int> values;
@@ -45,7 +47,7 @@ TEST_F(Characteristics, NewCharacterIsBlankOfStartingAgeAndRolledByTheMethod) {
     session.race.characteristicCount = 2;
     session.race.characteristicModifier[1] = "+2";
     session.method = RollingMethod::Roll3Drop1;
-    EXPECT_EQ(ValuesFrom({5, 5, 1, 2, 1, 1}, StartNewCharacter), (std::vector{12, 3}));
+    EXPECT_EQ(ValuesFrom({5, 5, 1, 2, 1, 1}, StartNewCharacter, test::HomeWorldRolls()), (std::vector{12, 3}));
     EXPECT_EQ(character().Age, 22);
     EXPECT_TRUE(History().empty() && HeldSkills(character()).empty());
     EXPECT_EQ(character().CharacteristicName[1] + character().CharacteristicName[7], "Str");

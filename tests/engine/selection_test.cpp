@@ -14,7 +14,10 @@ class Selecting : public test::World {
         folder.CopyRules();
         session.data = DataFolder(folder.held());
     }
-    void ExpectNewCharacter() { dice.Expect(std::vector<test::Die>(12, test::Rolled(1, 6, 4))); }
+    void ExpectNewCharacter() {
+        dice.Expect(std::vector<test::Die>(12, test::Rolled(1, 6, 4)));
+        dice.Expect(test::HomeWorldRolls());
+    }
 
     const std::string human = "Imperial Human";
     test::TempFolder folder;
@@ -74,6 +77,7 @@ TEST_F(Selecting, TheImperialHumanIsTheDefaultRaceElseTheFirst) {
     const test::TempFolder none;
     session.data = DataFolder(none.held());
     ListRaces(session);
+    none.Write("Worlds.dat", folder.Read("Worlds.dat"));
     for (const std::string race : {"Elf", "Imperial Human"}) {
         for (const std::string part : {".eri", "-Army.ecf", "-Army-Infantry.eas"})
             none.Write(race + part, folder.Read(human + part));

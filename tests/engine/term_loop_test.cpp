@@ -206,14 +206,18 @@ TEST_F(Life, TheBoxesOfTheEndOfATermHoldAtOnce) {
 
 TEST_F(Life, ACareerLocksTheControlsAndHandsOverWhoMusteredOut) {
     const Rolls characteristics(12, Rolled(1, 6, 4));
+    const auto expect_new_character = [&] {
+        dice.Expect(characteristics);
+        dice.Expect(test::HomeWorldRolls());
+    };
     int handed = 0;
     const auto hand_over = [&] { handed += character().TermsTotal; };
     Start(kShortLife).ExpectTable(1).ExpectEndOfTerm(End::MusterOut).ExpectMuster(MusterButton::Done);
-    dice.Expect(characteristics);
+    expect_new_character();
     RunCareer(session, hand_over);
     EXPECT_EQ(character().Age + character().Characteristic[kStr], 18 + 8);
     Start({kQualify}).ExpectScrap();
-    dice.Expect(characteristics);
+    expect_new_character();
     RunCareer(session, hand_over);
     session.career.qualification = "Str        5+";
     Start({kQualify});

@@ -22,6 +22,11 @@ inline Die Drawn(int n, int result) {
     return {0, n, result};
 }
 
+// The rolls of a home world by the shipped tables.
+inline std::vector<Die> HomeWorldRolls() {
+    return std::vector<Die>(7, Rolled(2, 6, 7));
+}
+
 // A request that differs from the next expected one, or comes when none is left, fails the test.
 class ScriptedDice : public Dice {
   public:

@@ -1,0 +1,13 @@
+// Where a character comes from.
+#pragma once
+
+#include "character/KVNDeclare.h"
+
+namespace korvane {
+
+// Rolls the home world of the session's character, one roll of two dice a table, and writes it down as one line:
+// "Port: ...; Size: ...". Without tables in the data folder nothing is rolled and the line is empty. Throws FileError
+// for a malformed file of tables.
+void RollHomeWorld(Session& session);
+
+}  // namespace korvane
