@@ -1,7 +1,9 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <array>
 #include <unistd.h>
 
+#include "base/encoding.h"
 #include "base/error.h"
 #include "base/text.h"
 #include "cli/commands.h"
@@ -46,7 +48,28 @@ Options OptionsNamed(const std::vector<std::string>& captions) {
 }
 
 Format FormatNamed(const std::string& name) {
-    return name == "json" ? Format::Json : name == "none" ? Format::None : Format::Text;
+    constexpr std::array kNames = {std::pair("json", Format::Json), std::pair("html", Format::Html),
+                                   std::pair("none", Format::None)};
+    for (const auto& [known, format] : kNames)
+        if (name == known)
+            return format;
+    return Format::Text;
+}
+
+void AddPageOptions(CLI::App& app, PageOrder& page) {
+    app.add_option("--template", page.templateName,
+                   "Template of the pages: a file of the data folder, or a path (default: template.htm)");
+    app.add_option_function<std::string>(
+        "--name", [&page](const std::string& name) { page.name = DecodeText(name); },
+        "Name on the page, exactly as typed (default: one is rolled)");
+    app.add_flag("--pdf", page.pdf, "Have korvane-pdf make a PDF file of each page");
+}
+
+void CheckPages(Format format, const PageOrder& page, const std::string& folder) {
+    if (format == Format::Html && folder.empty())
+        throw UsageError("\"--format html\" writes files: name their folder with \"--out FOLDER\"");
+    if (format != Format::Html && page != PageOrder{})
+        throw UsageError("\"--template\", \"--name\" and \"--pdf\" go with \"--format html\" alone");
 }
 
 void AddSelection(CLI::App& app, std::string& data, std::string& race, std::string& career, std::string& assignment,
@@ -76,9 +99,10 @@ void AddGenerate(CLI::App& app, GenerateCommand& command, Captions& captions) {
         ->check(CLI::IsMember({"automatic", "random"}))
         ->capture_default_str();
     app.add_option("--format", captions.format, "What is printed of each character")
-        ->check(CLI::IsMember({"text", "json", "none"}))
+        ->check(CLI::IsMember({"text", "json", "html", "none"}))
         ->capture_default_str();
     app.add_option("--out", command.outFolder, "Folder for a file of each character, in place of standard output");
+    AddPageOptions(app, command.page);
     app.add_option("--journal", command.journalFolder, "Folder for a journal of each character");
 }
 
@@ -91,8 +115,10 @@ void AddReplay(CLI::App& app, ReplayCommand& command, Captions& captions) {
     app.add_option("JOURNAL", command.journal, "The journal to replay")->required();
     app.add_option("--data", command.data, "Folder of the rule data that the journal was made with");
     app.add_option("--format", captions.format, "What is printed of the character")
-        ->check(CLI::IsMember({"text", "json"}))
+        ->check(CLI::IsMember({"text", "json", "html"}))
         ->capture_default_str();
+    app.add_option("--out", command.outFolder, "Folder for the page of \"--format html\"");
+    AddPageOptions(app, command.page);
 }
 
 void AddCodes(CLI::App& app, CodesCommand& command) {
@@ -112,7 +138,15 @@ void Check(GenerateCommand& command, const Captions& captions) {
     if (plan.player == PlayerKind::Random && plan.options[Option::AutomaticGeneration])
         throw UsageError("the random player never uses \"Automatic Generation\"; leave one of the two out");
     command.format = FormatNamed(captions.format);
+    CheckPages(command.format, command.page, command.outFolder);
     command.progress = isatty(STDERR_FILENO) != 0;
+}
+
+void Check(ReplayCommand& command, const Captions& captions) {
+    command.format = FormatNamed(captions.format);
+    CheckPages(command.format, command.page, command.outFolder);
+    if (command.format != Format::Html && !command.outFolder.empty())
+        throw UsageError("\"--out\" goes with \"--format html\" alone");
 }
 
 int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
@@ -148,7 +182,7 @@ int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
     }
     if (codes_app->parsed())
         return Codes(codes, streams);
-    replay.format = FormatNamed(captions.format);
+    Check(replay, captions);
     return Replay(replay, streams);
 }
 

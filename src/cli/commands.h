@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "cli/lives.h"
+#include "cli/pages.h"
 
 namespace korvane::cli {
 
@@ -21,14 +22,15 @@ struct Streams {
     std::ostream& err;
 };
 
-enum class Format { Text, Json, None };
+enum class Format { Text, Json, Html, None };
 
 struct GenerateCommand {
     std::string data;
     LifePlan plan;
     std::uint64_t count = 1;
     Format format = Format::Text;
-    std::string outFolder;      // empty: standard output
+    PageOrder page;             // how a page is made
+    std::string outFolder;      // empty: standard output; pages need one
     std::string journalFolder;  // empty: no journals
     bool progress = false;      // a progress line on the error stream
 };
@@ -49,6 +51,8 @@ struct ReplayCommand {
     std::string journal;
     std::string data;
     Format format = Format::Text;
+    PageOrder page;
+    std::string outFolder;  // for a page
 };
 int Replay(const ReplayCommand& command, Streams& streams);
 

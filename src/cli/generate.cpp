@@ -1,4 +1,5 @@
 #include <filesystem>
+#include <optional>
 #include <sstream>
 
 #include "base/error.h"
@@ -54,18 +55,32 @@ class Generator {
         : command_(command),
           streams_(streams),
           session_(DataFolder(ChooseDataLocation(command.data), DataFolder::Reading::Once),
-                   {nullptr, nullptr, &display_}) {}
+                   {nullptr, nullptr, &display_}) {
+        if (command.format == Format::Html)
+            pages_.emplace(session_, command.page, command.outFolder);
+    }
 
     int Run() {
         Progress progress(streams_.err, command_.count, command_.progress);
-        for (std::uint64_t number = 1; number <= command_.count; ++number) {
-            RunOne(number);
-            progress.Done(number);
+        try {
+            for (std::uint64_t number = 1; number <= command_.count; ++number) {
+                RunOne(number);
+                progress.Done(number);
+            }
+        } catch (const std::exception&) {
+            WriteIndex();  // of what there is
+            throw;
         }
+        WriteIndex();
         return status_;
     }
 
   private:
+    void WriteIndex() {
+        if (pages_ && command_.count > 1)
+            pages_->WriteIndex();
+    }
+
     void RunOne(std::uint64_t number) {
         const auto outcome = LiveJournaled(number);
         if (!outcome.end) {
@@ -94,6 +109,20 @@ class Generator {
     }
 
     void Show(std::uint64_t number) {
+        if (pages_)
+            WritePage(number);
+        else
+            ShowText(number);
+    }
+
+    void WritePage(std::uint64_t number) {
+        if (command_.count == 1)
+            pages_->Write("Character");
+        else
+            pages_->WriteListed(Concat("Character ", number), Stem(number));
+    }
+
+    void ShowText(std::uint64_t number) {
         const auto text = Rendered(session_, command_.format);
         if (!command_.outFolder.empty()) {
             ReplaceFile(FileName(command_.outFolder, number, command_.format == Format::Json ? ".json" : ".txt"), text);
@@ -106,13 +135,16 @@ class Generator {
     }
 
     std::filesystem::path FileName(const std::string& folder, std::uint64_t number, std::string_view ending) const {
-        return std::filesystem::path(folder) / Concat("character-", Padded(number, command_.count), ending);
+        return std::filesystem::path(folder) / (Stem(number).append(ending));
     }
+    // The file name of one of several characters, without its ending.
+    std::string Stem(std::uint64_t number) const { return "character-" + Padded(number, command_.count); }
 
     const GenerateCommand& command_;
     Streams& streams_;
     Display display_;
     Session session_;
+    std::optional<PageWriter> pages_;
     int status_ = kSuccess;
     bool shown_any_ = false;
 };

@@ -44,6 +44,13 @@ void SelectAsRecorded(Session& session, const journal::Start& start) {
     session.seams.player = player;
 }
 
+void Show(Session& session, const ReplayCommand& command, std::ostream& out) {
+    if (command.format == Format::Html)
+        PageWriter(session, command.page, command.outFolder).Write("Character");
+    else
+        out << (command.format == Format::Json ? CharacterDocument(session) + "\n" : CharacterText(session));
+}
+
 }  // namespace
 
 int Replay(const ReplayCommand& command, Streams& streams) {
@@ -53,8 +60,7 @@ int Replay(const ReplayCommand& command, Streams& streams) {
     SelectAsRecorded(session, replayer.start());
     try {
         if (LiveAgain(session, replayer) == LifeEnd::MusteredOut)
-            streams.out << (command.format == Format::Json ? CharacterDocument(session) + "\n"
-                                                           : CharacterText(session));
+            Show(session, command, streams.out);
         return kSuccess;
     } catch (const journal::Divergence& divergence) {
         streams.err << "korvane-cli: " << divergence.what() << '\n';

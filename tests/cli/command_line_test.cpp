@@ -4,28 +4,13 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
-#include "cli/commands.h"
+#include "cli/run_cli.h"
 #include "support/temp_folder.h"
 
 namespace korvane::cli {
 namespace {
 
 using test::LinesOf;
-
-struct Outcome {
-    int status;
-    std::string out;
-    std::string err;
-};
-
-Outcome RunCli(const std::vector<std::string>& arguments, const std::string& input = "") {
-    std::istringstream in(input);
-    std::ostringstream out;
-    std::ostringstream err;
-    Streams streams{in, out, err};
-    const int status = RunCommandLine(arguments, streams);
-    return {status, out.str(), err.str()};
-}
 
 Outcome Generate(std::vector<std::string> more) {
     more.insert(more.begin(), {"generate", "--data", KORVANE_RULES, "--seed", "7"});

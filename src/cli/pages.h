@@ -1,0 +1,48 @@
+// The pages that commands write, and the list that leads to them.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "character/KVNDeclare.h"
+#include "output/page_export.h"
+
+namespace korvane::cli {
+
+struct PageOrder {
+    std::string templateName;         // a file of the data folder, or a path; empty: "template.htm"
+    std::optional<std::string> name;  // of the character, as typed; none: one is rolled
+    bool pdf = false;                 // have each page made into a PDF file too
+
+    bool operator==(const PageOrder&) const = default;
+};
+
+class PageWriter {
+  public:
+    // Reads the template, and the master skill list into the session. Throws UsageError for a template that the data
+    // folder doesn't have, and FileError for what can't be read.
+    PageWriter(Session& session, const PageOrder& order, std::filesystem::path folder);
+
+    // Writes the page of the session's character; the file is called by the letters of its name. `defaultName` serves
+    // where no name is given and none can be rolled. Throws FileError for a page that can't be written, UsageError when
+    // the PDF file can't be made.
+    void Write(std::string_view defaultName);
+    // The same, into a file of the given name without its ending; the index will lead to it.
+    void WriteListed(std::string_view defaultName, const std::string& stem);
+    // Writes "index.htm", which leads to all listed pages.
+    void WriteIndex() const;
+
+  private:
+    std::string NameOf(std::string_view defaultName);
+    void WriteAs(std::string_view name, const std::string& stem) const;
+
+    Session& session_;
+    const PageOrder& order_;
+    std::filesystem::path folder_;
+    PageTemplate template_;
+    std::string rows_;  // of the index
+};
+
+}  // namespace korvane::cli

@@ -1,0 +1,267 @@
+#include "output/page_export.h"
+
+#include <array>
+#include <cstdint>
+#include <ctime>
+#include <filesystem>
+#include <functional>
+#include <span>
+#include <system_error>
+
+#include "base/places.h"
+#include "base/text.h"
+#include "character/summary.h"
+
+namespace korvane {
+
+namespace {
+
+struct Replacement {
+    std::string tag;
+    std::string value;
+};
+using Replacements = std::vector<Replacement>;
+
+// A tag that stands alone between its bars.
+void Add(Replacements& page, std::string_view tag, std::string value) {
+    page.push_back({Concat("|", tag, "|"), std::move(value)});
+}
+
+// What a line of the master list says: a skill and its tag, which is given with its bars.
+struct SkillTag {
+    std::string_view skill;
+    std::string tag;
+    bool withSpecialities = false;
+};
+
+SkillTag SkillTagOf(std::string_view line) {
+    const auto [skill, rest] = SplitFirst(line, "|");
+    const auto tag = Trim(rest);
+    const auto star = tag.find('*');
+    if (star == std::string_view::npos)
+        return {Trim(skill), std::string(tag), false};
+    return {Trim(skill), Concat(tag.substr(0, star), "|"), true};
+}
+
+std::string LevelText(const CharacterRecord& character, std::string_view name) {
+    for (const auto* const skill : HeldSkills(character))
+        if (skill->Name == name)
+            return Concat(skill->Level);
+    return {};
+}
+
+// A skill and its specialities, which stand below it; one head line of level 0 does for a bare skill that isn't held.
+std::string SpecialitiesText(const CharacterRecord& character, std::string_view name) {
+    const auto head = Concat(name, " 0<br>");
+    std::string text;
+    for (const auto* const skill : HeldSkills(character)) {
+        if (!skill->Name.starts_with(name))
+            continue;
+        if (skill->Name != name) {
+            if (text.find(head) == std::string::npos)
+                text += head;
+            text += "&nbsp; &nbsp; &nbsp; &nbsp;";
+        }
+        AppendAll(text, skill->Name, " ", skill->Level, "<br>");
+    }
+    return text;
+}
+
+// The tags of the master list up to its first empty line: all plain ones, then those with specialities.
+void AddSkillTags(Replacements& page, const Session& session) {
+    const auto lines = std::span(session.masterSkills).subspan(1);
+    for (const bool specialities : {false, true})
+        for (const auto& line : lines) {
+            if (line.empty())
+                break;
+            auto tag = SkillTagOf(line);
+            if (tag.withSpecialities == specialities && !tag.tag.empty())
+                page.push_back({std::move(tag.tag), specialities ? SpecialitiesText(session.character, tag.skill)
+                                                                 : LevelText(session.character, tag.skill)});
+        }
+}
+
+// One "O" a point, in groups of five for the first ten.
+std::string Boxes(int value) {
+    std::string boxes;
+    for (int point = 1; point <= value; ++point)
+        boxes += point == 5 || point == 10 ? "O " : "O";
+    return boxes;
+}
+
+void AddCharacteristicTags(Replacements& page, const Session& session) {
+    const auto& character = session.character;
+    const auto& race = session.race;
+    const auto add_each = [&](std::string_view ending, const std::function<std::string(int)>& value) {
+        for (int i = 1; i <= race.characteristicCount; ++i)
+            Add(page, Concat("STAT", i, ending), value(i));
+    };
+    add_each("", [&](int i) { return Concat(character.Characteristic[i]); });
+    add_each("BON", [&](int i) { return SignedNumber(character.CharacteristicDM[i]); });
+    add_each("NAME", [&](int i) { return std::string(race.characteristicName.at(static_cast<std::size_t>(i))); });
+    add_each("BOXES", [&](int i) { return Boxes(character.Characteristic[i]); });
+}
+
+std::string SkillsText(const CharacterRecord& character) {
+    std::string text;
+    for (const auto* const skill : HeldSkills(character))
+        AppendAll(text, text.empty() ? "" : ", ", skill->Name, "-", skill->Level);
+    return text;
+}
+
+std::string BenefitsText(const CharacterRecord& character) {
+    std::string text;
+    for (const auto& benefit : character.Benefits.lines())
+        if (!IsBlank(benefit))
+            AppendAll(text, text.empty() ? "" : ", ", benefit);
+    return text;
+}
+
+// A line that begins with the mark of the first term opens a row; what stands before it is in none, and the last row
+// stays open.
+std::string HistoryTable(const CharacterRecord& character) {
+    std::string table = "<table width=100% border=1>";
+    bool open = false;
+    for (const auto& line : character.History.lines()) {
+        if (IsBlank(line))
+            continue;
+        if (line.starts_with("-- Term")) {
+            AppendAll(table, open ? "</td></tr>" : "", "<tr width=100%><td>");
+            open = true;
+        }
+        AppendAll(table, line, "<br>");
+    }
+    return table + "</table>";
+}
+
+std::string TraitsText(const RaceRecord& race) {
+    std::string text;
+    for (const auto trait : std::span(race.traits).subspan(1))
+        AppendAll(text, trait, " ");
+    return std::string(Trim(text));
+}
+
+std::string CountText(std::string_view label, int count) {
+    return count > 0 ? Concat(label, ": ", count) : std::string();
+}
+
+std::string MoneyText(double amount) {
+    return "Cr" + FormatThousands(amount);
+}
+
+void AddStanding(Replacements& page, const Session& session, std::string_view name) {
+    const auto& character = session.character;
+    const auto value = [&](int slot) { return int{character.Characteristic[slot]}; };
+    Add(page, "HITS", Concat(value(kEnd), "/", value(kStr) + value(kDex) + value(kEnd)));
+    Add(page, "SKILLS", SkillsText(character));
+    Add(page, "BENEFITS", BenefitsText(character));
+    Add(page, "AGE", Concat(character.Age));
+    Add(page, "RANK", std::string(RankTitle(session.assignment, character.Rank)));
+    Add(page, "NOTES", "Other stuff");
+    Add(page, "PORTRAIT", Concat("<img src=", LettersOnly(name), ".jpg>"));
+}
+
+void AddStory(Replacements& page, const Session& session) {
+    const auto& character = session.character;
+    const auto debt = static_cast<double>(character.MedicalDebt);
+    Add(page, "HISTORY", HistoryTable(character));
+    Add(page, "CONTACTS", CountText("Contacts", character.Contacts));
+    Add(page, "ALLIES", CountText("Allies", character.Allies));
+    Add(page, "RIVALS", CountText("Rivals", character.Rivals));
+    Add(page, "ENEMIES", CountText("Enemies", character.Enemies));
+    Add(page, "DEBT", debt > 0 ? MoneyText(debt) : "");
+    Add(page, "MONEY", MoneyText(static_cast<double>(std::int64_t{character.Cash})));
+    Add(page, "PENSION", MoneyText(static_cast<double>(std::int64_t{character.Pension})));
+    Add(page, "HOMEWORLD", character.HomeWorld);
+    Add(page, "TRAITS", TraitsText(session.race));
+}
+
+// All tags with their values. The order counts: a value may hold a tag that comes later.
+Replacements ReplacementsFor(const Session& session, std::string_view name) {
+    Replacements page;
+    Add(page, "NAME", std::string(name));
+    AddSkillTags(page, session);
+    Add(page, "ASSIGNMENT", std::string(session.assignment.assignmentDescription));
+    Add(page, "RACE", std::string(session.race.name));
+    AddCharacteristicTags(page, session);
+    AddStanding(page, session, name);
+    AddStory(page, session);
+    return page;
+}
+
+void ReplaceFirst(std::string& line, const Replacement& replacement) {
+    if (const auto place = line.find(replacement.tag); place != std::string::npos)
+        line.replace(place, replacement.tag.size(), replacement.value);
+}
+
+// A name for a nameless file, of today's date: the month stands where the minutes would, and the hour is that of a date
+// without a time.
+std::string DatedName() {
+    const std::time_t now = std::time(nullptr);
+    std::tm today{};
+    localtime_r(&now, &today);
+    std::array<char, 40> text{};
+    const auto length = std::strftime(text.data(), text.size(), "Character %Y%m%m00%m.htm", &today);
+    return {text.data(), length};
+}
+
+// The page's held path. It can't be empty before its ending, as it holds the folder, so no page is called by the date;
+// one of a name without letters is just called ".htm".
+std::string PagePath(std::string_view folder, std::string_view name) {
+    const auto path = Concat(folder, "\\", LettersOnly(name));
+    return path.empty() ? DatedName() : path + ".htm";
+}
+
+}  // namespace
+
+PageTemplate ReadTemplate(std::string_view path) {
+    const auto bytes = ReadBytes(NativePath(path), "a template");
+    const auto text = DecodeText(bytes);
+    const auto lines = SplitAll(text, '\n');
+    auto encoding = EncodingOf(bytes);
+    // Where no letter tells, the template's own word does.
+    if (CharacterCount(text) == bytes.size() && ContainsIgnoringCase(text, "charset=windows-1252"))
+        encoding = Encoding::Windows1252;
+    return {{lines.begin(), lines.end()}, encoding};
+}
+
+Names TemplateNames(std::string_view dataLocation) {
+    auto names = ListFiles(dataLocation);
+    std::erase_if(names, [](const std::string& name) {
+        return !BeginsIgnoringCase(name, "template") || !EndsIgnoringCase(name, ".htm");
+    });
+    return names;
+}
+
+std::vector<std::string> FillTemplate(const std::vector<std::string>& lines, const Session& session,
+                                      std::string_view name) {
+    const auto replacements = ReplacementsFor(session, name);
+    auto page = lines;
+    for (auto& line : page)
+        for (const auto& replacement : replacements)
+            ReplaceFirst(line, replacement);
+    return page;
+}
+
+std::string Page(const PageTemplate& form, const Session& session, std::string_view name) {
+    std::string text;
+    for (const auto& line : FillTemplate(form.lines, session, name))
+        AppendAll(text, line, "\n");
+    text.pop_back();  // what follows the last line end was a line too
+    return EncodeText(text, form.encoding);
+}
+
+ExportOutcome ExportCharacter(const Session& session, std::string_view templatePath, std::string_view name) {
+    const auto profile = ProfileFolder();
+    if (profile.empty())
+        return {{}, "Your device needs a USERPROFILE env variable"};
+    const auto folder = HeldPath(profile) + "\\Korvane";
+    std::error_code exists;  // or can't be made, which the page's own error tells
+    std::filesystem::create_directories(NativePath(folder), exists);
+    const auto page = Page(ReadTemplate(templatePath), session, name);
+    const auto path = NativePath(PagePath(folder, name));
+    ReplaceFile(path, page);
+    return {path.string(), "Character exported to " + path.string()};
+}
+
+}  // namespace korvane

@@ -1,0 +1,76 @@
+// The templates that come with the program, filled for whole lives.
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <set>
+
+#include "base/places.h"
+#include "base/text.h"
+#include "character/characteristics.h"
+#include "cli/players.h"
+#include "engine/selection.h"
+#include "engine/term_loop.h"
+#include "output/page_export.h"
+
+namespace korvane {
+namespace {
+
+const std::string kRules = HeldPath(KORVANE_RULES) + "\\";
+
+// The tags of a line: bars around capitals and digits, with a "*" perhaps.
+std::set<std::string> TagsOf(std::string_view line) {
+    std::set<std::string> tags;
+    for (auto open = line.find('|'); open != std::string_view::npos; open = line.find('|', open + 1)) {
+        const auto close = line.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789*", open + 1);
+        if (close != std::string_view::npos && line[close] == '|' && close > open + 1)
+            tags.emplace(line.substr(open, close + 1 - open));
+    }
+    return tags;
+}
+
+TEST(ShippedTemplates, HoldEachTagSomewhereAndNoneTwiceInALine) {
+    std::set<std::string> found;
+    const auto names = TemplateNames(kRules);
+    EXPECT_EQ(names, (Names{"template-plain.htm", "template-story.htm", "template.htm"}));
+    for (const auto& name : names)
+        for (const auto& line : ReadTemplate(kRules + name).lines) {
+            const auto tags = TagsOf(line);
+            EXPECT_LE(tags.size(), 1U) << name << ": " << line;
+            found.insert(tags.begin(), tags.end());
+        }
+    std::set<std::string> expected = {"|NAME|",     "|ASSIGNMENT|", "|RACE|",    "|HITS|",      "|SKILLS|",
+                                      "|BENEFITS|", "|AGE|",        "|RANK|",    "|NOTES|",     "|ALLIES|",
+                                      "|RIVALS|",   "|PORTRAIT|",   "|HISTORY|", "|CONTACTS|",  "|ENEMIES|",
+                                      "|DEBT|",     "|MONEY|",      "|PENSION|", "|HOMEWORLD|", "|TRAITS|"};
+    for (int i = 1; i <= 6; ++i)
+        for (const auto* const form : {"", "BON", "NAME", "BOXES"})
+            expected.insert(Concat("|STAT", i, form, "|"));
+    for (const auto& line : LoadMasterSkills(kRules))
+        if (auto tag = std::string(SplitFirst(line, "|").second); !tag.empty()) {
+            std::ranges::replace(tag, '*', '|');
+            expected.insert(tag);
+        }
+    EXPECT_EQ(found, expected);
+}
+
+TEST(ShippedTemplates, LeaveNoTagVisible) {
+    Display display;
+    for (std::uint64_t seed = 1; seed <= 10; ++seed) {
+        SeededDice dice(seed, 1);
+        cli::PolicyPlayer player(RandomStream(seed), 9);
+        Session session(DataFolder(kRules), {&dice, &player, &display});
+        session.masterSkills = LoadMasterSkills(kRules);
+        session.options.Set(Option::AutomaticGeneration);
+        const auto careers = *session.data.CareerNames("Imperial Human");
+        const auto& career = careers[seed % careers.size()];
+        SelectStart(session, "Imperial Human", career, session.data.AssignmentNames("Imperial Human", career)->front());
+        StartNewCharacter(session);
+        ASSERT_EQ(RunLife(session), LifeEnd::MusteredOut);
+        for (const auto& name : TemplateNames(kRules))
+            for (const auto& line : FillTemplate(ReadTemplate(kRules + name).lines, session, "Jo"))
+                EXPECT_EQ(TagsOf(line), std::set<std::string>()) << name << ": " << line;
+    }
+}
+
+}  // namespace
+}  // namespace korvane
