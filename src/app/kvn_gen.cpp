@@ -287,14 +287,23 @@ void KVNGen::RunToTheEnd() {
     bool finished = false;
     afterError_ = true;
     RunCareer(session_, [&] {
-        finished = true;
         Refresh();
-        if (characterFinished)
-            characterFinished();
+        finished = HandOver();
     });
     afterError_ = false;
     Say(finished ? tr("The character is finished. The statistics are already the next one's.")
                  : tr("The character was scrapped. The statistics are the next one's."));
+}
+
+// Returns whether the character was kept.
+bool KVNGen::HandOver() {
+    try {
+        if (characterFinished)
+            characterFinished();
+        return true;
+    } catch (const CharacterScrapped&) {
+        return false;
+    }
 }
 
 void KVNGen::ScrapAndRestart() {

@@ -30,7 +30,8 @@ class KVNGen : public QMainWindow, public Display {
 
     // The player whose dialogs belong to this window.
     Player& player() { return player_; }
-    // Called with the finished character, still in the session, when a life has run to its end.
+    // Called with the finished character, still in the session, when a life has run to its end. May throw
+    // CharacterScrapped.
     std::function<void()> characterFinished;
 
     // Fills the window when it is shown first: the title, the races. Throws FileError for a malformed rule file.
@@ -58,6 +59,7 @@ class KVNGen : public QMainWindow, public Display {
     void Roll();
     void StartCareer();
     void RunToTheEnd();
+    bool HandOver();
     void ScrapAndRestart();
     void ShowAbout();
     void TakeOptions(const Options& options);

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "app/desktop_windows.h"
+#include "app/exporter.h"
 #include "app/kvn_gen.h"
 #include "app/start_up.h"
 #include "ui/looks.h"
@@ -27,6 +28,8 @@ int Run(const std::string& commandLine) {
     korvane::Session session(korvane::DataFolder(""), {});
     korvane::KVNGen window(session);
     session.seams = {&dice, &window.player(), &window};
+    korvane::Exporter exporter(session, window);
+    window.characterFinished = [&exporter] { exporter.Show(); };
     korvane::DesktopWindows windows(session, window);
     try {
         if (!korvane::StartUp(session, windows, commandLine, QDate::currentDate().month()))

@@ -1,6 +1,8 @@
 #include "ui/dialog_player.h"
 
+#include <QApplication>
 #include <QEventLoop>
+#include <QWindow>
 #include <exception>
 #include <utility>
 
@@ -45,8 +47,11 @@ Dialog& DialogPlayer::Prepare(std::unique_ptr<Dialog>& dialog) {
     Announce();
     if (!dialog)
         dialog = std::make_unique<Dialog>(&window_);
-    if (static_cast<QWidget*>(dialog.get()) != Front() && dialog->parentWidget() != Front())
-        dialog->setParent(Front(), dialog->windowFlags());
+    // The dialogs stay the main window's, but stand before the one that is in front.
+    if (auto* const front = Front()->windowHandle(); front != nullptr && Front() != dialog.get()) {
+        dialog->winId();
+        dialog->windowHandle()->setTransientParent(front);
+    }
     dialog->setWindowTitle(Title());
     return *dialog;
 }
@@ -64,7 +69,8 @@ QString DialogPlayer::Title() const {
 }
 
 QWidget* DialogPlayer::Front() const {
-    return muster_ && muster_->isVisible() ? static_cast<QWidget*>(muster_.get()) : &window_;
+    auto* const modal = QApplication::activeModalWidget();
+    return modal != nullptr ? modal : &window_;
 }
 
 QStringList DialogPlayer::SkillTexts() const {

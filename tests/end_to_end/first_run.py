@@ -26,7 +26,7 @@ TEXT = pyatspi.ROLE_TEXT
 
 TITLE = "Brisane Farwend v2 Characters v"
 # A life may miss a kind of dialog; lives go on until these have been met.
-NEEDED_KINDS = {"choice", "list", "skill tables", "end of term", "transfer", "mustering out"}
+NEEDED_KINDS = {"choice", "list", "skill tables", "end of term", "transfer", "mustering out", "export"}
 MOST_LIVES = 4
 # With this option a university takes everyone; its subjects come from a list.
 OPTION = "Force Academic Success"
@@ -39,6 +39,7 @@ MARKS = {
     "End Career": "transfer",
     "3 Cash, rest Material": "mustering out",
     "Find...": "list",
+    "Roll Name": "export",
 }
 
 
@@ -109,6 +110,7 @@ class Hand:
         self.journey = journey
         self.session = journey.session
         self.terms = iter(["Re-Enlist", "Transfer & Re-Enlist"])
+        self.exports = iter(["Roll Name", "Export"])
 
     def answer(self, window: Window) -> None:
         kind = kind_of(window)
@@ -182,6 +184,9 @@ class MouseHand(Hand):
         else:
             self.journey.press(window, "Material" if "Material" in enabled else "Done")
 
+    def answer_export(self, window: Window) -> None:
+        self.journey.press(window, next(self.exports, "Close"))
+
 
 class KeyboardHand(Hand):
     """Answers by keys alone."""
@@ -239,6 +244,9 @@ class KeyboardHand(Hand):
         else:
             self.journey.type(window, "2" if "Material" in enabled else "4")
 
+    def answer_export(self, window: Window) -> None:
+        self.journey.type(window, {"Roll Name": "alt+r", "Export": "alt+e"}.get(next(self.exports, ""), "Escape"))
+
 
 def tab_to(session: Session, role: Any, name: str) -> Control:
     """Presses Tab until the control of that name or label has the focus, and returns it."""
@@ -276,6 +284,8 @@ def check_end_of_life(journey: Journey) -> None:
         expect(main.button(name).enabled, f'"{name}" is unlocked')
     for label in ("Race", "Career", "Assignment"):
         expect(main.find(COMBO_BOX, label).enabled, f'"{label}" is unlocked')
+    pages = list((Path(os.environ["HOME"]) / "Korvane").glob("*.htm"))
+    expect(bool(pages) and all("|" not in page.read_text() for page in pages), f"pages without tags: {pages}")
     journey.say(f"a life of {len(history)} lines")
 
 

@@ -196,7 +196,8 @@ TEST_F(MainWindow, FinishedCharacterStaysInViewAndCanBeSorted) {
     EXPECT_EQ(desk.Shown("skills"), SkillLines(finished, true)) << "still there";
     EXPECT_NE(SkillLines(finished, true), SkillLines(finished, false)) << "nothing is tried otherwise";
     desk.Click("scrapAndRestart");
-    EXPECT_TRUE(desk.Shown("history").empty() && desk.Shown("skills").empty() && desk.Shown("details").empty());
+    EXPECT_TRUE(desk.Shown("history").empty() && desk.Shown("skills").empty());
+    EXPECT_EQ(desk.Shown("details"), DetailLines(session.character));
     EXPECT_TRUE(IsBlank() && SetUpEnabled());
 }
 
@@ -246,6 +247,7 @@ TEST_F(MainWindow, FitsASmallScreen) {
 
 TEST_F(MainWindow, RuleErrorStopsTheGenerationAlone) {
     Tick(Option::AutomaticGeneration);
+    Tick(Option::ForceNoEjectionOnMishap);
     FaultyDice dice(session, RuleError(RuleError::Kind::Overflow, "the levels overflow"));
     robot.Then("QMessageBox", [](QWidget& dialog) {
         const auto& box = dynamic_cast<QMessageBox&>(dialog);

@@ -1,0 +1,30 @@
+#include <QGuiApplication>
+#include <iostream>
+
+#include "pdf/page_pdf.h"
+
+int main(int argc, char** argv) {
+    if (argc < 2) {
+        std::cerr << "usage: korvane-pdf PAGE...\n";
+        return 1;
+    }
+    // It shows nothing, so it needs no display.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // The toolkit remarks on desktops that aren't there; what goes wrong is told.
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& message) {
+        if (type == QtCriticalMsg || type == QtFatalMsg)
+            std::cerr << "korvane-pdf: " << message.toStdString() << '\n';
+    });
+    const QGuiApplication application(argc, argv);
+    int status = 0;
+    for (int i = 1; i < argc; ++i) {
+        const auto page = QString::fromLocal8Bit(argv[i]);
+        try {
+            korvane::pdf::WritePdf(page, korvane::pdf::PdfNameOf(page));
+        } catch (const std::exception& error) {
+            std::cerr << "korvane-pdf: " << error.what() << '\n';
+            status = 1;
+        }
+    }
+    return status;
+}

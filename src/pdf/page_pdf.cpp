@@ -1,0 +1,84 @@
+#include "pdf/page_pdf.h"
+
+#include <QFileInfo>
+#include <QImage>
+#include <QPageLayout>
+#include <QPdfWriter>
+#include <QSaveFile>
+#include <QTextDocument>
+#include <QUrl>
+
+#include "base/encoding.h"
+#include "base/error.h"
+#include "base/places.h"
+
+namespace korvane::pdf {
+
+namespace {
+
+// The room for a portrait on a page, in the page's own pixels.
+constexpr QSize kLargestPicture(200, 260);
+
+QImage Nothing() {
+    QImage nothing(1, 1, QImage::Format_ARGB32);
+    nothing.fill(Qt::transparent);
+    return nothing;
+}
+
+// A document that takes its pictures from the page's folder, no larger than a portrait.
+class PageDocument : public QTextDocument {
+  public:
+    explicit PageDocument(const QString& page) { setBaseUrl(QUrl::fromLocalFile(QFileInfo(page).absoluteFilePath())); }
+
+  protected:
+    QVariant loadResource(int type, const QUrl& name) override {
+        if (type != ImageResource)
+            return {};
+        const QImage picture(baseUrl().resolved(name).toLocalFile());
+        if (picture.isNull())
+            return Nothing();  // or the toolkit draws a picture of its own
+        if (picture.width() <= kLargestPicture.width() && picture.height() <= kLargestPicture.height())
+            return picture;
+        return picture.scaled(kLargestPicture, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    }
+};
+
+// The history's table may begin with lines that stand in no row; the document drops what no cell holds.
+QString WithRows(QString html) {
+    const QString table = "<table width=100% border=1>";
+    for (auto place = html.indexOf(table); place >= 0; place = html.indexOf(table, place + 1)) {
+        const auto content = place + table.size();
+        const auto rest = QStringView(html).mid(content).trimmed();
+        if (!rest.startsWith(QLatin1String("<tr")) && !rest.startsWith(QLatin1String("</table")))
+            html.insert(content, "<tr width=100%><td>");
+    }
+    return html;
+}
+
+}  // namespace
+
+void WritePdf(const QString& page, const QString& pdf) {
+    const auto html = DecodeText(ReadBytes(page.toStdString(), "a page"));
+    PageDocument document(page);
+    document.setHtml(WithRows(QString::fromStdString(html)));
+    QSaveFile file(pdf);
+    if (!file.open(QIODevice::WriteOnly))
+        throw FileError(pdf.toStdString(), 1, "a place for a PDF file", file.errorString().toStdString());
+    {
+        QPdfWriter writer(&file);
+        writer.setTitle(document.metaInformation(QTextDocument::DocumentTitle));
+        writer.setCreator("Korvane");
+        // The document keeps two centimetres on each side by itself, and numbers the pages.
+        writer.setPageLayout({QPageSize(QPageSize::A4), QPageLayout::Portrait, {}});
+        document.print(&writer);
+    }
+    if (!file.commit())
+        throw FileError(pdf.toStdString(), 1, "a place for a PDF file", file.errorString().toStdString());
+}
+
+QString PdfNameOf(const QString& page) {
+    const QFileInfo info(page);
+    return info.path() + "/" + info.completeBaseName() + ".pdf";
+}
+
+}  // namespace korvane::pdf

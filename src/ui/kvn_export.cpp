@@ -1,0 +1,76 @@
+#include "ui/kvn_export.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+
+namespace korvane::ui {
+
+namespace {
+
+void Connect(const QPushButton& button, const std::function<void()>& action) {
+    QObject::connect(&button, &QPushButton::clicked, &button, [&action] {
+        if (action)
+            action();
+    });
+}
+
+}  // namespace
+
+KVNExport::KVNExport(const QString& programTitle, const QStringList& templates, QWidget* parent)
+    : QDialog(parent),
+      nameLabel_(tr("&Name")),
+      rollName_(tr("&Roll Name")),
+      templatesLabel_(tr("&Template")),
+      pdf_(tr("Write a &PDF file too")),
+      export_(tr("&Export")),
+      close_(tr("&Close")),
+      end_(tr("E&xit Korvane")) {
+    setObjectName("KVNExport");
+    setWindowTitle(programTitle);
+    setModal(true);
+    name_.setObjectName("name");
+    name_.setAccessibleName(tr("Name"));
+    rollName_.setObjectName("rollName");
+    templates_.setObjectName("templates");
+    templates_.setAccessibleName(tr("Template"));
+    templates_.addItems(templates);
+    templates_.setCurrentRow(0);
+    pdf_.setObjectName("pdf");
+    export_.setObjectName("export");
+    export_.setEnabled(!templates.isEmpty());
+    export_.setDefault(true);
+    close_.setObjectName("close");
+    end_.setObjectName("end");
+    Connect(rollName_, rollName);
+    Connect(export_, exportPage);
+    Connect(end_, endProgram);
+    connect(&close_, &QPushButton::clicked, this, &QDialog::accept);
+    connect(&templates_, &QListWidget::itemDoubleClicked, &export_, &QPushButton::click);
+    LayOut();
+}
+
+void KVNExport::LayOut() {
+    nameLabel_.setBuddy(&name_);
+    templatesLabel_.setBuddy(&templates_);
+    auto* const grid = new QGridLayout(this);
+    grid->addWidget(&nameLabel_, 0, 0);
+    grid->addWidget(&name_, 0, 1);
+    grid->addWidget(&rollName_, 0, 2);
+    grid->addWidget(&templatesLabel_, 1, 0, Qt::AlignTop);
+    grid->addWidget(&templates_, 1, 1, 1, 2);
+    grid->addWidget(&pdf_, 2, 1, 1, 2);
+    grid->setColumnStretch(1, 1);
+    auto* const buttons = new QHBoxLayout;
+    for (auto* const button : {&export_, &close_, &end_})
+        buttons->addWidget(button);
+    grid->addLayout(buttons, 3, 0, 1, 3);
+    name_.setFocus();
+    resize(fontMetrics().averageCharWidth() * 64, fontMetrics().lineSpacing() * 16);
+}
+
+QString KVNExport::templateName() const {
+    const auto* const item = templates_.currentItem();
+    return item == nullptr ? QString() : item->text();
+}
+
+}  // namespace korvane::ui

@@ -1,0 +1,134 @@
+// The export dialog: a name, a template, a page on disk, and its PDF file.
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <filesystem>
+#include <gtest/gtest.h>
+
+#include "app/exporter.h"
+#include "character/characteristics.h"
+#include "pdf/page_pdf.h"
+#include "support/environment.h"
+#include "support/temp_folder.h"
+#include "support_ui/desk.h"
+
+namespace korvane {
+namespace {
+
+using test::Child;
+using test::PressKey;
+using test::RealClick;
+
+class ExportTest : public ::testing::Test {
+  protected:
+    ExportTest() { rules.CopyRules(); }
+
+    // The next export dialog gets a name and is exported; the message must say so.
+    void ExportAs(const QString& name, bool pdf = false) {
+        robot.Then("KVNExport", [name, pdf](QWidget& dialog) {
+            Child<QLineEdit>(dialog, "name").setText(name);
+            Child<QCheckBox>(dialog, "pdf").setChecked(pdf);
+            RealClick(dialog, "export");
+        });
+    }
+    void Close() { robot.ThenKey("KVNExport", Qt::Key_Escape); }
+    std::string PathOf(const std::string& file) const { return (profile.path() / "Korvane" / file).string(); }
+
+    test::TempFolder rules;
+    test::TempFolder profile;
+    const test::Environment environment{{"USERPROFILE=" + profile.path().string()}};
+    test::Desk desk{rules.held()};
+    Exporter exporter{desk.session, desk.window};
+    test::Robot robot;
+};
+
+TEST_F(ExportTest, WritesThePageOfTheSelectedTemplate) {
+    robot.Then("KVNExport", [&](QWidget& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), desk.window.windowTitle());
+        const auto& templates = Child<QListWidget>(dialog, "templates");
+        EXPECT_EQ(templates.count(), 3);
+        EXPECT_EQ(templates.currentItem()->text(), "template-plain.htm") << "the first of them";
+        PressKey(dialog, Qt::Key_J, Qt::ShiftModifier);
+        PressKey(dialog, Qt::Key_Return);
+    });
+    robot.ThenMessage("Character exported to " + PathOf("j.htm"), QMessageBox::Ok);
+    ExportAs("Zoe <b>", true);
+    robot.ThenMessage("Character exported to " + PathOf("Zoeb.htm"), QMessageBox::Ok);
+    robot.ThenMessage("PDF file written to " + PathOf("Zoeb.pdf"), QMessageBox::Ok);
+    Close();
+    exporter.Show();
+    EXPECT_NE(profile.Read("Korvane/Zoeb.htm").find("\nZoe <b>\n</title>"), std::string::npos)
+        << profile.Read("Korvane/Zoeb.htm").substr(0, 300);
+    EXPECT_TRUE(profile.Read("Korvane/Zoeb.pdf").starts_with("%PDF"));
+    EXPECT_FALSE(std::filesystem::exists(PathOf("j.pdf")));
+}
+
+TEST_F(ExportTest, OffersTenNamesAsOftenAsWanted) {
+    QString offered;
+    robot.Then("KVNExport", [](QWidget& dialog) { RealClick(dialog, "rollName"); });
+    robot.Then("SPICKBOX", [](QWidget& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Select Character Name");
+        EXPECT_EQ(Child<QPushButton>(dialog, "pick11").text(), "(Roll Again)");
+        RealClick(dialog, "pick11");
+    });
+    robot.Then("SPICKBOX", [&](QWidget& dialog) {
+        offered = Child<QPushButton>(dialog, "pick3").text();
+        PressKey(dialog, Qt::Key_3);
+    });
+    robot.Then("KVNExport", [&](QWidget& dialog) {
+        EXPECT_EQ(Child<QLineEdit>(dialog, "name").text(), offered);
+        EXPECT_FALSE(offered.isEmpty());
+        PressKey(dialog, Qt::Key_Escape);
+    });
+    exporter.Show();
+}
+
+TEST_F(ExportTest, ScrapsWhereTheNameIsRefused) {
+    robot.Then("KVNExport", [](QWidget& dialog) { RealClick(dialog, "rollName"); });
+    robot.ThenKey("SPICKBOX", Qt::Key_Escape);
+    robot.ThenMessage("Scrap this character?", QMessageBox::Yes);
+    EXPECT_THROW(exporter.Show(), CharacterScrapped);
+}
+
+TEST_F(ExportTest, AFaultIsShownAndLosesNothing) {
+    std::filesystem::remove(rules.path() / "Names.dat");
+    robot.Then("KVNExport", [&](QWidget& dialog) {
+        std::filesystem::remove(rules.path() / "template-plain.htm");
+        RealClick(dialog, "export");
+    });
+    robot.ThenMessage((rules.path() / "template-plain.htm").string() + ":1: expected a template, found no such file",
+                      QMessageBox::Ok);
+    robot.Then("KVNExport", [](QWidget& dialog) { RealClick(dialog, "rollName"); });
+    robot.Then("QMessageBox", [](QWidget& dialog) {
+        EXPECT_TRUE(dynamic_cast<QMessageBox&>(dialog).text().contains("Names.dat"));
+        PressKey(dialog, Qt::Key_Return);
+    });
+    Close();
+    exporter.Show();
+}
+
+TEST_F(ExportTest, WithoutAProfileFolderNothingIsWritten) {
+    const test::Environment no_profile({});
+    ExportAs("Jo");
+    robot.ThenMessage("Your device needs a USERPROFILE env variable", QMessageBox::Ok);
+    Close();
+    exporter.Show();
+    EXPECT_FALSE(std::filesystem::exists(PathOf("Jo.htm")));
+}
+
+TEST_F(ExportTest, PdfKeepsLinesThatStandInNoRow) {
+    const auto page = profile.Write("p.htm", "<p>x</p><table width=100% border=1>before<br></table>");
+    const auto plain = profile.Write("q.htm", "<p>x</p><table width=100% border=1></table>");
+    const auto size = [&](const std::filesystem::path& file) {
+        const auto pdf = pdf::PdfNameOf(QString::fromStdString(file.string()));
+        pdf::WritePdf(QString::fromStdString(file.string()), pdf);
+        return std::filesystem::file_size(pdf.toStdString());
+    };
+    EXPECT_GT(size(page), size(plain));
+    EXPECT_THROW(pdf::WritePdf(QString::fromStdString(page.string()), "/no/such/folder/p.pdf"), FileError);
+}
+
+}  // namespace
+}  // namespace korvane
