@@ -70,7 +70,7 @@ void Exporter::Export(ui::KVNExport& dialog) {
     TellExported(dialog, QObject::tr("PDF file written to %1").arg(printed), printed);
 }
 
-void Exporter::TellExported(QWidget& dialog, const QString& message, const QString& page) {
+void Exporter::TellExported(QWidget& dialog, const QString& message, const QString& page) const {
     QMessageBox box(QMessageBox::Information, ToQt(session_.programTitle), message, QMessageBox::Ok, &dialog);
     box.setTextFormat(Qt::PlainText);
     const auto* const open = box.addButton(QObject::tr("&Open"), QMessageBox::ActionRole);

@@ -20,7 +20,7 @@ class Exporter {
     void RollName(ui::KVNExport& dialog);
     void Export(ui::KVNExport& dialog);
     // Tells that a page was written, and opens it when the player wants to see it.
-    void TellExported(QWidget& dialog, const QString& message, const QString& page);
+    void TellExported(QWidget& dialog, const QString& message, const QString& page) const;
     // Carries out what a button asks for; an error is shown, and the dialog stays, so that nothing is lost.
     template <typename Action>
     void Guard(QWidget& dialog, const Action& action);

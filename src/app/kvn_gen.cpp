@@ -296,7 +296,7 @@ void KVNGen::RunToTheEnd() {
 }
 
 // Returns whether the character was kept.
-bool KVNGen::HandOver() {
+bool KVNGen::HandOver() const {
     try {
         if (characterFinished)
             characterFinished();

@@ -59,7 +59,7 @@ class KVNGen : public QMainWindow, public Display {
     void Roll();
     void StartCareer();
     void RunToTheEnd();
-    bool HandOver();
+    bool HandOver() const;
     void ScrapAndRestart();
     void ShowAbout();
     void TakeOptions(const Options& options);

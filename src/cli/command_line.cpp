@@ -67,9 +67,9 @@ void AddPageOptions(CLI::App& app, PageOrder& page) {
 
 void CheckPages(Format format, const PageOrder& page, const std::string& folder) {
     if (format == Format::Html && folder.empty())
-        throw UsageError("\"--format html\" writes files: name their folder with \"--out FOLDER\"");
+        throw UsageError(R"("--format html" writes files: name their folder with "--out FOLDER")");
     if (format != Format::Html && page != PageOrder{})
-        throw UsageError("\"--template\", \"--name\" and \"--pdf\" go with \"--format html\" alone");
+        throw UsageError(R"("--template", "--name" and "--pdf" go with "--format html" alone)");
 }
 
 void AddSelection(CLI::App& app, std::string& data, std::string& race, std::string& career, std::string& assignment,
@@ -146,7 +146,7 @@ void Check(ReplayCommand& command, const Captions& captions) {
     command.format = FormatNamed(captions.format);
     CheckPages(command.format, command.page, command.outFolder);
     if (command.format != Format::Html && !command.outFolder.empty())
-        throw UsageError("\"--out\" goes with \"--format html\" alone");
+        throw UsageError(R"("--out" goes with "--format html" alone)");
 }
 
 int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {

@@ -19,7 +19,7 @@ constexpr std::string_view kDefaultTemplate = "template.htm";
 
 // The held path of a template: a bare name is one of the data folder, else of the working folder.
 std::string TemplatePath(const std::string& location, const std::string& wanted) {
-    const auto path = HeldPath(wanted);
+    auto path = HeldPath(wanted);
     if (path.find('\\') != std::string::npos)
         return path;
     if (FileExists(location + path))
@@ -62,7 +62,7 @@ std::string IndexRow(const Session& session, std::string_view name, const std::s
     const auto shown = IsBlank(name) ? std::string_view("Nameless") : name;
     const auto label = RankLabel(character, session.assignment);
     const auto rank = SplitFirst(label, ": ").second;
-    return Concat("<tr><th scope=\"row\"><a href=\"", file, "\">", Escaped(shown), "</a></th><td>",
+    return Concat(R"(<tr><th scope="row"><a href=")", file, R"(">)", Escaped(shown), "</a></th><td>",
                   Escaped(Concat(Trim(session.selection.career), ", ", Trim(session.selection.assignment))),
                   "</td><td>", character.Age, "</td><td>", character.TermsTotal, "</td><td>", Escaped(rank),
                   "</td></tr>\n");

@@ -47,7 +47,7 @@ std::vector<Syllable> ReadPart(PlainLines& lines, std::string_view heading) {
     for (; !lines.AtEnd() && !IsHeading(lines.Current()); lines.Advance())
         syllables.push_back(ReadSyllable(lines, syllables.empty() ? 0 : syllables.back().end));
     if (syllables.empty())
-        lines.Reject(Concat("a syllable of \"", heading, "\", or \"-\" for none"));
+        lines.Reject(Concat(R"(a syllable of ")", heading, R"(", or "-" for none)"));
     return syllables;
 }
 

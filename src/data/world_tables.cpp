@@ -64,7 +64,7 @@ class WorldReader {
         const auto place = std::ranges::find_if(
             kWorldTableNames, [&](std::string_view known) { return EqualsIgnoringCase(known, name); });
         if (place == kWorldTableNames.end())
-            lines_.Reject("tables of a world, as \"size\", with \",\" between them");
+            lines_.Reject(R"(tables of a world, as "size", with "," between them)");
         return static_cast<std::size_t>(place - kWorldTableNames.begin());
     }
 
@@ -104,7 +104,7 @@ class WorldReader {
     // What a row does to a later roll: "population -2", "tech level at least 5".
     WorldShift ReadShift(std::size_t table, std::string_view shift) const {
         constexpr std::string_view kExpected =
-            "shifts, as \"population -2\", \"population at least 4\" or \"population at most 4\"";
+            R"(shifts, as "population -2", "population at least 4" or "population at most 4")";
         for (std::size_t other = 0; other < kWorldTableNames.size(); ++other)
             if (const auto amount = After(kWorldTableNames.at(other), shift)) {
                 if (PlaceInOrder(other) <= PlaceInOrder(table))
