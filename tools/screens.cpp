@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "app/desktop_windows.h"
+#include "app/exporter.h"
 #include "app/kvn_gen.h"
 #include "app/start_up.h"
 #include "base/places.h"
@@ -118,7 +119,6 @@ void TakeCareerDialogs(Session& session, Player& player, const Camera& camera) {
         QTimer::singleShot(100, [&, press] {
             QTimer::singleShot(100, [&, press] {
                 camera.Take(*QApplication::activeModalWidget(), "mustering-out");
-                session.character.MusterRolls = 0;  // nothing to abandon
                 press("done");
             });
             press("material");
@@ -126,8 +126,9 @@ void TakeCareerDialogs(Session& session, Player& player, const Camera& camera) {
         press("cash");
     });
     session.character.TermsInCareer = 5;
-    session.character.MusterBonusCount = 0;
+    session.options.Set(Option::AutomaticGeneration);  // no question comes between
     MusterOut(session);
+    session.options = {};
 }
 
 int Run(const QString& folder) {
@@ -151,6 +152,8 @@ int Run(const QString& folder) {
     DesktopWindows windows(session, window);
     QDir::setCurrent(KORVANE_RULES);
     camera.TakeDialog("first-run", [&] { windows.ChooseRaceFile("Imperial Human.eri"); });
+    Exporter exporter(session, window);
+    camera.TakeDialog("export", [&] { exporter.Show(); });
     camera.TakeDialog("about", [&] {
         ui::KVNAbout about(window.windowTitle(), &window);
         ui::RunModal(about);
