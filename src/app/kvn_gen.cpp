@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "base/text.h"
 #include "character/characteristics.h"
 #include "character/summary.h"
 #include "engine/selection.h"
@@ -239,17 +238,7 @@ void KVNGen::ControlsLocked(bool locked) {
 }
 
 void KVNGen::KeepCharacter() {
-    const auto& character = session_.character;
-    const auto& selection = session_.selection;
-    std::vector<std::string> details = {Concat(selection.race, ", ", selection.career, ", ", selection.assignment),
-                                        AgeLabel(character), RankLabel(character, session_.assignment)};
-    for (auto& line : CharacteristicLines(character))
-        details.push_back(std::move(line));
-    for (auto* const label : {AlliesLabel, EnemiesLabel, ContactsLabel, RivalsLabel, MedicalDebtLabel})
-        details.push_back(label(character));
-    for (auto& line : DetailLines(character))
-        details.push_back(std::move(line));
-    kept_ = {character, std::move(details)};
+    kept_ = {session_.character, WholeDetailLines(session_)};
 }
 
 void KVNGen::EnableStart() {
@@ -369,9 +358,8 @@ void KVNGen::Refresh() {
         options_.Show(session_.options);
     if (changes.skills)
         skills_.SetLines(SkillLines(ShownCharacter(), session_.options[Option::SortSkillsByValue]));
-    if (changes.history) {
+    if (changes.history)
         history_.SetLines(ShownCharacter().History.lines());
-    }
     if (changes.summary || changes.selection)  // the rank's title is the assignment's
         ShowLabels();
     if (changes.summary || changes.history || changes.skills)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 #include "base/text.h"
 
@@ -131,6 +132,18 @@ std::vector<std::string> DetailLines(const CharacterRecord& character) {
     for (const auto& benefit : character.Benefits.lines())
         lines.push_back(Concat("Benefit: ", benefit));
     AddHomeWorld(lines, character.HomeWorld);
+    return lines;
+}
+
+std::vector<std::string> WholeDetailLines(const Session& session) {
+    const auto& character = session.character;
+    const auto& selection = session.selection;
+    std::vector<std::string> lines = {Concat(selection.race, ", ", selection.career, ", ", selection.assignment),
+                                      AgeLabel(character), RankLabel(character, session.assignment)};
+    std::ranges::move(CharacteristicLines(character), std::back_inserter(lines));
+    for (auto* const label : {AlliesLabel, EnemiesLabel, ContactsLabel, RivalsLabel, MedicalDebtLabel})
+        lines.push_back(label(character));
+    std::ranges::move(DetailLines(character), std::back_inserter(lines));
     return lines;
 }
 

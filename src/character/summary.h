@@ -28,6 +28,8 @@ std::string MedicalDebtLabel(const CharacterRecord& character);
 std::vector<std::string> SkillLines(const CharacterRecord& character, bool sorted);
 // What else there is to say about a character: education, careers, money, benefits and what waits for the next rolls.
 std::vector<std::string> DetailLines(const CharacterRecord& character);
+// The same after all that the panel and its labels show, for a character that no longer stands there.
+std::vector<std::string> WholeDetailLines(const Session& session);
 
 // The title of a rank; throws RuleError (subscript) for one outside 0 to 12.
 std::string_view RankTitle(const AssignmentRecord& assignment, int rank);
