@@ -5,7 +5,7 @@
 #include <sstream>
 
 #include "allocations.h"
-#include "base/places.h"
+#include "base/files.h"
 #include "character/characteristics.h"
 #include "cli/players.h"
 #include "engine/selection.h"

@@ -14,7 +14,7 @@
 #include "app/exporter.h"
 #include "app/kvn_gen.h"
 #include "app/start_up.h"
-#include "base/places.h"
+#include "base/files.h"
 #include "cli/players.h"
 #include "engine/mustering_out.h"
 #include "engine/selection.h"
@@ -134,7 +134,8 @@ void TakeCareerDialogs(Session& session, Player& player, const Camera& camera) {
 int Run(const QString& folder) {
     SeededDice dice(kSeed, 1);
     Session session(DataFolder(HeldPath(KORVANE_RULES)), {});
-    KVNGen window(session);
+    ui::InputGuard guard;
+    KVNGen window(session, guard);
     session.seams = {&dice, &window.player(), &window};
     session.programTitle = ProgramTitle(ProgramVersion(KORVANE_VERSION_MAJOR, KORVANE_VERSION_MINOR, 0));
     const Camera camera(QDir(folder).absolutePath());
@@ -149,17 +150,17 @@ int Run(const QString& folder) {
     TakeChoices(window.player(), camera);
     session.character = finished;
     TakeCareerDialogs(session, window.player(), camera);
-    DesktopWindows windows(session, window);
+    DesktopWindows windows(session, window, guard);
     QDir::setCurrent(KORVANE_RULES);
     camera.TakeDialog("first-run", [&] { windows.ChooseRaceFile("Imperial Human.eri"); });
-    Exporter exporter(session, window);
+    Exporter exporter(session, window, guard);
     camera.TakeDialog("export", [&] { exporter.Show(); });
     camera.TakeDialog("about", [&] {
         ui::KVNAbout about(window.windowTitle(), &window);
-        ui::RunModal(about);
+        guard.Run(about);
     });
     camera.TakeDialog("error", [&] {
-        ui::ShowError(&window, window.windowTitle(), "rules/Imperial Human-Navy.ecf:14: expected a number, found \"x\"",
+        ui::ShowError(guard, &window, window.windowTitle(), "rules/Imperial Human-Navy.ecf:14: expected a number, found \"x\"",
                       "Korvane ends now.");
     });
     return 0;

@@ -79,9 +79,10 @@ int ShowBlank(const QString& word) {
 
 struct Desktop {
     ClockDice dice;
-    Session session{DataFolder(""), {}};
-    KVNGen window{session};
-    DesktopWindows windows{session, window};
+    Session session{DataFolder(HeldPath("")), {}};
+    ui::InputGuard guard;
+    KVNGen window{session, guard};
+    DesktopWindows windows{session, window, guard};
 
     Desktop() {
         session.seams = {&dice, &window.player(), &window};

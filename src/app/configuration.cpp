@@ -1,38 +1,55 @@
 #include "app/configuration.h"
 
-#include "base/error.h"
-#include "base/places.h"
+#include "base/environment.h"
+#include "base/files.h"
 #include "base/text.h"
 
 namespace korvane {
 
-std::string ConfigurationPath() {
-    return ConfigurationFolder() + "Korvane.ini";
+namespace {
+
+constexpr std::string_view kFileName = "Korvane.ini";
+
+}  // namespace
+
+HeldPath ConfigurationFolder() {
+    namespace fs = std::filesystem;
+    const auto windows = GetEnvironmentValue("WINDIR");
+    if (!windows.empty())
+        return EnsureTrailingBackslash(HeldPath(windows));
+    fs::path folder = ExactEnvironmentValue("XDG_CONFIG_HOME");
+    if (folder.empty())
+        folder = fs::path(ExactEnvironmentValue("HOME")) / ".config";
+    return EnsureTrailingBackslash(Held(folder / "korvane"));
 }
 
-std::string GetIniValue(std::string_view file, std::string_view key) {
-    const bool bare = file.find('\\') == std::string_view::npos;
-    const auto path = bare ? ConfigurationFolder() + std::string(file) : std::string(file);
+HeldPath ConfigurationPath() {
+    return ConfigurationFolder() + kFileName;
+}
+
+std::string GetIniValue(const HeldPath& file, std::string_view key) {
+    const bool bare = file.text().find('\\') == std::string::npos;
+    const auto path = bare ? ConfigurationFolder() + file.text() : file;
     if (!FileExists(path))
         return {};
-    for (const auto& line : ReadTextFile(path, "the configuration file").lines)
-        if (BeginsIgnoringCase(line, key))
+    const auto settings = ReadTextFile(path, "the configuration file");
+    for (int i = 1; i <= settings.lines(); ++i)
+        if (const auto line = settings.line(i); BeginsIgnoringCase(line, key))
             return std::string(AfterCharacters(line, CharacterCount(key) + 1));
     return {};
 }
 
-void WriteSettings(std::string_view dataLocation, int month) {
+void WriteSettings(const HeldPath& dataLocation, int month) {
     ReplaceFile(NativePath(ConfigurationPath()),
-                Concat("dataloc=", dataLocation, "\r\nLastMonth=", TwoDigits(month), "\r\n"));
+                Concat("dataloc=", dataLocation.text(), "\r\nLastMonth=", TwoDigits(month), "\r\n"));
 }
 
 std::string TwoDigits(int month) {
     return Concat(month < 10 ? "0" : "", month);
 }
 
-std::string ConfiguredDataLocation() {
-    // Written in small letters here; names are found in any case.
-    return EnsureTrailingBackslash(HeldPath(GetIniValue("korvane.ini", "dataloc")));
+HeldPath ConfiguredDataLocation() {
+    return EnsureTrailingBackslash(HeldPath(GetIniValue(HeldPath(kFileName), "dataloc")));
 }
 
 }  // namespace korvane

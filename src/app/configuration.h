@@ -4,23 +4,27 @@
 #include <string>
 #include <string_view>
 
+#include "base/paths.h"
+
 namespace korvane {
 
-// The path of the configuration file.
-std::string ConfigurationPath();
+// The folder of the configuration file, ending in "\": the Windows folder where there is one, else the program's folder
+// in the user's configuration folder.
+HeldPath ConfigurationFolder();
+HeldPath ConfigurationPath();
 
 // The value of the first line that begins with the key, in any case: what follows the one character after the key,
 // untrimmed. A file name without "\" is looked for beside the configuration file. "" when the file or the key is
 // missing.
-std::string GetIniValue(std::string_view file, std::string_view key);
+std::string GetIniValue(const HeldPath& file, std::string_view key);
 
-// Replaces the configuration file. `month` is 1 to 12. Throws FileError when it can't be written.
-void WriteSettings(std::string_view dataLocation, int month);
+// Replaces the configuration file. `month` is 1 to 12. Throws IoError when it can't be written.
+void WriteSettings(const HeldPath& dataLocation, int month);
 
 // A month as the file holds it, "01" to "12".
 std::string TwoDigits(int month);
 
 // The data folder that the configuration file names, ending in "\"; just "\" when it names none.
-std::string ConfiguredDataLocation();
+HeldPath ConfiguredDataLocation();
 
 }  // namespace korvane

@@ -8,17 +8,19 @@ namespace korvane {
 
 class DesktopWindows : public StartUpWindows {
   public:
-    DesktopWindows(const Session& session, KVNGen& mainWindow) : session_(session), mainWindow_(mainWindow) {}
+    DesktopWindows(const Session& session, KVNGen& mainWindow, ui::InputGuard& guard)
+        : session_(session), mainWindow_(mainWindow), guard_(guard) {}
 
     void ShowMessage(std::string_view text, Icon icon) override;
-    std::optional<std::string> ChooseRaceFile(std::string_view proposedName) override;
-    void EditFile(std::string_view path) override;
+    std::optional<HeldPath> ChooseRaceFile(std::string_view proposedName) override;
+    void EditFile(const HeldPath& path) override;
     void ShowAbout() override;
     void ShowMainWindow() override;
 
   private:
     const Session& session_;
     KVNGen& mainWindow_;
+    ui::InputGuard& guard_;
 };
 
 }  // namespace korvane

@@ -5,6 +5,7 @@
 #include <QMessageBox>
 #include <QUrl>
 #include <exception>
+#include <utility>
 
 #include "output/names.h"
 #include "output/page_export.h"
@@ -18,12 +19,15 @@ using ui::ToQt;
 
 template <typename Action>
 void Exporter::Guard(QWidget& dialog, const Action& action) {
+    if (std::exchange(working_, true))
+        return;
     try {
         action();
     } catch (const std::exception& error) {
-        ui::ShowError(&dialog, ToQt(session_.programTitle), QString::fromStdString(error.what()),
+        ui::ShowError(guard_, &dialog, ToQt(session_.programTitle), QString::fromStdString(error.what()),
                       QObject::tr("The character is still here; you can try again."));
     }
+    working_ = false;
 }
 
 void Exporter::Show() {
@@ -34,23 +38,17 @@ void Exporter::Show() {
     dialog.rollName = [&] { Guard(dialog, [&] { RollName(dialog); }); };
     dialog.exportPage = [&] { Guard(dialog, [&] { Export(dialog); }); };
     dialog.endProgram = [&] {
+        if (working_)
+            return;
         dialog.reject();
         QCoreApplication::exit(0);
     };
-    scrapped_ = false;
-    ui::RunModal(dialog);
-    if (scrapped_)
-        throw CharacterScrapped();
+    guard_.Run(dialog);
 }
 
 void Exporter::RollName(ui::KVNExport& dialog) {
-    try {
-        if (const auto name = korvane::RollName(session_))
-            dialog.SetName(ToQt(*name));
-    } catch (const CharacterScrapped&) {
-        scrapped_ = true;  // not thrown through the dialog's event loop
-        dialog.reject();
-    }
+    if (const auto name = korvane::RollName(session_))
+        dialog.SetName(ToQt(*name));
 }
 
 void Exporter::Export(ui::KVNExport& dialog) {
@@ -58,7 +56,7 @@ void Exporter::Export(ui::KVNExport& dialog) {
     const auto form = session_.data.location() + dialog.templateName().toStdString();
     const auto outcome = ExportCharacter(session_, form, dialog.name().toStdString());
     if (outcome.path.empty()) {
-        ui::ShowMessage(&dialog, title, ToQt(outcome.message), Icon::None);
+        ui::ShowMessage(guard_, &dialog, title, ToQt(outcome.message), Icon::None);
         return;
     }
     const auto page = QString::fromStdString(outcome.path);
@@ -76,9 +74,9 @@ void Exporter::TellExported(QWidget& dialog, const QString& message, const QStri
     const auto* const open = box.addButton(QObject::tr("&Open"), QMessageBox::ActionRole);
     box.setDefaultButton(QMessageBox::Ok);
     box.setEscapeButton(QMessageBox::Ok);
-    ui::RunModal(box);
+    guard_.Run(box);
     if (box.clickedButton() == open && !QDesktopServices::openUrl(QUrl::fromLocalFile(page)))
-        ui::ShowMessage(&dialog, ToQt(session_.programTitle),
+        ui::ShowMessage(guard_, &dialog, ToQt(session_.programTitle),
                         QObject::tr("No program was found that opens %1").arg(page), Icon::Exclamation);
 }
 

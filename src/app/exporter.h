@@ -10,10 +10,10 @@ namespace korvane {
 
 class Exporter {
   public:
-    Exporter(Session& session, QWidget& window) : session_(session), window_(window) {}
+    Exporter(Session& session, QWidget& window, ui::InputGuard& guard)
+        : session_(session), window_(window), guard_(guard) {}
 
-    // Shows the export dialog for the session's character until the player closes it. Throws CharacterScrapped when the
-    // player scraps the character there.
+    // Shows the export dialog for the session's character until the player closes it.
     void Show();
 
   private:
@@ -27,7 +27,8 @@ class Exporter {
 
     Session& session_;
     QWidget& window_;
-    bool scrapped_ = false;
+    ui::InputGuard& guard_;
+    bool working_ = false;  // a button's work asks something itself
 };
 
 }  // namespace korvane

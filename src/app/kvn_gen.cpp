@@ -57,9 +57,10 @@ QWidget* Labelled(const QString& caption, ui::CopyList& list) {
 
 }  // namespace
 
-KVNGen::KVNGen(Session& session)
+KVNGen::KVNGen(Session& session, ui::InputGuard& guard)
     : session_(session),
-      player_(session, *this),
+      guard_(guard),
+      player_(session, *this, guard),
       selectCareer_("Select Career"),
       statistics_("Statistics"),
       optionsGroup_("Options"),
@@ -86,9 +87,9 @@ KVNGen::KVNGen(Session& session)
 
 void KVNGen::SetUpMenu() {
     auto* const exit = menuBar()->addAction("&Exit");
-    connect(exit, &QAction::triggered, this, [] { QCoreApplication::exit(0); });
+    connect(exit, &QAction::triggered, this, [this] { Do([] { QCoreApplication::exit(0); }); });
     auto* const about = menuBar()->addAction("&About");
-    connect(about, &QAction::triggered, this, &KVNGen::ShowAbout);
+    connect(about, &QAction::triggered, this, [this] { Do([this] { ShowAbout(); }); });
 }
 
 void KVNGen::SetUpSelection() {
@@ -141,6 +142,7 @@ void KVNGen::SetUpDetails() {
                                                                     {&medicalDebt_, "medicalDebt"}}};
     for (const auto& [label, name] : labels) {
         label->setObjectName(name);
+        label->setTextFormat(Qt::PlainText);
         label->setWordWrap(true);
         column->addWidget(label);
     }
@@ -198,23 +200,23 @@ void KVNGen::LayOut() {
 
 void KVNGen::SetUpHandlers() {
     player_.beforeDialog = [this] { Refresh(); };
-    player_.optionsChanged =
-        options_.changed = [this](const Options& options) { Guard([&] { TakeOptions(options); }); };
-    connect(&race_, &QComboBox::activated, this, [this] { Guard([this] { SelectRace(); }); });
+    player_.optionsChanged = [this](const Options& options) { Guard([&] { TakeOptions(options); }); };
+    options_.changed = [this](const Options& options) { Do([&] { TakeOptions(options); }); };
+    connect(&race_, &QComboBox::activated, this, [this] { Do([this] { SelectRace(); }); });
     connect(&career_, &QComboBox::activated, this, [this] {
-        Guard([this] { LoadCareer(session_, session_.selection.race, career_.currentText().toStdString()); });
+        Do([this] { LoadCareer(session_, session_.selection.race, career_.currentText().toStdString()); });
     });
     connect(&assignment_, &QComboBox::activated, this, [this] {
-        Guard([this] {
+        Do([this] {
             LoadAssignment(session_, session_.selection.race, session_.selection.career,
                            assignment_.currentText().toStdString());
         });
     });
-    connect(&roll_, &QPushButton::clicked, this, &KVNGen::Roll);
-    connect(&roll3Drop1_, &QRadioButton::clicked, this, &KVNGen::Roll);
-    connect(&true2D_, &QRadioButton::clicked, this, &KVNGen::Roll);
-    connect(&startCareer_, &QPushButton::clicked, this, &KVNGen::StartCareer);
-    connect(&scrapAndRestart_, &QPushButton::clicked, this, &KVNGen::ScrapAndRestart);
+    connect(&roll_, &QPushButton::clicked, this, [this] { Do([this] { Roll(); }); });
+    connect(&roll3Drop1_, &QRadioButton::clicked, this, [this] { Do([this] { Roll(); }); });
+    connect(&true2D_, &QRadioButton::clicked, this, [this] { Do([this] { Roll(); }); });
+    connect(&startCareer_, &QPushButton::clicked, this, [this] { Do([this] { StartCareer(); }); });
+    connect(&scrapAndRestart_, &QPushButton::clicked, this, [this] { Do([this] { ScrapAndRestart(); }); });
 }
 
 void KVNGen::Load() {
@@ -254,10 +256,8 @@ void KVNGen::SelectRace() {
 
 void KVNGen::Roll() {
     session_.method = true2D_.isChecked() ? RollingMethod::True2D : RollingMethod::Roll3Drop1;
-    Guard([this] {
-        afterError_ = false;
-        StartNewCharacter(session_);
-    });
+    afterError_ = false;
+    StartNewCharacter(session_);
 }
 
 void KVNGen::StartCareer() {
@@ -277,35 +277,24 @@ void KVNGen::RunToTheEnd() {
     afterError_ = true;
     RunCareer(session_, [&] {
         Refresh();
-        finished = HandOver();
+        finished = true;
+        if (characterFinished)
+            characterFinished();
     });
     afterError_ = false;
     Say(finished ? tr("The character is finished. The statistics are already the next one's.")
                  : tr("The character was scrapped. The statistics are the next one's."));
 }
 
-// Returns whether the character was kept.
-bool KVNGen::HandOver() const {
-    try {
-        if (characterFinished)
-            characterFinished();
-        return true;
-    } catch (const CharacterScrapped&) {
-        return false;
-    }
-}
-
 void KVNGen::ScrapAndRestart() {
-    Guard([this] {
-        ControlsLocked(false);
-        afterError_ = false;
-        kept_.reset();
-        session_.character.Clear();
-        ShowSummary(session_);
-        StartNewCharacter(session_);
-        changes_.history = changes_.skills = true;
-    });
     Say(kAdvice);
+    ControlsLocked(false);
+    afterError_ = false;
+    kept_.reset();
+    session_.character.Clear();
+    ShowSummary(session_);
+    StartNewCharacter(session_);
+    changes_.history = changes_.skills = true;
 }
 
 void KVNGen::Say(const QString& text) {
@@ -314,13 +303,22 @@ void KVNGen::Say(const QString& text) {
 
 void KVNGen::ShowAbout() {
     ui::KVNAbout about(windowTitle(), this);
-    ui::RunModal(about);
+    guard_.Run(about);
 }
 
 void KVNGen::TakeOptions(const Options& options) {
     session_.options = options;
     changes_.options = true;
     changes_.skills = true;
+}
+
+void KVNGen::Do(const std::function<void()>& action) {
+    if (guard_.working()) {
+        changes_ = {true, true, true, true, true};  // what the control shows of itself isn't so
+        return;
+    }
+    const ui::InputGuard::Working working(guard_);
+    Guard(action);
 }
 
 void KVNGen::Guard(const std::function<void()>& action) {
@@ -331,7 +329,7 @@ void KVNGen::Guard(const std::function<void()>& action) {
         player_.Finish();
         Refresh();
         Say(tr("An error stopped the generation."));
-        ui::ShowError(this, windowTitle(), ToQt(error.what()),
+        ui::ShowError(guard_, this, windowTitle(), ToQt(error.what()),
                       tr("The generation stops here. What there is of the character stays in the window until the next "
                          "one is rolled."));
     } catch (const std::exception& error) {
@@ -343,7 +341,7 @@ void KVNGen::EndProgram(const QString& error) {
     player_.Finish();
     Refresh();
     const bool living = session_.character.TermsTotal > 0;
-    ui::ShowError(this, windowTitle(), error,
+    ui::ShowError(guard_, this, windowTitle(), error,
                   living ? tr("Korvane ends now. The details hold the character as far as it got, to be copied.")
                          : tr("Korvane ends now."),
                   living ? ToQt(CharacterText(session_)) : QString());

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QButtonGroup>
-#include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QMainWindow>
@@ -16,6 +15,7 @@
 #include <vector>
 
 #include "character/KVNDeclare.h"
+#include "ui/choice_combo.h"
 #include "ui/copy_list.h"
 #include "ui/dialog_player.h"
 #include "ui/option_boxes.h"
@@ -26,12 +26,11 @@ namespace korvane {
 // next dialog, and when the rules are done.
 class KVNGen : public QMainWindow, public Display {
   public:
-    explicit KVNGen(Session& session);
+    KVNGen(Session& session, ui::InputGuard& guard);
 
     // The player whose dialogs belong to this window.
     Player& player() { return player_; }
-    // Called with the finished character, still in the session, when a life has run to its end. May throw
-    // CharacterScrapped.
+    // Called with the finished character, still in the session, when a life has run to its end.
     std::function<void()> characterFinished;
 
     // Fills the window when it is shown first: the title, the races. Throws FileError for a malformed rule file.
@@ -59,12 +58,13 @@ class KVNGen : public QMainWindow, public Display {
     void Roll();
     void StartCareer();
     void RunToTheEnd();
-    bool HandOver() const;
     void ScrapAndRestart();
     void ShowAbout();
     void TakeOptions(const Options& options);
 
-    // Carries out what a control asks for. An error is shown and goes no further: a rule's error ends what was asked
+    // Carries out what a control asks for, unless the rules run already: then nothing acts but the dialog that asks.
+    void Do(const std::function<void()>& action);
+    // Carries out a part of that. An error is shown and goes no further: a rule's error ends what was asked
     // for, any other the program.
     void Guard(const std::function<void()>& action);
     void EndProgram(const QString& error);
@@ -93,6 +93,7 @@ class KVNGen : public QMainWindow, public Display {
     };
 
     Session& session_;
+    ui::InputGuard& guard_;
     ui::DialogPlayer player_;
     Changes changes_;
     bool locked_ = false;
@@ -106,9 +107,9 @@ class KVNGen : public QMainWindow, public Display {
     QGroupBox optionsGroup_;
     QGroupBox detailsGroup_;
 
-    QComboBox race_;
-    QComboBox career_;
-    QComboBox assignment_;
+    ui::ChoiceCombo race_;
+    ui::ChoiceCombo career_;
+    ui::ChoiceCombo assignment_;
     ui::CopyList characteristics_;
     QPushButton roll_;
     QRadioButton roll3Drop1_;

@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QDate>
 #include <QIcon>
+#include <QSettings>
 #include <QTimer>
 #include <exception>
 #include <string>
@@ -25,17 +26,18 @@ std::string CommandLine(int argc, char** argv) {
 
 int Run(const std::string& commandLine) {
     korvane::ClockDice dice;
-    korvane::Session session(korvane::DataFolder(""), {});
-    korvane::KVNGen window(session);
+    korvane::Session session(korvane::DataFolder(korvane::HeldPath("")), {});
+    korvane::ui::InputGuard guard;
+    korvane::KVNGen window(session, guard);
     session.seams = {&dice, &window.player(), &window};
-    korvane::Exporter exporter(session, window);
+    korvane::Exporter exporter(session, window, guard);
     window.characterFinished = [&exporter] { exporter.Show(); };
-    korvane::DesktopWindows windows(session, window);
+    korvane::DesktopWindows windows(session, window, guard);
     try {
         if (!korvane::StartUp(session, windows, commandLine, QDate::currentDate().month()))
             return 0;
     } catch (const std::exception& error) {
-        korvane::ui::ShowError(nullptr, korvane::ui::ToQt(session.programTitle), QString::fromUtf8(error.what()),
+        korvane::ui::ShowError(guard, nullptr, korvane::ui::ToQt(session.programTitle), QString::fromUtf8(error.what()),
                                QObject::tr("Korvane ends now."));
         return 1;
     }
@@ -48,6 +50,8 @@ int Run(const std::string& commandLine) {
 
 int main(int argc, char** argv) {
     const auto command_line = CommandLine(argc, argv);
+    // The toolkit would keep its file dialog's folders and sizes; the program keeps nothing of the kind.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
     QApplication application(argc, argv);
     QApplication::setApplicationName("Korvane");
     QApplication::setDesktopFileName("org.korvane.Korvane");

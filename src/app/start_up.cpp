@@ -4,7 +4,7 @@
 #include <charconv>
 
 #include "app/configuration.h"
-#include "base/places.h"
+#include "base/files.h"
 #include "base/text.h"
 
 namespace korvane {
@@ -14,24 +14,21 @@ namespace {
 constexpr std::string_view kDefaultRaceFile = "Imperial Human.eri";
 
 // Each call says whether the folder, ending in "\", holds rule data.
-bool HoldsRuleData(std::string_view folder) {
-    return FileExists(Concat(folder, kDefaultRaceFile));
+bool HoldsRuleData(const HeldPath& folder) {
+    return FileExists(folder + kDefaultRaceFile);
 }
 
 // The folder of a path, up to and with its last "\".
-std::string FolderOf(std::string_view file) {
-    const auto held = HeldPath(std::string(file));
-    return held.substr(0, held.rfind('\\') + 1);
+HeldPath FolderOf(const HeldPath& file) {
+    return HeldPath(std::string_view(file.text()).substr(0, file.text().rfind('\\') + 1));
 }
 
 // Asks for the data folder and keeps it. Returns whether one was chosen.
 bool SetUp(Session& session, StartUpWindows& windows, int month) {
     windows.ShowMessage(
         "Korvane needs to know where its' data files are. In a moment you'll be asked to browse to whereever you "
-        "unpacked "
-        "the files stored in DATA.ZIP to. Once there, select IMPERIAL HUMAN.ERI and click Open. Korvane will record "
-        "that "
-        "as your datafile location.",
+        "unpacked the files stored in DATA.ZIP to. Once there, select IMPERIAL HUMAN.ERI and click Open. Korvane will "
+        "record that as your datafile location.",
         Icon::Information);
     const auto file = windows.ChooseRaceFile(kDefaultRaceFile);
     if (!file)
@@ -60,7 +57,7 @@ bool FindDataFolder(Session& session, StartUpWindows& windows, int month) {
 
 // Once a month; a first run has just written the month and doesn't show it.
 void ShowMonthlyNotice(const Session& session, StartUpWindows& windows, int month) {
-    if (GetIniValue("Korvane.ini", "LastMonth") == TwoDigits(month))
+    if (GetIniValue(HeldPath("Korvane.ini"), "LastMonth") == TwoDigits(month))
         return;
     windows.ShowAbout();
     WriteSettings(session.data.location(), month);

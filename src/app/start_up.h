@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/paths.h"
 #include "character/KVNDeclare.h"
 
 namespace korvane {
@@ -14,10 +15,10 @@ class StartUpWindows {
   public:
     virtual ~StartUpWindows() = default;
     virtual void ShowMessage(std::string_view text, Icon icon) = 0;
-    // The file-open dialog of the first run: the path of the chosen race file, native or held; nothing when cancelled.
-    virtual std::optional<std::string> ChooseRaceFile(std::string_view proposedName) = 0;
-    // Starts a text editor on a file, given by its held path, and doesn't wait for it.
-    virtual void EditFile(std::string_view path) = 0;
+    // The file-open dialog of the first run: the path of the chosen race file; nothing when cancelled.
+    virtual std::optional<HeldPath> ChooseRaceFile(std::string_view proposedName) = 0;
+    // Starts a text editor on a file and doesn't wait for it.
+    virtual void EditFile(const HeldPath& path) = 0;
     // Returns when the dialog is closed.
     virtual void ShowAbout() = 0;
     // Shows the main window, unlocked, without waiting.

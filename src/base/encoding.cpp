@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <utility>
 
 namespace korvane {
 
@@ -64,8 +65,6 @@ void AppendWindows1252(std::string& bytes, char32_t character) {
         bytes += "&#" + std::to_string(static_cast<std::uint32_t>(character)) + ";";
 }
 
-}  // namespace
-
 bool IsUtf8(std::string_view bytes) {
     while (!bytes.empty()) {
         const auto length = CharacterLength(bytes);
@@ -76,11 +75,40 @@ bool IsUtf8(std::string_view bytes) {
     return true;
 }
 
-std::string DecodeText(std::string_view bytes) {
+// How a byte or a character that can't be shown is spelt.
+std::string SpeltOut(std::string_view character) {
+    static constexpr std::string_view kHex = "0123456789ABCDEF";
+    if (character == "\n")
+        return "\\n";
+    if (character == "\r")
+        return "\\r";
+    if (character == "\t")
+        return "\\t";
+    std::string spelt;
+    for (const char c : character) {
+        const auto byte = static_cast<unsigned char>(c);
+        spelt += {'\\', 'x', kHex[byte >> 4U], kHex[byte & 0xFU]};
+    }
+    return spelt;
+}
+
+// Whether a well-formed character is one that steers a terminal: C0, delete and C1.
+bool IsControl(std::string_view character) {
+    const auto code = CharacterOf(character);
+    return code < 0x20 || (code >= 0x7F && code < 0xA0);
+}
+
+}  // namespace
+
+std::string DecodeText(std::string bytes) {
     if (bytes.starts_with(kByteOrderMark))
-        bytes.remove_prefix(kByteOrderMark.size());
+        bytes.erase(0, kByteOrderMark.size());
+    return DecodeWord(std::move(bytes));
+}
+
+std::string DecodeWord(std::string bytes) {
     if (IsUtf8(bytes))
-        return std::string(bytes);
+        return bytes;
     std::string text;
     for (const char c : bytes) {
         const auto byte = static_cast<unsigned char>(c);
@@ -111,6 +139,27 @@ std::string EncodeText(std::string_view text, Encoding encoding) {
         text.remove_prefix(std::max<std::size_t>(length, 1));
     }
     return bytes;
+}
+
+std::string Printable(std::string_view text, std::size_t most) {
+    std::string shown;
+    for (std::size_t count = 0; !text.empty(); ++count) {
+        if (count == most)
+            return shown + "...";
+        const auto length = std::max<std::size_t>(CharacterLength(text), 1);
+        const auto character = text.substr(0, length);
+        if (CharacterLength(text) == 0 || IsControl(character))
+            shown += SpeltOut(character);
+        else
+            shown += character;
+        text.remove_prefix(length);
+    }
+    return shown;
+}
+
+std::string Quoted(std::string_view text) {
+    constexpr std::size_t kMostQuoted = 80;
+    return "\"" + Printable(text, kMostQuoted) + "\"";
 }
 
 }  // namespace korvane

@@ -5,6 +5,7 @@
 
 #include "character/home_world.h"
 #include "character/summary.h"
+#include "data/rule_row.h"
 
 namespace korvane {
 
@@ -28,11 +29,14 @@ int RollTwoDice(Session& session) {
     return first + Roll(session, 1, 6);
 }
 
-void ApplyRaceModifier(Count& value, std::string_view modifier) {
+void ApplyRaceModifier(Count& value, const RaceRecord& race, std::size_t slot) {
+    const auto modifier = race.characteristicModifier.at(slot);
     if (IsBlank(modifier))
         return;
-    const int amount = LenientCount(AfterCharacters(modifier, 1));
-    value += modifier[0] == '+' ? amount : -amount;
+    CarryOutRow(race.source, modifier, [&] {
+        const int amount = LenientCount(AfterCharacters(modifier, 1));
+        value += modifier[0] == '+' ? amount : -amount;
+    });
 }
 
 }  // namespace
@@ -47,7 +51,7 @@ void RollCharacteristics(Session& session) {
                 ? RollTwoDice(session)
                 : RollDroppingLowest(session, race.characteristicDice.at(static_cast<std::size_t>(i)));
     for (int i = 1; i <= character.CharacteristicCount; ++i)
-        ApplyRaceModifier(character.Characteristic[i], race.characteristicModifier.at(static_cast<std::size_t>(i)));
+        ApplyRaceModifier(character.Characteristic[i], race, static_cast<std::size_t>(i));
 }
 
 void StartNewCharacter(Session& session) {

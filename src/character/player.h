@@ -19,7 +19,8 @@ namespace korvane {
 struct ChoiceQuestion {
     std::string_view title;
     std::span<const std::string_view> options;
-    int focus = 0;  // the alternative that has the focus, counted from 0
+    int focus = 0;           // the alternative that has the focus, counted from 0
+    bool mayLeave = false;   // whether the player may go without an answer: the choice is none of the life's
 };
 
 // A choice of several items of a list, between a minimum and a maximum.
@@ -95,7 +96,7 @@ class Player {
   public:
     virtual ~Player() = default;
 
-    // The chosen alternative, counted from 1.
+    // The chosen alternative, counted from 1; 0 for none, where the question may be left.
     virtual int Choose(const ChoiceQuestion& question) = 0;
     // The marked items, counted from 1, ascending; none when the player cancelled.
     virtual std::vector<int> Select(const ListQuestion& question) = 0;

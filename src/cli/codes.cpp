@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "base/error.h"
-#include "base/places.h"
 #include "cli/commands.h"
 #include "cli/data_choice.h"
 #include "cli/every_code_data.h"
@@ -39,7 +38,7 @@ class ScratchFolder {
     ScratchFolder() {
         auto pattern = (fs::temp_directory_path() / "korvane-codes-XXXXXX").string();
         if (mkdtemp(pattern.data()) == nullptr)
-            throw FileError(pattern, 1, "a temporary folder", "none that can be made");
+            throw IoError(pattern, "can't be made", errno);
         path_ = pattern;
     }
     ~ScratchFolder() {
@@ -55,14 +54,14 @@ class ScratchFolder {
 };
 
 // Lives the lives, by turns of both players, and counts the errors that ended one, by their texts.
-void LiveAll(const CodesCommand& command, const std::string& location, Counter& counter,
+void LiveAll(const CodesCommand& command, const HeldPath& location, Counter& counter,
              std::map<std::string, std::uint64_t>& errors) {
     Session session(DataFolder(location, DataFolder::Reading::Once), {nullptr, nullptr, &counter});
     for (std::uint64_t number = 1; number <= command.count; ++number) {
         LifePlan plan;
         plan.seed = command.seed;
         plan.player = number % 2 == 0 ? PlayerKind::Automatic : PlayerKind::Random;
-        const auto outcome = Live(session, plan, number, nullptr);
+        const auto outcome = Live(session, plan, number, {});
         if (!outcome.end)
             ++errors[outcome.error];
     }

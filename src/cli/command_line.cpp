@@ -1,6 +1,8 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <limits>
 #include <unistd.h>
 
 #include "base/encoding.h"
@@ -20,6 +22,9 @@ struct Captions {
     std::string format = "text";
 };
 
+constexpr std::uint64_t kMostLives = 1'000'000'000;
+constexpr std::uint64_t kAnyNumber = std::numeric_limits<std::uint64_t>::max();
+
 template <typename Texts>
 std::string Listed(const Texts& texts) {
     std::string list;
@@ -33,7 +38,7 @@ RollingMethod MethodNamed(const std::string& caption) {
         return RollingMethod::True2D;
     if (const auto method = MethodOfCaption(caption))
         return *method;
-    throw UsageError("unknown method \"" + caption + "\"; there are: " + Listed(kMethodCaptions));
+    throw UsageError("unknown method " + Quoted(caption) + "; there are: " + Listed(kMethodCaptions));
 }
 
 Options OptionsNamed(const std::vector<std::string>& captions) {
@@ -41,7 +46,7 @@ Options OptionsNamed(const std::vector<std::string>& captions) {
     for (const auto& caption : captions) {
         const auto option = OptionOfCaption(caption);
         if (!option)
-            throw UsageError("unknown option \"" + caption + "\"; there are: " + Listed(kOptionCaptions));
+            throw UsageError("unknown option " + Quoted(caption) + "; there are: " + Listed(kOptionCaptions));
         options.Set(*option);
     }
     return options;
@@ -56,11 +61,37 @@ Format FormatNamed(const std::string& name) {
     return Format::Text;
 }
 
+void Assign(std::uint64_t& to, std::uint64_t number) {
+    to = number;
+}
+void Assign(std::optional<std::uint64_t>& to, std::uint64_t number) {
+    to = number;
+}
+void Assign(int& to, std::uint64_t number) {
+    to = static_cast<int>(number);
+}
+
+// An option that takes a whole number between two others.
+template <typename Number>
+CLI::Option* AddNumber(CLI::App& app, const std::string& name, Number& to, std::uint64_t least, std::uint64_t most,
+                       const std::string& help) {
+    const auto take = [&to, least, most, name](const std::string& text) {
+        std::uint64_t number = 0;
+        const auto* const end = text.data() + text.size();
+        const auto read = std::from_chars(text.data(), end, number);
+        if (read.ec != std::errc() || read.ptr != end || number < least || number > most)
+            throw CLI::ValidationError(
+                name, Concat(Quoted(text), " is not a whole number from ", least, " to ", most));
+        Assign(to, number);
+    };
+    return app.add_option_function<std::string>(name, take, help)->type_name("NUMBER");
+}
+
 void AddPageOptions(CLI::App& app, PageOrder& page) {
     app.add_option("--template", page.templateName,
                    "Template of the pages: a file of the data folder, or a path (default: template.htm)");
     app.add_option_function<std::string>(
-        "--name", [&page](const std::string& name) { page.name = DecodeText(name); },
+        "--name", [&page](const std::string& name) { page.name = DecodeWord(name); },
         "Name on the page, exactly as typed (default: one is rolled)");
     app.add_flag("--pdf", page.pdf, "Have korvane-pdf make a PDF file of each page");
 }
@@ -87,14 +118,10 @@ void AddSelection(CLI::App& app, std::string& data, std::string& race, std::stri
 void AddGenerate(CLI::App& app, GenerateCommand& command, Captions& captions) {
     auto& plan = command.plan;
     AddSelection(app, command.data, plan.race, plan.career, plan.assignment, captions);
-    app.add_option("--terms", plan.terms, "Terms of service before mustering out (automatic player)")
-        ->check(CLI::Range(1, 100))
-        ->capture_default_str();
-    app.add_option("--count", command.count, "Number of characters")
-        ->check(CLI::Range(1, 1000000000))
-        ->capture_default_str();
-    app.add_option("--seed", plan.seed, "Repeats a run exactly: character i depends on the seed and i alone")
-        ->check(CLI::NonNegativeNumber);
+    AddNumber(app, "--terms", plan.terms, 1, 100, "Terms of service before mustering out (automatic player; default: 4)");
+    AddNumber(app, "--count", command.count, 1, kMostLives, "Number of characters (default: 1)");
+    AddNumber(app, "--seed", plan.seed, 0, kAnyNumber,
+              "Repeats a run exactly: character i depends on the seed and i alone");
     app.add_option("--player", captions.player, "Who answers: automatic generation, or a random answer to each dialog")
         ->check(CLI::IsMember({"automatic", "random"}))
         ->capture_default_str();
@@ -112,7 +139,7 @@ void AddPlay(CLI::App& app, PlayCommand& command, Captions& captions) {
 }
 
 void AddReplay(CLI::App& app, ReplayCommand& command, Captions& captions) {
-    app.add_option("JOURNAL", command.journal, "The journal to replay")->required();
+    app.add_option("JOURNAL", command.journal, "The journal to replay; \"-\" for standard input")->required();
     app.add_option("--data", command.data, "Folder of the rule data that the journal was made with");
     app.add_option("--format", captions.format, "What is printed of the character")
         ->check(CLI::IsMember({"text", "json", "html"}))
@@ -124,8 +151,9 @@ void AddReplay(CLI::App& app, ReplayCommand& command, Captions& captions) {
 void AddCodes(CLI::App& app, CodesCommand& command) {
     app.add_option("--data", command.data,
                    "Folder of the rule data (default: the configured one, else the shipped rules)");
-    app.add_option("--count", command.count, "Live so many lives and count how often each code is carried out");
-    app.add_option("--seed", command.seed, "Seed of the lives")->capture_default_str();
+    AddNumber(app, "--count", command.count, 0, kMostLives,
+              "Live so many lives and count how often each code is carried out");
+    AddNumber(app, "--seed", command.seed, 0, kAnyNumber, "Seed of the lives (default: 1)");
     app.add_flag("--every-code", command.everyCode, "Live on a copy of the data that holds every code");
 }
 
@@ -149,6 +177,18 @@ void Check(ReplayCommand& command, const Captions& captions) {
         throw UsageError(R"("--out" goes with "--format html" alone)");
 }
 
+// The arguments as the library takes them rightly: it would take the next one as the value of an empty "--name=".
+std::vector<std::string> Words(const std::vector<std::string>& arguments) {
+    std::vector<std::string> words;
+    for (const auto& argument : arguments) {
+        const bool empty_value = argument.starts_with("--") && argument.find('=') == argument.size() - 1;
+        words.push_back(empty_value ? argument.substr(0, argument.size() - 1) : argument);
+        if (empty_value)
+            words.emplace_back();
+    }
+    return words;
+}
+
 int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
     CLI::App app("Plays the lives of Farwend characters from editable rule data.", "korvane-cli");
     app.set_version_flag("--version", "korvane-cli " KORVANE_VERSION);
@@ -166,8 +206,10 @@ int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
     AddGenerate(*generate_app, generate, captions);
     AddPlay(*play_app, play, captions);
     AddReplay(*replay_app, replay, captions);
+    auto words = Words(arguments);
+    std::ranges::reverse(words);  // as the library wants them
     try {
-        app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+        app.parse(std::move(words));
     } catch (const CLI::ParseError& error) {
         return app.exit(error, streams.out, streams.err) == 0 ? kSuccess : kFailure;
     }

@@ -3,9 +3,11 @@
 
 #include <string>
 
+#include "base/paths.h"
+
 namespace korvane::cli {
 
-// The held path of the folder: the one given, else the one that the configuration file names, else the shipped rules.
-std::string ChooseDataLocation(const std::string& given);
+// The folder: the one given, else the one that the configuration file names, else the shipped rules.
+HeldPath ChooseDataLocation(const std::string& given);
 
 }  // namespace korvane::cli

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "base/error.h"
-#include "base/places.h"
+#include "base/files.h"
 #include "base/text.h"
 #include "engine/codes/chains.h"
 
@@ -43,6 +43,13 @@ void Deal(const Chain& chain, const std::vector<std::string*>& entries) {
         AppendAll(*entries[i % entries.size()], rows[i % rows.size()].code, " ");
 }
 
+std::vector<std::string> LinesOf(const TextFile& file) {
+    std::vector<std::string> lines;
+    for (int i = 1; i <= file.lines(); ++i)
+        lines.emplace_back(file.line(i));
+    return lines;
+}
+
 }  // namespace
 
 void WriteEveryCodeData(const std::string& from, const std::string& to) {
@@ -50,17 +57,17 @@ void WriteEveryCodeData(const std::string& from, const std::string& to) {
     for (const auto& name : ListFiles(HeldPath(from))) {
         fs::copy_file(fs::path(from) / name, fs::path(to) / name);
         if (EndsIgnoringCase(name, ".ecf"))
-            careers[fs::path(to) / name] = ReadTextFile(HeldPath(fs::path(to) / name), "a career file").lines;
+            careers[fs::path(to) / name] = LinesOf(ReadTextFile(Held(fs::path(to) / name), "a career file"));
     }
     if (careers.empty())
-        throw FileError((fs::path(from) / "*.ecf").string(), 1, "a career file", "no such file");
+        throw IoError((fs::path(from) / "*.ecf").string(), "can't be read as a career file", "no such file");
     Deal(MishapChain(), Entries(careers, kFirstMishap, kLastMishap));
     Deal(EventChain(), Entries(careers, kFirstEvent, kLastEvent));
     for (const auto& [path, lines] : careers) {
         std::string text;
         for (const auto& line : lines)
             AppendAll(text, line, "\n");
-        ReplaceFile(path, text);
+        ReplaceFile(path, text, Sync::Later);
     }
 }
 

@@ -1,9 +1,8 @@
 #include <filesystem>
 #include <optional>
-#include <sstream>
 
 #include "base/error.h"
-#include "base/places.h"
+#include "base/files.h"
 #include "base/text.h"
 #include "cli/commands.h"
 #include "cli/data_choice.h"
@@ -68,17 +67,21 @@ class Generator {
                 progress.Done(number);
             }
         } catch (const std::exception&) {
-            WriteIndex();  // of what there is
+            FinishFiles();  // of what there is
             throw;
         }
-        WriteIndex();
+        FinishFiles();
         return status_;
     }
 
   private:
-    void WriteIndex() {
+    // The list of what was written, and all of it on the disk.
+    void FinishFiles() {
         if (pages_ && command_.count > 1)
             pages_->WriteIndex();
+        for (const auto& folder : {command_.outFolder, command_.journalFolder})
+            if (!folder.empty())
+                SyncFolder(folder);
     }
 
     void RunOne(std::uint64_t number) {
@@ -94,15 +97,18 @@ class Generator {
     // A journal is written also for a life that a malformed file ends.
     LifeOutcome LiveJournaled(std::uint64_t number) {
         if (command_.journalFolder.empty())
-            return Live(session_, command_.plan, number, nullptr);
-        std::ostringstream journal;
-        const auto write = [&] { ReplaceFile(FileName(command_.journalFolder, number, ".jsonl"), journal.str()); };
+            return Live(session_, command_.plan, number, {});
+        std::string journal;
+        const auto write = [&] {
+            ReplaceFile(FileName(command_.journalFolder, number, ".jsonl"), journal, Sync::Later);
+        };
         try {
-            auto outcome = Live(session_, command_.plan, number, &journal);
+            auto outcome = Live(session_, command_.plan, number,
+                                [&journal](std::string_view line) { AppendAll(journal, line, "\n"); });
             write();
             return outcome;
         } catch (const FileError&) {
-            if (!journal.str().empty())
+            if (!journal.empty())
                 write();
             throw;
         }
@@ -125,7 +131,8 @@ class Generator {
     void ShowText(std::uint64_t number) {
         const auto text = Rendered(session_, command_.format);
         if (!command_.outFolder.empty()) {
-            ReplaceFile(FileName(command_.outFolder, number, command_.format == Format::Json ? ".json" : ".txt"), text);
+            ReplaceFile(FileName(command_.outFolder, number, command_.format == Format::Json ? ".json" : ".txt"), text,
+                        Sync::Later);
             return;
         }
         if (command_.format == Format::Text && shown_any_)

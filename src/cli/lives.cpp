@@ -7,7 +7,6 @@
 #include "character/characteristics.h"
 #include "cli/players.h"
 #include "engine/selection.h"
-#include "output/journal/recorder.h"
 
 namespace korvane::cli {
 
@@ -83,10 +82,10 @@ LifeOutcome RunUnrecorded(Session& session) {
     }
 }
 
-LifeOutcome Run(Session& session, std::ostream* journal) {
-    if (journal == nullptr)
+LifeOutcome Run(Session& session, const journal::Recorder::Sink& journal) {
+    if (!journal)
         return RunUnrecorded(session);
-    journal::Recorder recorder(*journal, *session.seams.dice, *session.seams.player);
+    journal::Recorder recorder(journal, *session.seams.dice, *session.seams.player);
     session.seams.dice = &recorder;
     session.seams.player = &recorder;
     return RunRecorded(session, recorder);
@@ -94,7 +93,8 @@ LifeOutcome Run(Session& session, std::ostream* journal) {
 
 }  // namespace
 
-LifeOutcome Live(Session& session, const LifePlan& plan, std::uint64_t number, std::ostream* journal) {
+LifeOutcome Live(Session& session, const LifePlan& plan, std::uint64_t number,
+                 const journal::Recorder::Sink& journal) {
     auto stream = StreamFor(plan, number);
     session.method = plan.method;
     session.options = plan.options;

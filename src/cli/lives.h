@@ -3,11 +3,11 @@
 
 #include <cstdint>
 #include <optional>
-#include <ostream>
 #include <string>
 
 #include "character/KVNDeclare.h"
 #include "engine/term_loop.h"
+#include "output/journal/recorder.h"
 
 namespace korvane::cli {
 
@@ -32,8 +32,9 @@ struct LifeOutcome {
 };
 
 // Lives the character with that number. With a seed, all of it depends on the seed and the number alone. The finished
-// character is left in the session. Writes the journal when there is a stream for it. Throws UsageError for a selection
+// character is left in the session. Writes the journal where there is a sink for it. Throws UsageError for a selection
 // that the data doesn't have and FileError for a malformed file.
-LifeOutcome Live(Session& session, const LifePlan& plan, std::uint64_t number, std::ostream* journal);
+LifeOutcome Live(Session& session, const LifePlan& plan, std::uint64_t number,
+                 const journal::Recorder::Sink& journal);
 
 }  // namespace korvane::cli

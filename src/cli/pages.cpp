@@ -3,8 +3,9 @@
 #include <cstdint>
 #include <utility>
 
+#include "base/encoding.h"
 #include "base/error.h"
-#include "base/places.h"
+#include "base/files.h"
 #include "base/text.h"
 #include "character/summary.h"
 #include "cli/pdf_program.h"
@@ -17,17 +18,17 @@ namespace {
 
 constexpr std::string_view kDefaultTemplate = "template.htm";
 
-// The held path of a template: a bare name is one of the data folder, else of the working folder.
-std::string TemplatePath(const std::string& location, const std::string& wanted) {
-    auto path = HeldPath(wanted);
-    if (path.find('\\') != std::string::npos)
+// A template: a bare name is one of the data folder, else of the working folder.
+HeldPath TemplatePath(const HeldPath& location, const std::string& wanted) {
+    const HeldPath path(wanted);
+    if (path.text().find('\\') != std::string::npos)
         return path;
-    if (FileExists(location + path))
-        return location + path;
+    if (FileExists(location + wanted))
+        return location + wanted;
     if (FileExists(path))
         return path;
-    auto message = Concat("unknown template \"", wanted, "\" (",
-                          (NativePath(location) / std::filesystem::path(wanted)).string(), ":1: no such file)");
+    auto message = Concat("unknown template ", Quoted(wanted), " (",
+                          (NativePath(location) / std::filesystem::path(wanted)).string(), ": no such file)");
     const auto known = TemplateNames(location);
     for (const auto& name : known)
         AppendAll(message, &name == &known.front() ? "; there are: " : ", ", name);
@@ -44,7 +45,7 @@ std::uint64_t Checksum(std::string_view text) {
 // A text that shows as it is: what HTML would take for a mark is spelt out.
 std::string Escaped(std::string_view text) {
     std::string escaped;
-    for (const char c : DecodeText(text)) {
+    for (const char c : DecodeWord(std::string(text))) {
         if (c == '&')
             escaped += "&amp;";
         else if (c == '<')
@@ -129,28 +130,29 @@ std::string PageWriter::NameOf(std::string_view defaultName) {
     return name.empty() ? std::string(defaultName) : name;
 }
 
-void PageWriter::WriteAs(std::string_view name, const std::string& stem) const {
+void PageWriter::WriteAs(std::string_view name, const std::string& stem, Sync sync) const {
     const auto file = folder_ / (stem + ".htm");
-    ReplaceFile(file, Page(template_, session_, name));
+    ReplaceFile(file, Page(template_, session_, name), sync);
     if (order_.pdf)
         MakePdf(file);
 }
 
 void PageWriter::Write(std::string_view defaultName) {
     const auto name = NameOf(defaultName);
-    WriteAs(name, LettersOnly(name));
+    WriteAs(name, LettersOnly(name), Sync::Now);
 }
 
 void PageWriter::WriteListed(std::string_view defaultName, const std::string& stem) {
     const auto name = NameOf(defaultName);
-    WriteAs(name, stem);
+    WriteAs(name, stem, Sync::Later);
     rows_ += IndexRow(session_, name, stem + ".htm");
 }
 
 void PageWriter::WriteIndex() const {
     const auto list =
         rows_.empty() ? "<p>No character was finished.</p>\n" : Concat(kTableHead, rows_, "</tbody>\n</table>\n");
-    ReplaceFile(folder_ / "index.htm", Concat(kIndexHead, list, "</main>\n</body>\n</html>\n"));
+    ReplaceFile(folder_ / "index.htm", Concat(kIndexHead, list, "</main>\n</body>\n</html>\n"), Sync::Later);
+    SyncFolder(folder_);
 }
 
 }  // namespace korvane::cli

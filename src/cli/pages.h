@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/files.h"
 #include "character/KVNDeclare.h"
 #include "output/page_export.h"
 
@@ -31,12 +32,12 @@ class PageWriter {
     void Write(std::string_view defaultName);
     // The same, into a file of the given name without its ending; the index will lead to it.
     void WriteListed(std::string_view defaultName, const std::string& stem);
-    // Writes "index.htm", which leads to all listed pages.
+    // Writes "index.htm", which leads to all listed pages, and brings them all to the disk.
     void WriteIndex() const;
 
   private:
     std::string NameOf(std::string_view defaultName);
-    void WriteAs(std::string_view name, const std::string& stem) const;
+    void WriteAs(std::string_view name, const std::string& stem, Sync sync) const;
 
     Session& session_;
     const PageOrder& order_;

@@ -1,7 +1,7 @@
-#include <sstream>
+#include <optional>
 
 #include "base/error.h"
-#include "base/places.h"
+#include "base/files.h"
 #include "base/text.h"
 #include "character/characteristics.h"
 #include "character/summary.h"
@@ -31,12 +31,49 @@ void Select(Session& session, const PlayCommand& command, TerminalPlayer& player
                 Pick(player, "Assignment", command.assignment, *data.AssignmentNames(race, career)));
 }
 
+// The journal of a life that is played: each line is in the file before the next question comes. What the disk refuses
+// is told once, and the life goes on without it.
+class PlayedJournal {
+  public:
+    PlayedJournal(const std::string& path, std::ostream& err) : err_(err) {
+        if (!path.empty())
+            file_.emplace(path, Sync::Now);
+    }
+
+    void Write(std::string_view line) {
+        Try([&] { file_->Write(line); });
+    }
+    void BeginAnew() {
+        Try([&] { file_->Clear(); });
+    }
+    // Whether all of it was kept.
+    bool whole() const { return whole_; }
+
+  private:
+    template <typename Action>
+    void Try(const Action& action) {
+        if (!file_)
+            return;
+        try {
+            action();
+        } catch (const IoError& error) {
+            whole_ = false;
+            file_.reset();
+            err_ << "korvane-cli: file error: " << error.what() << "; the life goes on, its journal ends here\n";
+        }
+    }
+
+    std::ostream& err_;
+    std::optional<LineFile> file_;
+    bool whole_ = true;
+};
+
 // Rolls characters until the player starts with one. The journal begins anew with each.
-void RollCharacter(Session& session, journal::Recorder& recorder, std::ostringstream& journal, TerminalPlayer& player,
+void RollCharacter(Session& session, journal::Recorder& recorder, PlayedJournal& journal, TerminalPlayer& player,
                    std::ostream& out) {
     int answer = 2;
     while (answer == 2) {
-        journal.str({});
+        journal.BeginAnew();
         recorder.Begin(session);
         StartNewCharacter(session);
         out << '\n';
@@ -46,19 +83,15 @@ void RollCharacter(Session& session, journal::Recorder& recorder, std::ostringst
     }
 }
 
-void WriteJournal(const PlayCommand& command, const std::ostringstream& journal) {
-    if (!command.journal.empty())
-        ReplaceFile(command.journal, journal.str());
-}
-
 }  // namespace
 
 int Play(const PlayCommand& command, Streams& streams) {
+    // Before the first question, as a journal that can't be kept is no news for the end of a life.
+    PlayedJournal journal(command.journal, streams.err);
     TerminalPlayer player(streams.in, streams.out);
     TerminalDisplay display(streams.out);
     ClockDice dice;
-    std::ostringstream journal;
-    journal::Recorder recorder(journal, dice, player);
+    journal::Recorder recorder([&journal](std::string_view line) { journal.Write(line); }, dice, player);
     Session session(DataFolder(ChooseDataLocation(command.data)), {&recorder, &recorder, &display});
     display.Watch(session.character);
     session.method = command.method;
@@ -67,21 +100,15 @@ int Play(const PlayCommand& command, Streams& streams) {
     try {
         RollCharacter(session, recorder, journal, player, streams.out);
         const auto end = RunLife(session);
-        recorder.End(end);
-        WriteJournal(command, journal);
         if (end == LifeEnd::MusteredOut)
-            streams.out << '\n' << CharacterText(session);
-        return kSuccess;
+            streams.out << '\n' << CharacterText(session) << std::flush;
+        recorder.End(end);
+        return journal.whole() ? kSuccess : kFailure;
     } catch (const RuleError& error) {
         recorder.EndInError(NameOf(error.kind()), error.what());
-        WriteJournal(command, journal);
         throw;
     } catch (const FileError& error) {
         recorder.EndInError("file", error.what());
-        WriteJournal(command, journal);
-        throw;
-    } catch (const UsageError&) {
-        WriteJournal(command, journal);  // what there is of it
         throw;
     }
 }

@@ -1,7 +1,8 @@
 #include <utility>
 
+#include "base/encoding.h"
 #include "base/error.h"
-#include "base/places.h"
+#include "base/files.h"
 #include "character/characteristics.h"
 #include "cli/commands.h"
 #include "cli/data_choice.h"
@@ -51,10 +52,17 @@ void Show(Session& session, const ReplayCommand& command, std::ostream& out) {
         out << (command.format == Format::Json ? CharacterDocument(session) + "\n" : CharacterText(session));
 }
 
+// A journal from a file or, for "-", from standard input.
+journal::Replayer ReadJournal(const std::string& path) {
+    if (path == "-")
+        return {"standard input", DecodeText(ReadStandardInput("a journal", kMostJournal))};
+    return {path, DecodeText(ReadBytes(path, "a journal", kMostJournal))};
+}
+
 }  // namespace
 
 int Replay(const ReplayCommand& command, Streams& streams) {
-    journal::Replayer replayer(ReadTextFile(HeldPath(command.journal), "a journal"));
+    auto replayer = ReadJournal(command.journal);
     Display display;
     Session session(DataFolder(ChooseDataLocation(command.data)), {&replayer, &replayer, &display});
     SelectAsRecorded(session, replayer.start());

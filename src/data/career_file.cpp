@@ -2,6 +2,7 @@
 #include <cstdint>
 #include <limits>
 
+#include "base/encoding.h"
 #include "base/text.h"
 #include "data/record_files.h"
 #include "data/record_lines.h"
@@ -28,14 +29,16 @@ float ReadCash(RecordLines& lines) {
     const auto line = lines.Next("a cash benefit");
     const double cash = LenientNumber(line);
     if (std::abs(cash) > kMostCash)
-        lines.Reject("a cash benefit", Concat("the number \"", line, "\", which is out of range"));
+        lines.Reject("a cash benefit", Concat("the number ", Quoted(line), ", which is out of range"));
     return static_cast<float>(cash);
 }
 
 void ReadBenefits(RecordLines& lines, CareerRecord& career) {
     lines.SkipHeading("the heading of the cash benefits");
-    for (std::size_t i = 1; i <= 7; ++i)
+    for (std::size_t i = 1; i <= 7; ++i) {
         career.cashBenefit.at(i) = ReadCash(lines);
+        career.cashLine.at(i) = lines.Current();
+    }
     lines.SkipHeading("the heading of the other benefits");
     lines.Fill(career.otherBenefit, 1, 7, "a benefit");
 }

@@ -1,12 +1,12 @@
 #include "data/data_folder.h"
 
-#include "base/error.h"
+#include "base/files.h"
 #include "base/text.h"
 #include "data/record_files.h"
 
 namespace korvane {
 
-DataFolder::DataFolder(std::string_view location, Reading reading)
+DataFolder::DataFolder(const HeldPath& location, Reading reading)
     : location_(EnsureTrailingBackslash(location)), reading_(reading) {}
 
 template <typename Value, typename Make>
@@ -26,14 +26,14 @@ const std::optional<Record>& DataFolder::IfThere(Extra<Record>& extra, std::stri
     if (extra.read && reading_ == Reading::Once)
         return extra.record;
     extra.record.reset();
-    if (FileExists(Concat(location_, name)))
+    if (FileExists(location_ + name))
         extra.record = parse(Read(name, role));
     extra.read = true;
     return extra.record;
 }
 
 std::shared_ptr<const TextFile> DataFolder::Read(std::string_view name, std::string_view role) const {
-    return std::make_shared<const TextFile>(ReadTextFile(location_ + std::string(name), role));
+    return std::make_shared<const TextFile>(ReadTextFile(location_ + name, role));
 }
 
 Names DataFolder::Listed(std::string_view prefix, std::string_view ending) const {

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "base/paths.h"
 #include "data/name_tables.h"
 #include "data/records.h"
 #include "data/world_tables.h"
@@ -20,18 +21,17 @@ class DataFolder {
     // object, as a run of many thousand characters wants it.
     enum class Reading { EachTime, Once };
 
-    // `location` is a held path; a "\" is put to its end.
-    explicit DataFolder(std::string_view location, Reading reading = Reading::EachTime);
+    // A "\" is put to the end of the location.
+    explicit DataFolder(const HeldPath& location, Reading reading = Reading::EachTime);
 
-    const std::string& location() const { return location_; }
+    const HeldPath& location() const { return location_; }
 
     // The names in the order of their files; shared, as they are handed around with each selection.
     using SharedNames = std::shared_ptr<const Names>;
     SharedNames RaceNames();
     SharedNames CareerNames(std::string_view race);
     // The assignments of a career as the main window lists them, and as the transfer dialog does: only what follows the
-    // last
-    // "-" of the file's name.
+    // last "-" of the file's name.
     SharedNames AssignmentNames(std::string_view race, std::string_view career);
     SharedNames TransferAssignmentNames(std::string_view race, std::string_view career);
 
@@ -69,7 +69,7 @@ class DataFolder {
     // The middles of the file names that begin with `prefix` and end with `ending`, in any case.
     Names Listed(std::string_view prefix, std::string_view ending) const;
 
-    std::string location_;
+    HeldPath location_;
     Reading reading_;
     Cache<SharedNames> lists_;
     Cache<RaceRecord> races_;

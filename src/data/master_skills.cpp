@@ -1,21 +1,21 @@
 #include "data/master_skills.h"
 
-#include <algorithm>
-
 #include "base/error.h"
-#include "base/places.h"
+#include "base/files.h"
+#include "base/text.h"
 
 namespace korvane {
 
-MasterSkills LoadMasterSkills(std::string_view dataLocation) {
+MasterSkills LoadMasterSkills(const HeldPath& dataLocation) {
     // The doubled separator is no slip: the location ends in one already, and paths with two of them lead to the same
     // file.
-    auto file = ReadTextFile(std::string(dataLocation) + "\\MasterSkills.dat", "the master skill list");
+    const auto file = ReadTextFile(dataLocation + "\\MasterSkills.dat", "the master skill list");
     MasterSkills skills;
     const auto most = static_cast<int>(skills.size()) - 1;
-    if (file.lines.size() >= skills.size())
-        throw FileError(file.name, most + 1, "at most " + std::to_string(most) + " skills", "another line");
-    std::ranges::move(file.lines, skills.begin() + 1);
+    if (file.lines() > most)
+        throw ParseError(file.name(), most + 1, Concat("at most ", most, " skills"), "another line");
+    for (int i = 1; i <= file.lines(); ++i)
+        skills.at(static_cast<std::size_t>(i)) = file.line(i);
     return skills;
 }
 

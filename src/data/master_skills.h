@@ -3,7 +3,8 @@
 
 #include <array>
 #include <string>
-#include <string_view>
+
+#include "base/paths.h"
 
 namespace korvane {
 
@@ -11,6 +12,6 @@ namespace korvane {
 using MasterSkills = std::array<std::string, 101>;
 
 // Reads "MasterSkills.dat" in the data folder. Throws FileError when it is missing or holds more than 100 lines.
-MasterSkills LoadMasterSkills(std::string_view dataLocation);
+MasterSkills LoadMasterSkills(const HeldPath& dataLocation);
 
 }  // namespace korvane

@@ -31,6 +31,7 @@ const NameTable* Find(const std::vector<NameTable>& tables, std::string_view nam
 // A syllable, with its weight after a blank where it isn't 1.
 Syllable ReadSyllable(const PlainLines& lines, int end_before) {
     constexpr int kMostWeight = 1000;
+    constexpr int kMostWeights = 1'000'000'000;
     const auto [text, weight] = SplitFirst(lines.Current(), " ");
     if (text.find('/') != std::string_view::npos)
         lines.Reject("a syllable without \"/\"");
@@ -38,6 +39,8 @@ Syllable ReadSyllable(const PlainLines& lines, int end_before) {
                         ? 1
                         : lines.Number(weight, 1, kMostWeight,
                                        Concat("a syllable and, after a blank, a weight of 1 to ", kMostWeight));
+    if (end_before > kMostWeights - gap)
+        lines.Reject(Concat("weights that add up to at most ", kMostWeights));
     return {text == "-" ? std::string_view() : text, end_before + gap};
 }
 

@@ -2,19 +2,20 @@
 
 #include <charconv>
 
+#include "base/encoding.h"
 #include "base/error.h"
 #include "base/text.h"
 
 namespace korvane {
 
 bool PlainLines::AtEnd() const {
-    return line_ > static_cast<int>(file_.lines.size());
+    return line_ > file_.lines();
 }
 
 void PlainLines::Advance() {
     do {
         ++line_;
-        current_ = AtEnd() ? std::string_view() : Trim(file_.lines[static_cast<std::size_t>(line_ - 1)]);
+        current_ = AtEnd() ? std::string_view() : Trim(file_.line(line_));
     } while (!AtEnd() && (current_.empty() || current_.starts_with('#')));
 }
 
@@ -35,11 +36,11 @@ int PlainLines::Number(std::string_view piece, int least, int most, std::string_
 }
 
 void PlainLines::Reject(std::string_view expected) const {
-    Reject(expected, AtEnd() ? "the end of the file" : Concat("\"", current_, "\""));
+    Reject(expected, AtEnd() ? "the end of the file" : Quoted(current_));
 }
 
 void PlainLines::Reject(std::string_view expected, std::string_view found) const {
-    throw FileError(file_.name, line_, expected, found);
+    throw ParseError(file_.name(), line_, expected, found);
 }
 
 }  // namespace korvane

@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-#include "base/places.h"
+#include "base/text_file.h"
 
 namespace korvane {
 

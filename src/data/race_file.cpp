@@ -1,4 +1,4 @@
-#include "base/error.h"
+#include "base/encoding.h"
 #include "base/text.h"
 #include "data/record_files.h"
 #include "data/record_lines.h"
@@ -13,7 +13,7 @@ void ReadCharacteristic(RecordLines& lines, RaceRecord& race, int slot) {
     const auto dice = FirstCharacters(AfterCharacters(line, 4), 1);
     if (dice.size() != 1 || dice[0] < '0' || dice[0] > '9')
         lines.Reject("one digit as the dice figure, the line's fifth character",
-                     dice.empty() ? "a shorter line" : Concat("\"", dice, "\""));
+                     dice.empty() ? "a shorter line" : Quoted(dice));
     race.characteristicName.at(i) = FirstCharacters(line, 3);
     race.characteristicDice.at(i) = dice[0] - '0';
     race.characteristicModifier.at(i) = AfterCharacters(line, 6);
@@ -30,6 +30,7 @@ void ReadCharacteristics(RecordLines& lines, RaceRecord& race) {
 void ReadAges(RecordLines& lines, RaceRecord& race) {
     lines.SkipHeading("the heading of the ages");
     race.termYears = lines.NextCount(13, "the years of a term");
+    race.termYearsLine = lines.Current();
     race.agingAge = lines.NextCount(6, "the age of ageing");
     race.startingAge = lines.NextCount(8, "the starting age");
 }

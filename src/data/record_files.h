@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "base/places.h"
+#include "base/text_file.h"
 #include "data/records.h"
 
 namespace korvane {

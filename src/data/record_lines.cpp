@@ -1,5 +1,6 @@
 #include "data/record_lines.h"
 
+#include "base/encoding.h"
 #include "base/error.h"
 #include "base/text.h"
 
@@ -7,9 +8,9 @@ namespace korvane {
 
 std::string_view RecordLines::Next(std::string_view what) {
     ++line_;
-    if (line_ > static_cast<int>(file_.lines.size()))
-        throw FileError(file_.name, line_, what, "the end of the file");
-    return file_.lines[static_cast<std::size_t>(line_ - 1)];
+    if (line_ > file_.lines())
+        Reject(what, "the end of the file");
+    return file_.line(line_);
 }
 
 std::string_view RecordLines::NextAfterLabel(std::size_t label, std::string_view what) {
@@ -21,7 +22,7 @@ Count RecordLines::NextCount(std::size_t label, std::string_view what) {
     try {
         return LenientCount(text);
     } catch (const RuleError&) {
-        Reject(what, "the number \"" + std::string(text) + "\", which is out of range");
+        Reject(what, Concat("the number ", Quoted(text), ", which is out of range"));
     }
 }
 
@@ -33,7 +34,7 @@ Count RecordLines::NextCountUpTo(int most, std::string_view what) {
 }
 
 void RecordLines::Reject(std::string_view expected, std::string_view found) const {
-    throw FileError(file_.name, line_, expected, found);
+    throw ParseError(file_.name(), line_, expected, found);
 }
 
 }  // namespace korvane

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "base/numbers.h"
-#include "base/places.h"
+#include "base/text_file.h"
 
 namespace korvane {
 
@@ -16,6 +16,8 @@ class RecordLines {
 
     // The next line. `what` names it for the error when the file has ended: FileError.
     std::string_view Next(std::string_view what);
+    // The line just read.
+    std::string_view Current() const { return file_.line(line_); }
     // The next line without its label of `label` characters.
     std::string_view NextAfterLabel(std::size_t label, std::string_view what);
     // The next line read as a number, leniently, after a label; FileError when it leaves 16 bits.

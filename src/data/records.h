@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "base/numbers.h"
-#include "base/places.h"
+#include "base/text_file.h"
 
 namespace korvane {
 
@@ -40,6 +40,7 @@ struct RaceRecord {
     std::array<Count, kMostCharacteristics + 1> characteristicDice;
     std::array<std::string_view, kMostCharacteristics + 1> characteristicModifier;  // as "+2"; empty for none
     Count termYears;
+    std::string_view termYearsLine;  // as the file has it
     Count agingAge;
     Count startingAge;
     std::array<std::string_view, 13> lifeEvents;
@@ -57,6 +58,7 @@ struct CareerRecord {
     std::string_view qualification;
     std::string_view commission;  // "No", or what stands in for a check
     std::array<float, 8> cashBenefit{};
+    std::array<std::string_view, 8> cashLine;  // as the file has them
     std::array<std::string_view, 8> otherBenefit;
     std::array<std::string, 5> skillTableTitle;  // outlives its file: a title may stay from the career before
     SixRows personalTable;

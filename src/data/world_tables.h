@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "base/places.h"
+#include "base/text_file.h"
 
 namespace korvane {
 

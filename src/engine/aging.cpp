@@ -3,6 +3,7 @@
 #include <array>
 
 #include "character/summary.h"
+#include "data/rule_row.h"
 #include "skills/choice.h"
 
 namespace korvane {
@@ -76,14 +77,21 @@ double AgingModifier(const Session& session) {
     return session.race.name == "Aslan" ? 2 * modifier : modifier;
 }
 
+// Adds the years of a term. Gives the modifier of an ageing roll, where one follows.
+double GrowOlder(Session& session) {
+    auto& character = session.character;
+    character.Age += session.race.termYears;
+    return character.Age < session.race.agingAge ? 0 : AgingModifier(session);
+}
+
 }  // namespace
 
 void AgeCharacter(Session& session) {
     auto& character = session.character;
-    character.Age += session.race.termYears;
-    if (character.Age < session.race.agingAge)
+    const auto& race = session.race;
+    const auto modifier = CarryOutRow(race.source, race.termYearsLine, [&] { return GrowOlder(session); });
+    if (character.Age < race.agingAge)
         return;
-    const double modifier = AgingModifier(session);
     const double total = Roll(session, 2, 6) - modifier;
     if (total > 0)
         return;

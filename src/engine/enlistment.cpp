@@ -4,6 +4,7 @@
 #include <string>
 
 #include "character/checks.h"
+#include "data/rule_row.h"
 #include "engine/selection.h"
 #include "skills/choice.h"
 
@@ -50,7 +51,9 @@ void Qualify(Session& session) {
     if (IsEntitledNoble(session))
         modifier = kAutomaticSuccess;
     AddHistory(session, "Enlist ", session.selection.career, " ", session.selection.assignment);
-    const int effect = RollCheck(session, session.career.qualification, modifier);
+    const auto& career = session.career;
+    const int effect = CarryOutRow(career.source, career.qualification,
+                                   [&] { return RollCheck(session, career.qualification, modifier); });
     modifier = 0;
     if (effect < 0)
         Draft(session);

@@ -1,6 +1,7 @@
 #include "engine/hazards.h"
 
 #include "character/summary.h"
+#include "data/rule_row.h"
 #include "engine/codes/chain.h"
 #include "engine/codes/chains.h"
 
@@ -15,6 +16,13 @@ void SufferDisaster(Session& session) {
     session.character.MusterRolls = rolls;
 }
 
+// An entry's texts outlive a change of career, which one of its codes may bring: its row keeps their file.
+template <typename Hazard>
+void CarryOutEntry(Session& session, std::string_view entry, const Hazard& hazard) {
+    CarryOutRow(session.career.source, entry, [&] { hazard(SplitEntry(entry)); });
+    ShowSummary(session);
+}
+
 }  // namespace
 
 HazardEntry SplitEntry(std::string_view entry) {
@@ -25,26 +33,23 @@ HazardEntry SplitEntry(std::string_view entry) {
 }
 
 void RollMishap(Session& session) {
-    // A code may load another career; the entry's texts must outlive that.
-    const auto source = session.career.source;
     session.character.LeaveCareer = 1;
     const auto row = static_cast<std::size_t>(Roll(session, 1, 6));
-    const auto entry = SplitEntry(session.career.mishapTable.at(row));
-    AddHistory(session, entry.description);
-    RunChain(session, MishapChain(), entry.codes);
-    ShowSummary(session);
+    CarryOutEntry(session, session.career.mishapTable.at(row), [&](const HazardEntry& entry) {
+        AddHistory(session, entry.description);
+        RunChain(session, MishapChain(), entry.codes);
+    });
 }
 
 void RollCareerEvent(Session& session) {
-    const auto source = session.career.source;
     const auto row = static_cast<std::size_t>(Roll(session, 2, 6));
-    const auto entry = SplitEntry(session.career.eventTable.at(row));
-    AddHistory(session, entry.description);
-    session.character.LeaveCareer = 0;
-    if (entry.description.find("Disaster!") != std::string_view::npos)
-        SufferDisaster(session);
-    RunChain(session, EventChain(), entry.codes);
-    ShowSummary(session);
+    CarryOutEntry(session, session.career.eventTable.at(row), [&](const HazardEntry& entry) {
+        AddHistory(session, entry.description);
+        session.character.LeaveCareer = 0;
+        if (entry.description.find("Disaster!") != std::string_view::npos)
+            SufferDisaster(session);
+        RunChain(session, EventChain(), entry.codes);
+    });
 }
 
 }  // namespace korvane

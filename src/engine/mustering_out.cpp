@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "character/summary.h"
+#include "data/rule_row.h"
 #include "engine/benefits.h"
 
 namespace korvane {
@@ -124,7 +125,8 @@ void RollCashBenefit(Session& session, bool useGambler) {
         character.CashRollsUsed += 1;
     }
     const auto amount = std::llrint(static_cast<double>(session.career.cashBenefit.at(static_cast<std::size_t>(row))));
-    character.Cash += amount;
+    CarryOutRow(session.career.source, session.career.cashLine.at(static_cast<std::size_t>(row)),
+                [&] { character.Cash += amount; });
     AppendAll(session.musterResults.Next(), "Cr", FormatThousands(static_cast<double>(amount)));
     session.musterResults.Keep();
     ShowSummary(session);
@@ -134,7 +136,8 @@ void RollMaterialBenefit(Session& session) {
     const int row = RollRow(session, 0);
     if (session.character.MusterRolls >= 1)
         session.character.MusterRolls -= 1;
-    TakeBenefit(session, session.career.otherBenefit.at(static_cast<std::size_t>(row)));
+    const auto benefit = session.career.otherBenefit.at(static_cast<std::size_t>(row));
+    CarryOutRow(session.career.source, benefit, [&] { TakeBenefit(session, benefit); });
     ShowSummary(session);
 }
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "base/encoding.h"
 #include "base/error.h"
-#include "base/places.h"
 #include "base/text.h"
 #include "character/characteristics.h"
 
@@ -39,9 +39,9 @@ bool LoadRaceRecords(Session& session, std::string_view race) {
                              std::string_view file) {
     const auto path = NativePath(session.data.location()) / file;
     if (names.empty())
-        throw FileError(path.string(), 1, Concat("the file of a ", kind), "no such file");
+        throw IoError(path.string(), Concat("can't be read as the file of a ", kind), "no such file");
     auto message = name.empty() ? Concat("no ", kind, " to pick")
-                                : Concat("unknown ", kind, " \"", name, "\" (", path.string(), ":1: no such file)");
+                                : Concat("unknown ", kind, " ", Quoted(name), " (", path.string(), ": no such file)");
     AppendAll(message, names.size() == 1 ? "; there is:" : "; there are:");
     for (const auto& known : names)
         AppendAll(message, &known == &names.front() ? " " : ", ", known);

@@ -2,6 +2,7 @@
 
 #include "character/characteristics.h"
 #include "character/summary.h"
+#include "data/rule_row.h"
 #include "engine/aging.h"
 #include "engine/education.h"
 #include "engine/enlistment.h"
@@ -33,7 +34,8 @@ void ChoosePreCareer(Session& session) {
         if (!IsBlank(option))
             options.Append("/", option);
     session.choice.automaticOnce = session.Automatic();
-    ChoosePlace(session, "Select Pre-Career Education", options);
+    CarryOutRow(session.race.source, session.race.preCareerOptions[1],
+                [&] { ChoosePlace(session, "Select Pre-Career Education", options); });
     if (session.choice.PickText == "University")
         AttendUniversity(session);
     else if (session.choice.PickText == "Military Academy")
@@ -42,8 +44,8 @@ void ChoosePreCareer(Session& session) {
 
 // Each skill of the career's first table at level 0.
 void TrainBasics(Session& session) {
-    for (std::size_t row = 1; row <= 6; ++row)
-        GrantSkill(session, ScratchText(session.career.personalTable.at(row), "-0"));
+    for (const auto row : std::span(session.career.personalTable).subspan(1))
+        CarryOutRow(session.career.source, row, [&] { GrantSkill(session, ScratchText(row, "-0")); });
 }
 
 void ServeOpeningTerm(Session& session) {

@@ -2,6 +2,7 @@
 
 #include "character/checks.h"
 #include "character/summary.h"
+#include "data/rule_row.h"
 #include "engine/transfer.h"
 #include "skills/grant.h"
 
@@ -38,7 +39,7 @@ void Promote(Session& session) {
     AddHistory(session, "Promoted to ", session.assignment.rankTitle.at(rank));
     auto& bonus = session.assignment.rankBonus.at(rank);
     if (bonus != "-" && !bonus.empty())
-        GrantSkillOf(session, bonus);
+        CarryOutRow(session.assignment.source, bonus, [&] { GrantSkillOf(session, bonus); });
     ShowSummary(session);
 }
 
@@ -46,7 +47,11 @@ void Promote(Session& session) {
 
 bool Survives(Session& session) {
     auto& modifier = session.character.SurvivalDM;
-    const int effect = RollCheck(session, session.assignment.survival, 0) + modifier;
+    const auto& assignment = session.assignment;
+    const int effect =
+        CarryOutRow(assignment.source, assignment.survival,
+                    [&] { return RollCheck(session, assignment.survival, 0); }) +
+        modifier;
     modifier = 0;
     return effect >= 0;
 }
@@ -68,7 +73,9 @@ void SeekCommission(Session& session) {
         return;
     modifier += character.CommissionDM;
     character.CommissionDM = 0;
-    if (RollCheck(session, session.career.commission, modifier) < 0)
+    const auto& career = session.career;
+    if (CarryOutRow(career.source, career.commission,
+                    [&] { return RollCheck(session, career.commission, modifier); }) < 0)
         return;
     AddHistory(session, "Commissioned");
     character.Commissioned = 1;
@@ -80,7 +87,8 @@ void SeekAdvancement(Session& session) {
     // "Force Promote" is known to do nothing here: the bonus that it stands for goes into no roll.
     auto& character = session.character;
     const auto check = session.assignment.advancement;
-    const int effect = RollCheck(session, check, character.AdvancementDM);
+    const int effect = CarryOutRow(session.assignment.source, check,
+                                   [&] { return RollCheck(session, check, character.AdvancementDM); });
     if (character.ParoleThreshold > 0) {
         FaceParole(session, effect + CheckTarget(check));
         return;

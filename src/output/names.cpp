@@ -53,7 +53,10 @@ std::optional<std::string> RollName(Session& session) {
         std::string options;
         for (int i = 0; i < kOffered; ++i)
             AppendAll(options, RollNameOf(session), "/");
-        if (ChoosePlace(session, "Select Character Name", options + "(Roll Again)") <= kOffered)
+        const int place = ChoosePlaceOrLeave(session, "Select Character Name", options + "(Roll Again)");
+        if (place == 0)
+            return std::nullopt;
+        if (place <= kOffered)
             return session.choice.PickText;
     }
 }

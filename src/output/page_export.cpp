@@ -1,5 +1,6 @@
 #include "output/page_export.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <ctime>
@@ -8,7 +9,8 @@
 #include <span>
 #include <system_error>
 
-#include "base/places.h"
+#include "base/environment.h"
+#include "base/files.h"
 #include "base/text.h"
 #include "character/summary.h"
 
@@ -212,20 +214,58 @@ std::string PagePath(std::string_view folder, std::string_view name) {
     return path.empty() ? DatedName() : path + ".htm";
 }
 
+// A text without its comments.
+std::string WithoutComments(std::string_view html) {
+    std::string text;
+    while (!html.empty()) {
+        const auto [before, comment] = SplitFirst(html, "<!--");
+        text += before;
+        html = SplitFirst(comment, "-->").second;
+    }
+    return text;
+}
+
+// The encoding that the first "meta" element with a charset declares, be it the charset's own or that of a content type,
+// with or without quotation marks; empty where there is none.
+std::string DeclaredCharset(std::string_view html) {
+    const auto text = Upper(WithoutComments(html));
+    constexpr std::string_view kAroundName = " \t\r\n\"'";
+    std::string_view rest = text;
+    while (!(rest = SplitFirst(rest, "<META").second).empty()) {
+        const auto element = SplitFirst(rest, ">").first;
+        auto value = SplitFirst(element, "CHARSET").second;
+        value.remove_prefix(std::min(value.find_first_not_of(" \t\r\n"), value.size()));
+        if (!value.starts_with('='))
+            continue;
+        value.remove_prefix(std::min(value.find_first_not_of(kAroundName, 1), value.size()));
+        return std::string(value.substr(0, value.find_first_of(" \t\r\n\"';/")));
+    }
+    return {};
+}
+
+// Browsers take these for Windows-1252 too.
+bool MeansWindows1252(std::string_view charset) {
+    constexpr std::array<std::string_view, 17> kNames = {
+        "ANSI_X3.4-1968", "ASCII",      "CP1252",     "CP819",           "CSISOLATIN1", "IBM819", "ISO-8859-1",   "ISO-IR-100", "ISO8859-1",
+        "ISO88591",       "ISO_8859-1", "ISO_8859-1:1987", "L1", "LATIN1", "US-ASCII", "WINDOWS-1252", "X-CP1252"};
+    return std::ranges::find(kNames, charset) != kNames.end();
+}
+
 }  // namespace
 
-PageTemplate ReadTemplate(std::string_view path) {
+PageTemplate ReadTemplate(const HeldPath& path) {
     const auto bytes = ReadBytes(NativePath(path), "a template");
     const auto text = DecodeText(bytes);
     const auto lines = SplitAll(text, '\n');
     auto encoding = EncodingOf(bytes);
     // Where no letter tells, the template's own word does.
-    if (CharacterCount(text) == bytes.size() && ContainsIgnoringCase(text, "charset=windows-1252"))
+    const bool ascii = std::ranges::all_of(bytes, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    if (ascii && MeansWindows1252(DeclaredCharset(text)))
         encoding = Encoding::Windows1252;
     return {{lines.begin(), lines.end()}, encoding};
 }
 
-Names TemplateNames(std::string_view dataLocation) {
+Names TemplateNames(const HeldPath& dataLocation) {
     auto names = ListFiles(dataLocation);
     std::erase_if(names, [](const std::string& name) {
         return !BeginsIgnoringCase(name, "template") || !EndsIgnoringCase(name, ".htm");
@@ -251,7 +291,12 @@ std::string Page(const PageTemplate& form, const Session& session, std::string_v
     return EncodeText(text, form.encoding);
 }
 
-ExportOutcome ExportCharacter(const Session& session, std::string_view templatePath, std::string_view name) {
+std::string ProfileFolder() {
+    const auto profile = GetEnvironmentValue("USERPROFILE");
+    return profile.empty() ? ExactEnvironmentValue("HOME") : profile;
+}
+
+ExportOutcome ExportCharacter(const Session& session, const HeldPath& templatePath, std::string_view name) {
     const auto profile = ProfileFolder();
     if (profile.empty())
         return {{}, "Your device needs a USERPROFILE env variable"};
@@ -259,7 +304,7 @@ ExportOutcome ExportCharacter(const Session& session, std::string_view templateP
     std::error_code exists;  // or can't be made, which the page's own error tells
     std::filesystem::create_directories(NativePath(folder), exists);
     const auto page = Page(ReadTemplate(templatePath), session, name);
-    const auto path = NativePath(PagePath(folder, name));
+    const auto path = NativePath(HeldPath(PagePath(folder.text(), name)));
     ReplaceFile(path, page);
     return {path.string(), "Character exported to " + path.string()};
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/encoding.h"
+#include "base/paths.h"
 #include "character/KVNDeclare.h"
 
 namespace korvane {
@@ -18,11 +19,11 @@ struct PageTemplate {
 };
 
 // Reads a template, given by its held path. Throws FileError when there is none.
-PageTemplate ReadTemplate(std::string_view path);
+PageTemplate ReadTemplate(const HeldPath& path);
 
 // The names of the templates in a data folder, given by its held path: "template*.htm", in any case, in the order of
 // the file names.
-Names TemplateNames(std::string_view dataLocation);
+Names TemplateNames(const HeldPath& dataLocation);
 
 // The lines of the page of the session's character. The tags are replaced one after the other, each in the line as the
 // one before left it, and only where a line holds it first. All values stand as they are, the name as typed. Throws
@@ -32,6 +33,9 @@ std::vector<std::string> FillTemplate(const std::vector<std::string>& lines, con
 
 // The bytes of the page, in the encoding of its template.
 std::string Page(const PageTemplate& form, const Session& session, std::string_view name);
+
+// The user's profile folder, as a native path: what USERPROFILE says, else HOME; "" with neither.
+std::string ProfileFolder();
 
 // What became of an export.
 struct ExportOutcome {
@@ -43,6 +47,6 @@ struct ExportOutcome {
 // its held path. The file is called by the letters of the name and replaces an earlier one, whole. Without a profile
 // folder nothing is written. Throws FileError for a template that can't be read or a page that can't be written, and
 // RuleError as above.
-ExportOutcome ExportCharacter(const Session& session, std::string_view templatePath, std::string_view name);
+ExportOutcome ExportCharacter(const Session& session, const HeldPath& templatePath, std::string_view name);
 
 }  // namespace korvane

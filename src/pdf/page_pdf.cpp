@@ -1,20 +1,23 @@
 #include "pdf/page_pdf.h"
 
+#include <QBuffer>
 #include <QFileInfo>
 #include <QImage>
 #include <QPageLayout>
 #include <QPdfWriter>
-#include <QSaveFile>
 #include <QTextDocument>
 #include <QUrl>
 
 #include "base/encoding.h"
 #include "base/error.h"
-#include "base/places.h"
+#include "base/files.h"
 
 namespace korvane::pdf {
 
 namespace {
+
+// A page, in bytes.
+constexpr std::size_t kMostPage = std::size_t{64} << 20U;
 
 // The room for a portrait on a page, in the page's own pixels.
 constexpr QSize kLargestPicture(200, 260);
@@ -55,15 +58,24 @@ QString WithRows(QString html) {
     return html;
 }
 
+// Only a page is read, and it isn't what is written: anything else is a slip that would cost a file.
+void CheckIsPage(const QString& page, const QString& pdf) {
+    const auto ending = QFileInfo(page).suffix().toLower();
+    if (ending != QLatin1String("htm") && ending != QLatin1String("html"))
+        throw IoError(page.toStdString(), "can't be made into a PDF file", "it is no page (.htm or .html)");
+    if (QFileInfo(page).canonicalFilePath() == QFileInfo(pdf).canonicalFilePath())
+        throw IoError(page.toStdString(), "can't be made into a PDF file", "it would be replaced by it");
+}
+
 }  // namespace
 
 void WritePdf(const QString& page, const QString& pdf) {
-    const auto html = DecodeText(ReadBytes(page.toStdString(), "a page"));
+    CheckIsPage(page, pdf);
+    const auto html = DecodeText(ReadBytes(page.toStdString(), "a page", kMostPage));
     PageDocument document(page);
     document.setHtml(WithRows(QString::fromStdString(html)));
-    QSaveFile file(pdf);
-    if (!file.open(QIODevice::WriteOnly))
-        throw FileError(pdf.toStdString(), 1, "a place for a PDF file", file.errorString().toStdString());
+    QBuffer file;
+    file.open(QIODevice::WriteOnly);
     {
         QPdfWriter writer(&file);
         writer.setTitle(document.metaInformation(QTextDocument::DocumentTitle));
@@ -72,8 +84,7 @@ void WritePdf(const QString& page, const QString& pdf) {
         writer.setPageLayout({QPageSize(QPageSize::A4), QPageLayout::Portrait, {}});
         document.print(&writer);
     }
-    if (!file.commit())
-        throw FileError(pdf.toStdString(), 1, "a place for a PDF file", file.errorString().toStdString());
+    ReplaceFile(pdf.toStdString(), {file.data().constData(), static_cast<std::size_t>(file.data().size())});
 }
 
 QString PdfNameOf(const QString& page) {

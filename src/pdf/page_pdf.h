@@ -6,7 +6,7 @@
 namespace korvane::pdf {
 
 // Makes a PDF file of an HTML page: A4, with pictures from the page's folder. The file is replaced whole. Throws
-// FileError when the page can't be read or the file can't be written. Needs a QGuiApplication.
+// IoError for what is no page, and when it can't be read or the file can't be written. Needs a QGuiApplication.
 void WritePdf(const QString& page, const QString& pdf);
 
 // The name of a page's PDF file: the page's with another ending.

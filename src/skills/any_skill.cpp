@@ -38,34 +38,41 @@ ListMarks DrawAnySkills(Session& session, int count, const ListItems& items) {
 
 enum class WhenAutomatic { Draw, AskAllTheSame };
 
-void SelectBasicSkills(Session& session, int count, WhenAutomatic mode, std::string_view suffix, GrantReason reason) {
+// What is picked of the basic skills, in the list's order.
+std::vector<std::string_view> PickBasicSkills(Session& session, int count, WhenAutomatic mode) {
     const ListItems items(kBasicSkills);
     const ScratchText several("Select Any ", count, " Skills");
     const std::string_view prompt = count == 1 ? "Select Any Skill" : std::string_view(several);
     const auto marks = session.Automatic() && mode == WhenAutomatic::Draw
                            ? DrawAnySkills(session, count, items)
                            : AskForItems(session, count, count, prompt, items);
+    std::vector<std::string_view> picked;
     for (std::size_t i = 0; i < items.texts().size(); ++i)
         if (marks[i])
-            GrantSkill(session, ScratchText(items.texts()[i], suffix), reason);
+            picked.push_back(items.texts()[i]);
+    return picked;
 }
 
 }  // namespace
 
 void SelectAnySkill(Session& session, int count) {
-    SelectBasicSkills(session, count, WhenAutomatic::Draw, "", GrantReason::Gain);
+    for (const auto skill : PickBasicSkills(session, count, WhenAutomatic::Draw))
+        GrantSkill(session, skill);
 }
 
 void SelectAnySkillAtZero(Session& session) {
-    SelectBasicSkills(session, 1, WhenAutomatic::Draw, "-0", GrantReason::Gain);
+    for (const auto skill : PickBasicSkills(session, 1, WhenAutomatic::Draw))
+        GrantSkill(session, ScratchText(skill, "-0"));
 }
 
 void SelectAnySkillAsked(Session& session) {
-    SelectBasicSkills(session, 1, WhenAutomatic::AskAllTheSame, "", GrantReason::Gain);
+    for (const auto skill : PickBasicSkills(session, 1, WhenAutomatic::AskAllTheSame))
+        GrantSkill(session, skill);
 }
 
-void SelectReplacementSkill(Session& session) {
-    SelectBasicSkills(session, 1, WhenAutomatic::Draw, "", GrantReason::ReplacesRefused);
+std::optional<std::string_view> SelectReplacementSkill(Session& session) {
+    const auto picked = PickBasicSkills(session, 1, WhenAutomatic::Draw);
+    return picked.empty() ? std::nullopt : std::optional(picked.front());
 }
 
 }  // namespace korvane

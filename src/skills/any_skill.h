@@ -1,6 +1,9 @@
 // The choice of any basic skill, whatever the career's tables offer.
 #pragma once
 
+#include <optional>
+#include <string_view>
+
 #include "character/KVNDeclare.h"
 
 namespace korvane {
@@ -15,7 +18,8 @@ void SelectAnySkillAtZero(Session& session);
 // One basic skill; the player is asked in automatic mode too.
 void SelectAnySkillAsked(Session& session);
 
-// One basic skill in place of a raise that the cap refused.
-void SelectReplacementSkill(Session& session);
+// Lets the player pick one basic skill in place of a raise that the cap refused; it isn't granted. Nothing when the
+// player picks none.
+std::optional<std::string_view> SelectReplacementSkill(Session& session);
 
 }  // namespace korvane

@@ -31,24 +31,41 @@ Alternatives SplitAlternatives(std::string_view options) {
     return alternatives;
 }
 
+// The place of the answer, from 1; 0 where the player may leave the question and did.
+int Answer(Session& session, std::string_view title, const Alternatives& alternatives, bool automatic, bool mayLeave) {
+    const int focus = std::exchange(session.choice.focusPreset, 0);
+    const auto count = static_cast<std::size_t>(alternatives.count);
+    return automatic ? session.seams.dice->Draw(alternatives.count) + 1
+                     : session.seams.player->Choose({title, {alternatives.texts.data(), count}, focus, mayLeave});
+}
+
+void Keep(ChoiceState& choice, const Alternatives& alternatives, int place, bool automatic) {
+    choice.PickPlace = place;
+    choice.PickIndex = automatic ? place - 1 : place;
+    choice.PickText = place == 0 ? std::string_view() : alternatives.texts.at(static_cast<std::size_t>(place - 1));
+}
+
+int Choose(Session& session, std::string_view title, std::string_view options, bool mayLeave) {
+    const bool automatic = std::exchange(session.choice.automaticOnce, false) || session.Automatic();
+    const auto alternatives = SplitAlternatives(options);
+    const int place = Answer(session, title, alternatives, automatic, mayLeave);
+    Keep(session.choice, alternatives, place, automatic);
+    return place;
+}
+
 }  // namespace
 
 Count ChooseOption(Session& session, std::string_view title, std::string_view options) {
-    auto& choice = session.choice;
-    const bool automatic = std::exchange(choice.automaticOnce, false) || session.Automatic();
-    const int focus = std::exchange(choice.focusPreset, 0);
-    const auto alternatives = SplitAlternatives(options);
-    const auto count = static_cast<std::size_t>(alternatives.count);
-    choice.PickPlace = automatic ? session.seams.dice->Draw(alternatives.count) + 1
-                                 : session.seams.player->Choose({title, {alternatives.texts.data(), count}, focus});
-    choice.PickIndex = automatic ? choice.PickPlace - 1 : choice.PickPlace;
-    choice.PickText = alternatives.texts.at(static_cast<std::size_t>(choice.PickPlace - 1));
-    return choice.PickIndex;
+    Choose(session, title, options, false);
+    return session.choice.PickIndex;
 }
 
 int ChoosePlace(Session& session, std::string_view title, std::string_view options) {
-    ChooseOption(session, title, options);
-    return session.choice.PickPlace;
+    return Choose(session, title, options, false);
+}
+
+int ChoosePlaceOrLeave(Session& session, std::string_view title, std::string_view options) {
+    return Choose(session, title, options, true);
 }
 
 std::string_view AlternativeAt(std::string_view options, int place) {

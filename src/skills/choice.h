@@ -19,6 +19,10 @@ Count ChooseOption(Session& session, std::string_view title, std::string_view op
 // The same, with the place of the answer, from 1, as the result.
 int ChoosePlace(Session& session, std::string_view title, std::string_view options);
 
+// The same for a choice that is none of the life's: the place is 0 when the player leaves it, and nothing is left in
+// `PickText`.
+int ChoosePlaceOrLeave(Session& session, std::string_view title, std::string_view options);
+
 // The alternative at a place, from 1, of a "/"-separated text.
 std::string_view AlternativeAt(std::string_view options, int place);
 

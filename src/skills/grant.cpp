@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "character/summary.h"
+#include "data/rule_row.h"
 #include "skills/any_skill.h"
 #include "skills/choice.h"
 
@@ -100,7 +101,8 @@ void ChooseSpeciality(Session& session, const Speciality& row) {
         if (!speciality.empty())
             options.Append(speciality, "/");
     options.Append("Pick Later");
-    ChooseOption(session, ScratchText("Select Specialty for ", row.skill), options);
+    CarryOutRow(session.race.source, row.skill,
+                [&] { ChooseOption(session, ScratchText("Select Specialty for ", row.skill), options); });
 }
 
 // A skill that became a speciality is no longer held bare; its level stays in the freed slot.
@@ -109,30 +111,24 @@ void FreeBareSkill(CharacterRecord& character, std::string_view name) {
         held->Name.clear();
 }
 
-void RefuseBeyondCap(Session& session, std::string_view name, GrantReason reason) {
-    if (!session.Automatic())
-        Tell(session, ScratchText("Skill ", name, " already at the max of 4. Select something else:"));
-    else if (reason == GrantReason::ReplacesRefused)
-        return;
-    SelectReplacementSkill(session);
-}
+// Whether the cap lets a gain through.
+enum class Verdict { Granted, Refused };
 
-void ImproveHeld(Session& session, Skill& held, const Gain& gain, GrantReason reason) {
+Verdict ImproveHeld(Session& session, Skill& held, const Gain& gain) {
     if (gain.mode == Mode::Set) {
         if (held.Level >= gain.level) {
             AddHistory(session, "Skill ", gain.text, " already held");
-            return;
+            return Verdict::Granted;
         }
         held.Level = gain.level;
     } else {
         const Count sum = held.Level + gain.level;
-        if (session.options[Option::CapSkillsAt4] && sum > kSkillCap) {
-            RefuseBeyondCap(session, gain.name, reason);
-            return;
-        }
+        if (session.options[Option::CapSkillsAt4] && sum > kSkillCap)
+            return Verdict::Refused;
         held.Level = sum;
     }
     AddHistory(session, gain.name, "-", held.Level);
+    return Verdict::Granted;
 }
 
 void HoldNew(Session& session, const Gain& gain) {
@@ -144,8 +140,17 @@ void HoldNew(Session& session, const Gain& gain) {
     AddHistory(session, gain.name, "-", gain.level);
 }
 
-void GainSkill(Session& session, Gain gain, GrantReason reason) {
-    std::optional<ScratchText> full_name;
+// The skill that stands in for a raise that the cap refused; nothing when the player picks none, or when, in automatic
+// mode, the one picked is refused too.
+std::optional<std::string_view> ReplacementFor(Session& session, std::string_view name, bool isReplacement) {
+    if (!session.Automatic())
+        Tell(session, ScratchText("Skill ", name, " already at the max of 4. Select something else:"));
+    else if (isReplacement)
+        return std::nullopt;
+    return SelectReplacementSkill(session);
+}
+
+Verdict GainSkill(Session& session, Gain& gain, std::optional<ScratchText>& full_name) {
     if (gain.level > 0)
         if (const auto* const row = SpecialitiesOf(session.race, gain.name)) {
             ChooseSpeciality(session, *row);
@@ -153,29 +158,31 @@ void GainSkill(Session& session, Gain gain, GrantReason reason) {
             gain.name = full_name.emplace(gain.name, " (", session.choice.PickText, ")");
         }
     if (auto* const held = FindSkill(session.character, gain.name))
-        ImproveHeld(session, *held, gain, reason);
-    else
-        HoldNew(session, gain);
+        return ImproveHeld(session, *held, gain);
+    HoldNew(session, gain);
+    return Verdict::Granted;
+}
+
+// Carries out a text whose alternatives are resolved, and, while the cap refuses it, what replaces it.
+void GrantResolved(Session& session, std::string_view text) {
+    std::optional<std::string_view> next = text;
+    for (bool is_replacement = false; next; is_replacement = true) {
+        const Marks marks(*next);
+        if (marks.plus && RaiseCharacteristic(session, *next))
+            return;
+        auto gain = TakeApart(*next, marks);
+        std::optional<ScratchText> full_name;
+        const auto verdict = GainSkill(session, gain, full_name);
+        next = verdict == Verdict::Refused ? ReplacementFor(session, gain.name, is_replacement) : std::nullopt;
+    }
     session.seams.display->SkillsChanged();
     ShowSummary(session);
 }
 
-// Carries out a text whose alternatives are resolved.
-void GrantResolved(Session& session, std::string_view text, GrantReason reason) {
-    const Marks marks(text);
-    if (marks.plus && RaiseCharacteristic(session, text))
-        return;
-    GainSkill(session, TakeApart(text, marks), reason);
-}
-
 }  // namespace
 
-void GrantSkill(Session& session, std::string_view text, GrantReason reason) {
-    GrantResolved(session, ResolveAlternatives(session, text), reason);
-}
-
 void GrantSkill(Session& session, std::string_view text) {
-    GrantSkill(session, text, GrantReason::Gain);
+    GrantResolved(session, ResolveAlternatives(session, text));
 }
 
 void GrantSkillOf(Session& session, std::string_view& field) {
@@ -184,7 +191,7 @@ void GrantSkillOf(Session& session, std::string_view& field) {
         return;
     }
     field = ResolveOr(session, field);
-    GrantResolved(session, field, GrantReason::Gain);
+    GrantResolved(session, field);
 }
 
 }  // namespace korvane

@@ -23,9 +23,4 @@ void GrantSkill(Session& session, std::string_view text);
 // The same for a field of a record: where it holds " or ", the chosen side replaces it until its file is loaded again.
 void GrantSkillOf(Session& session, std::string_view& field);
 
-// How a grant came about: one that stands in for a raise that the cap refused ends, in automatic mode, when it is
-// refused too.
-enum class GrantReason { Gain, ReplacesRefused };
-void GrantSkill(Session& session, std::string_view text, GrantReason reason);
-
 }  // namespace korvane

@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "character/checks.h"
+#include "data/rule_row.h"
 #include "skills/grant.h"
 
 namespace korvane {
@@ -91,7 +92,9 @@ void RollSkillTableRow(Session& session, int column) {
     const auto rows = RowsOf(session, column);
     if (rows.empty())
         throw RuleError(RuleError::Kind::Subscript, Concat("there is no skill table number ", column));
-    GrantSkill(session, rows[static_cast<std::size_t>(Roll(session, 1, 6) - 1)]);
+    const auto row = rows[static_cast<std::size_t>(Roll(session, 1, 6) - 1)];
+    const auto& file = column == kAssignment ? session.assignment.source : session.career.source;
+    CarryOutRow(file, row, [&] { GrantSkill(session, row); });
 }
 
 }  // namespace korvane

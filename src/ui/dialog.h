@@ -19,7 +19,7 @@ class NeededDialog : public QDialog {
 
     explicit NeededDialog(QWidget* parent);
 
-    // Asks the player whether to scrap the character.
+    // Asks the player whether to scrap the character. Without it the dialog is simply left.
     std::function<bool()> mayScrap;
 
     void reject() override;

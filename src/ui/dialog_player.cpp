@@ -24,7 +24,8 @@ QStringList ToList(const Texts& texts) {
 
 }  // namespace
 
-DialogPlayer::DialogPlayer(const Session& session, QWidget& window) : session_(session), window_(window) {}
+DialogPlayer::DialogPlayer(const Session& session, QWidget& window, InputGuard& guard)
+    : session_(session), window_(window), guard_(guard) {}
 
 void DialogPlayer::Finish() {
     mayAbandon_ = false;
@@ -58,9 +59,9 @@ Dialog& DialogPlayer::Prepare(std::unique_ptr<Dialog>& dialog) {
 
 void DialogPlayer::RunNeeded(NeededDialog& dialog) {
     dialog.mayScrap = [this, &dialog] {
-        return AskYesNo(&dialog, Title(), {"Scrap this character?", {}, Icon::Question, false});
+        return AskYesNo(guard_, &dialog, Title(), {"Scrap this character?", {}, Icon::Question, false});
     };
-    if (RunModal(dialog) != QDialog::Accepted)
+    if (guard_.Run(dialog) != QDialog::Accepted)
         throw CharacterScrapped();
 }
 
@@ -84,6 +85,10 @@ QStringList DialogPlayer::HistoryTexts(std::size_t from) const {
 int DialogPlayer::Choose(const ChoiceQuestion& question) {
     auto& dialog = Prepare(choice_);
     dialog.SetQuestion(question);
+    if (question.mayLeave) {
+        dialog.mayScrap = {};
+        return guard_.Run(dialog) == QDialog::Accepted ? dialog.picked() : 0;
+    }
     RunNeeded(dialog);
     return dialog.picked();
 }
@@ -91,12 +96,12 @@ int DialogPlayer::Choose(const ChoiceQuestion& question) {
 std::vector<int> DialogPlayer::Select(const ListQuestion& question) {
     auto& dialog = Prepare(list_);
     dialog.SetQuestion(question);
-    return RunModal(dialog) == QDialog::Accepted ? dialog.Marked() : std::vector<int>();
+    return guard_.Run(dialog) == QDialog::Accepted ? dialog.Marked() : std::vector<int>();
 }
 
 bool DialogPlayer::Ask(const YesNoQuestion& question) {
     Announce();
-    const bool yes = AskYesNo(Front(), question.title.empty() ? Title() : ToQt(question.title), question);
+    const bool yes = AskYesNo(guard_, Front(), question.title.empty() ? Title() : ToQt(question.title), question);
     if (std::exchange(mayAbandon_, false) && yes)
         Finish();
     return yes;
@@ -104,7 +109,7 @@ bool DialogPlayer::Ask(const YesNoQuestion& question) {
 
 void DialogPlayer::Tell(const Notice& notice) {
     Announce();
-    ShowMessage(Front(), Title(), ToQt(notice.text), notice.icon);
+    ShowMessage(guard_, Front(), Title(), ToQt(notice.text), notice.icon);
 }
 
 int DialogPlayer::PickTable(const TableQuestion& question) {
@@ -172,7 +177,11 @@ MusterPress DialogPlayer::Muster(const MusterQuestion& question) {
     };
     dialog.show();
     dialog.activateWindow();
-    const bool answered = loop.exec() == 1;
+    bool answered = false;
+    {
+        const InputGuard::Asking asking(guard_, dialog);
+        answered = loop.exec() == 1;
+    }
     dialog.pressed = {};
     if (!answered)  // the program ends
         throw CharacterScrapped();

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "character/KVNDeclare.h"
+#include "ui/input_guard.h"
 #include "ui/kvn_end_term.h"
 #include "ui/kvn_muster.h"
 #include "ui/kvn_tables.h"
@@ -19,7 +20,7 @@ namespace korvane::ui {
 class DialogPlayer : public Player {
   public:
     // The dialogs belong to `window`; `session` tells what they show beside their question and is never changed.
-    DialogPlayer(const Session& session, QWidget& window);
+    DialogPlayer(const Session& session, QWidget& window, InputGuard& guard);
 
     // Called before a dialog is shown, so that the window behind it shows what has happened.
     std::function<void()> beforeDialog;
@@ -54,6 +55,7 @@ class DialogPlayer : public Player {
 
     const Session& session_;
     QWidget& window_;
+    InputGuard& guard_;
     std::unique_ptr<KVNMuster> muster_;  // before those that may become its children
     std::unique_ptr<SPICKBOX> choice_;
     std::unique_ptr<SLIST1> list_;

@@ -16,8 +16,8 @@ constexpr std::array kOrder = {
     Option::AutomaticGeneration,
 };
 // In the order of their answers.
-constexpr std::array kCaptions = {"Re-Enlist", "Transfer && Re-Enlist", "Muster Out", "Scrap and Restart"};
-constexpr std::array kNames = {"reEnlist", "transfer", "musterOut", "scrap"};
+constexpr std::array kAnswerCaptions = {"Re-Enlist", "Transfer && Re-Enlist", "Muster Out", "Scrap and Restart"};
+constexpr std::array kAnswerNames = {"reEnlist", "transfer", "musterOut", "scrap"};
 
 void Show(CopyList& list, const QStringList& lines) {
     list.clear();
@@ -41,8 +41,8 @@ KVNEndTerm::KVNEndTerm(QWidget* parent)
     font.setBold(true);
     heading_.setFont(font);
     for (std::size_t i = 0; i < buttons_.size(); ++i) {
-        buttons_.at(i).setText(kCaptions.at(i));
-        buttons_.at(i).setObjectName(kNames.at(i));
+        buttons_.at(i).setText(kAnswerCaptions.at(i));
+        buttons_.at(i).setObjectName(kAnswerNames.at(i));
         buttons_.at(i).setToolTip(tr("Key %1").arg(i + 1));
         connect(&buttons_.at(i), &QPushButton::clicked, this, [this, i] {
             choice_ = static_cast<EndOfTermChoice>(i + 1);

@@ -34,6 +34,7 @@ KVNMuster::KVNMuster(QWidget* parent)
     setObjectName("KVNMuster");
     setModal(true);
     rolls_.setObjectName("rolls");
+    rolls_.setTextFormat(Qt::PlainText);
     bonuses_.setObjectName("bonuses");
     gambler_.setObjectName("gambler");
     for (std::size_t i = 0; i < buttons_.size(); ++i) {

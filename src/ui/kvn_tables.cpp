@@ -10,6 +10,7 @@ KVNTables::KVNTables(QWidget* parent)
     : NeededDialog(parent), heldLabel_(tr("Currently Held")), held_("held", tr("Currently Held")) {
     setObjectName("KVNTables");
     instruction_.setObjectName("instruction");
+    instruction_.setTextFormat(Qt::PlainText);
     heldLabel_.setBuddy(&held_);
     auto* const grid = new QGridLayout(this);
     for (int number = 1; number <= kColumns; ++number) {

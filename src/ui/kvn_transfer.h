@@ -1,12 +1,12 @@
 // The next career, or the end of all careers.
 #pragma once
 
-#include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
 #include <functional>
 
 #include "character/player.h"
+#include "ui/choice_combo.h"
 #include "ui/dialog.h"
 
 namespace korvane::ui {
@@ -32,8 +32,8 @@ class KVNTransfer : public NeededDialog {
     QLabel notice_;
     QLabel careerLabel_;
     QLabel assignmentLabel_;
-    QComboBox career_;
-    QComboBox assignment_;
+    ChoiceCombo career_;
+    ChoiceCombo assignment_;
     QPushButton accept_;
     QPushButton endCareer_;
     bool ended_ = false;

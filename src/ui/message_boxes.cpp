@@ -23,31 +23,27 @@ QMessageBox::Icon IconOf(Icon icon) {
 
 }  // namespace
 
-int RunModal(QDialog& dialog) {
-    return dialog.exec();
-}
-
-void ShowMessage(QWidget* parent, const QString& title, const QString& text, Icon icon) {
+void ShowMessage(InputGuard& guard, QWidget* parent, const QString& title, const QString& text, Icon icon) {
     QMessageBox box(IconOf(icon), title, text, QMessageBox::Ok, parent);
     box.setTextFormat(Qt::PlainText);
-    RunModal(box);
+    guard.Run(box);
 }
 
-bool AskYesNo(QWidget* parent, const QString& title, const YesNoQuestion& question) {
+bool AskYesNo(InputGuard& guard, QWidget* parent, const QString& title, const YesNoQuestion& question) {
     QMessageBox box(IconOf(question.icon), title, ToQt(question.text), QMessageBox::Yes | QMessageBox::No, parent);
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(question.defaultYes ? QMessageBox::Yes : QMessageBox::No);
-    return RunModal(box) == QMessageBox::Yes;
+    return guard.Run(box) == QMessageBox::Yes;
 }
 
-void ShowError(QWidget* parent, const QString& title, const QString& text, const QString& advice,
+void ShowError(InputGuard& guard, QWidget* parent, const QString& title, const QString& text, const QString& advice,
                const QString& record) {
     QMessageBox box(QMessageBox::Critical, title, text, QMessageBox::Ok, parent);
     box.setTextFormat(Qt::PlainText);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     box.setInformativeText(advice);
     box.setDetailedText(record);
-    RunModal(box);
+    guard.Run(box);
 }
 
 }  // namespace korvane::ui

@@ -49,6 +49,7 @@ SLIST1::SLIST1(QWidget* parent)
     setModal(true);
     prompt_.setObjectName("prompt");
     prompt_.setWordWrap(true);
+    prompt_.setTextFormat(Qt::PlainText);
     count_.setObjectName("count");
     list_.setObjectName("items");
     list_.setSelectionMode(QAbstractItemView::MultiSelection);

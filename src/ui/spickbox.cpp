@@ -23,6 +23,7 @@ SPICKBOX::SPICKBOX(QWidget* parent) : NeededDialog(parent), title_(this) {
     setObjectName("SPICKBOX");
     title_.setObjectName("title");
     title_.setAlignment(Qt::AlignCenter);
+    title_.setTextFormat(Qt::PlainText);
 }
 
 void SPICKBOX::AddButton() {
@@ -69,7 +70,7 @@ void SPICKBOX::Place(int longest) {
         std::max(FromTwips(*this, kWidthPerCharacter * longest + kDialogMargin) + button_width - told, title_width);
     // Two dozen rows may be more than a small screen has.
     const int room = screen()->availableGeometry().height() * 9 / 10;
-    const int height = std::min(FromTwips(*this, kRowHeight) * (shown_ + 1), room);
+    const int height = std::min(FromTwips(*this, kRowHeight * (shown_ + 1)), room);
     setFixedSize(width, height);
 
     const int title_height = fontMetrics().height() + margin / 2;

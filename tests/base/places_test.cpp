@@ -1,13 +1,16 @@
 // The file boundary: names found in any case, text files read, files replaced whole, the environment.
 
-#include "base/places.h"
+#include "base/files.h"
 
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "base/encoding.h"
+#include "base/environment.h"
 #include "base/error.h"
 #include "support/environment.h"
 #include "support/temp_folder.h"
@@ -28,9 +31,9 @@ TEST(Places, NamesAreFoundInAnyCaseAndWithEitherSeparator) {
     EXPECT_EQ(NativePath(folder.held() + R"(rules\New.txt)"), folder.path() / "Rules/New.txt");
     EXPECT_FALSE(FileExists(folder.held() + R"(Rules\Old)")) << "a folder is no file";
     const auto other = folder.Write("Rules/Old/IMPERIAL HUMAN.eri", "");
-    EXPECT_TRUE(NativePath(HeldPath(file)) == file && NativePath(HeldPath(other)) == other) << "exact";
-    EXPECT_EQ(EnsureTrailingBackslash(R"(C:\Data)"), EnsureTrailingBackslash(R"(C:\Data\)"));
-    EXPECT_EQ(EnsureTrailingBackslash(""), R"(\)");
+    EXPECT_TRUE(NativePath(Held(file)) == file && NativePath(Held(other)) == other) << "exact";
+    EXPECT_EQ(EnsureTrailingBackslash(HeldPath("C:/Data")), EnsureTrailingBackslash(HeldPath(R"(C:\Data\)")));
+    EXPECT_EQ(EnsureTrailingBackslash(HeldPath()).text(), R"(\)");
 }
 
 TEST(Places, TextFilesAreReadInEitherEncodingWithEitherLineEnd) {
@@ -45,7 +48,11 @@ TEST(Places, TextFilesAreReadInEitherEncodingWithEitherLineEnd) {
     // clang-format on
     for (const auto& [bytes, lines] : cases) {
         folder.Write("Some.txt", bytes);
-        EXPECT_EQ(ReadTextFile(folder.held() + "SOME.TXT", "a text").lines, lines) << testing::PrintToString(lines);
+        const auto file = ReadTextFile(folder.held() + "SOME.TXT", "a text");
+        Names read;
+        for (int i = 1; i <= file.lines(); ++i)
+            read.emplace_back(file.line(i));
+        EXPECT_EQ(read, lines) << testing::PrintToString(lines);
     }
 }
 
@@ -98,11 +105,61 @@ TEST(Places, EnvironmentEntryIsTheFirstThatBeginsWithTheName) {
     EXPECT_EQ(InEnvironment(entries, [] { return GetEnvironmentValue("After"); }), "") << "an empty entry is the end";
 }
 
-TEST(Places, ConfigurationFolderIsTheWindowsFolderElseTheUsers) {
-    EXPECT_EQ(InEnvironment({"HOME=/h", "XDG_CONFIG_HOME=/x", "windir=C:\\W"}, ConfigurationFolder), R"(C:\W\)");
-    EXPECT_EQ(InEnvironment({"WINDIR=/mnt/win/"}, ConfigurationFolder), R"(\mnt\win\)");
-    EXPECT_EQ(InEnvironment({"WINDIR=", "HOME=/h", "XDG_CONFIG_HOME=/x"}, ConfigurationFolder), R"(\x\korvane\)");
-    EXPECT_EQ(InEnvironment({"HOMEPAGE=/no", "HOME=/h"}, ConfigurationFolder), R"(\h\.config\korvane\)");
+TEST(Places, OnlyFilesOfBoundedSizeAreRead) {
+    const TempFolder folder;
+    const auto pipe = folder.path() / "pipe.eri";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_THROW(ReadBytes(pipe, "a text"), IoError) << "and doesn't wait for a writer";
+    EXPECT_THROW(LineFile(pipe, Sync::Later), IoError);
+    EXPECT_THROW(ReadBytes(folder.path(), "a text"), IoError);
+    EXPECT_EQ(ReadBytes(folder.Write("four", "1234"), "a text", 4), "1234");
+    EXPECT_THROW(ReadBytes(folder.Write("five", "12345"), "a text", 4), IoError);
+}
+
+TEST(Places, ReplacingFollowsLinksKeepsPermissionsAndSweepsBehindTheDead) {
+    const TempFolder folder;
+    const auto page = folder.Write("pages/Jo.htm", "old");
+    std::filesystem::permissions(page, std::filesystem::perms(0640));
+    std::filesystem::create_symlink("pages/Jo.htm", folder.path() / "link");
+    folder.Write("pages/.korvane-999999999-1.new", "half of it");
+    ReplaceFile(folder.path() / "link", "new");
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.path() / "link"));
+    EXPECT_EQ(folder.Read("pages/Jo.htm"), "new");
+    EXPECT_EQ(std::filesystem::status(page).permissions(), std::filesystem::perms(0640));
+    EXPECT_EQ(ListFiles(folder.held() + "pages"), Names{"Jo.htm"});
+
+    std::filesystem::create_symlink("nowhere/Jo.htm", folder.path() / "dangling");
+    try {
+        ReplaceFile(folder.path() / "dangling", "new");
+        ADD_FAILURE() << "there is no such folder";
+    } catch (const IoError& error) {
+        EXPECT_EQ(error.what(), (folder.path() / "dangling").string() + ": can't be written: No such file or directory");
+    }
+    ReplaceFile(folder.path() / (std::string(251, 'n') + ".htm"), "a name as long as the system takes");
+}
+
+TEST(Places, LinesAreInTheFileAtOnceAndNoFileIsOverwritten) {
+    const TempFolder folder;
+    LineFile journal(folder.path() / "deep/life.jsonl", Sync::Now);
+    journal.Write("rolled away");
+    journal.Clear();
+    journal.Write("one");
+    EXPECT_EQ(folder.Read("deep/life.jsonl"), "one\n");
+    EXPECT_THROW(LineFile(journal.path(), Sync::Now), IoError);
+    EXPECT_EQ(folder.Read("deep/life.jsonl"), "one\n");
+}
+
+TEST(Errors, ShowWhatWasFoundInBoundsAndAsItIs) {
+    EXPECT_EQ(Quoted("a\tb\x1B[2J\xFF é \u0085"), R"("a\tb\x1B[2J\xFF é \xC2\x85")");
+    EXPECT_EQ(Quoted(std::string(100, 'x')), "\"" + std::string(80, 'x') + "...\"");
+    const ParseError parse("a\nb.ecf", 7, "a number", Quoted("1\n2"));
+    EXPECT_STREQ(parse.what(), R"(a\nb.ecf:7: expected a number, found "1\n2")");
+    RuleError rule(RuleError::Kind::Type, "no number");
+    rule.AddPlace("x.ecf", 0, "unknown line");
+    EXPECT_STREQ(rule.what(), "no number");
+    rule.AddPlace("x.ecf", 3, "Admin-x");
+    rule.AddPlace("y.ecf", 4, "outside");
+    EXPECT_STREQ(rule.what(), R"(no number (x.ecf:3: "Admin-x"))");
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <set>
 
-#include "base/places.h"
+#include "base/files.h"
 #include "support/temp_folder.h"
 #include "support/world.h"
 

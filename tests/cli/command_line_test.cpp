@@ -111,14 +111,14 @@ TEST(CommandLine, MissingAssignmentFileIsNamed) {
     std::filesystem::remove(data.folder.path() / "Imperial Human-Army-Infantry.eas");
     const auto one = data.Generate({"--career", "Army", "--assignment", "Infantry"});
     EXPECT_EQ(one.status, 1);
-    EXPECT_NE(one.err.find("Imperial Human-Army-Infantry.eas:1: "), std::string::npos) << one.err;
+    EXPECT_NE(one.err.find("Imperial Human-Army-Infantry.eas: no such file"), std::string::npos) << one.err;
     EXPECT_NE(one.err.find("Cavalry"), std::string::npos) << one.err;
     for (const auto& entry : std::filesystem::directory_iterator(data.folder.path()))
         if (entry.path().filename().string().starts_with("Imperial Human-Army-"))
             std::filesystem::remove(entry.path());
     const auto none = data.Generate({"--career", "Army"});
     EXPECT_EQ(none.status, 1);
-    EXPECT_NE(none.err.find("Imperial Human-Army-*.eas:1: "), std::string::npos) << none.err;
+    EXPECT_NE(none.err.find("Imperial Human-Army-*.eas: can't be read"), std::string::npos) << none.err;
 }
 
 TEST(CommandLine, PlayFailsWhenTheInputEnds) {
@@ -202,6 +202,40 @@ TEST(CommandLine, PlayedLifeReplaysToTheSameCharacter) {
     EXPECT_EQ(replayed.status, 0) << replayed.err;
     ASSERT_FALSE(replayed.out.empty());
     EXPECT_TRUE(screen.str().ends_with("\n" + replayed.out)) << screen.str();
+}
+
+TEST(CommandLine, PlayKeepsEachAnswerAtOnceAndNeedsAJournalThatCanBeKept) {
+    const test::TempFolder folder;
+    const auto file = folder.Write("file", "something");
+    const auto play = [&](const std::string& journal, const std::string& input) {
+        return RunCli({"play", "--data", KORVANE_RULES, "--career", "Army", "--assignment", "Infantry", "--race",
+                       "Imperial Human", "--journal", journal},
+                      input);
+    };
+    EXPECT_EQ(play((file / "x.jsonl").string(), "1\n").out, "") << "before the first question";
+    EXPECT_NE(play(file.string(), "1\n").err.find("holds something already"), std::string::npos);
+    play((folder.path() / "life.jsonl").string(), "2\n1\n");
+    const auto lines = LinesOf(folder.Read("life.jsonl"));
+    EXPECT_GT(lines.size(), 10U) << "the input ended, its lines are there";
+    EXPECT_EQ(std::ranges::count_if(lines, [](const auto& line) { return line.starts_with("{\"journal\""); }), 1)
+        << "what was rolled away isn't";
+}
+
+TEST(CommandLine, NumbersAndEmptyValuesAreTakenAtTheirWord) {
+    const auto fails = [](const std::vector<std::string>& arguments, const std::string& sentence) {
+        const auto outcome = RunCli(arguments);
+        EXPECT_EQ(outcome.status, 1) << arguments.back();
+        EXPECT_NE(outcome.err.find(sentence), std::string::npos) << outcome.err;
+    };
+    fails({"codes", "--count", "-1"}, "is not a whole number from 0 to 1000000000");
+    fails({"generate", "--seed", "18446744073709551616"}, "to 18446744073709551615");
+    fails({"generate", "--count=0"}, "\"0\" is not a whole number from 1 to");
+    fails({"generate", "--name=", "--pdf"}, "go with \"--format html\" alone");
+    const test::TempFolder folder;
+    const auto named = RunCli({"generate", "--data", KORVANE_RULES, "--seed", "7", "--format", "html", "--out",
+                               folder.path().string(), "--name=", "--terms", "1"});
+    EXPECT_EQ(named.status, 0) << named.err;
+    EXPECT_TRUE(std::filesystem::exists(folder.path() / ".htm")) << "a name without letters, not \"--terms\"";
 }
 
 }  // namespace

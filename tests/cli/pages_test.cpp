@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
-#include "base/places.h"
+#include "base/files.h"
 #include "base/text.h"
 #include "cli/run_cli.h"
 #include "support/environment.h"
@@ -25,7 +25,7 @@ class Pages : public ::testing::Test {
         arguments.insert(arguments.end(), more.begin(), more.end());
         return RunCli(arguments);
     }
-    Files FilesIn(const std::string& name) const { return ListFiles(HeldPath(folder.path() / name)); }
+    Files FilesIn(const std::string& name) const { return ListFiles(Held(folder.path() / name)); }
     bool Holds(const std::string& file, const std::string& text) const {
         return folder.Read(file).find(text) != std::string::npos;
     }
@@ -95,7 +95,7 @@ TEST_F(Pages, TemplatesAreFoundInTheDataFolderOrByTheirPath) {
     EXPECT_EQ(unknown.status, 1);
     EXPECT_NE(unknown.err.find("unknown template \"other.htm\""), std::string::npos) << unknown.err;
     EXPECT_NE(unknown.err.find("template-mine.htm"), std::string::npos) << unknown.err;
-    EXPECT_NE(generate({"--template", "./other.htm"}).err.find("other.htm:1: expected a template"), std::string::npos);
+    EXPECT_NE(generate({"--template", "./other.htm"}).err.find("other.htm: can't be read as a template"), std::string::npos);
 }
 
 TEST_F(Pages, OptionsThatDoNotGoTogetherAreErrors) {

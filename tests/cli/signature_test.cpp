@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <gtest/gtest.h>
 
-#include "base/places.h"
+#include "base/files.h"
 #include "cli/lives.h"
 #include "output/character_document.h"
 

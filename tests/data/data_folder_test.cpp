@@ -8,6 +8,7 @@
 #include <set>
 
 #include "base/error.h"
+#include "base/files.h"
 #include "base/text.h"
 #include "data/master_skills.h"
 #include "support/temp_folder.h"
@@ -26,7 +27,7 @@ TEST(DataFolder, ListsNamesInTheOrderOfTheirFiles) {
           "Elf Lord-Monk.ecf", "Elf Army.ecf", "Elf-Army-Support.eas", "Elf-Army-Close-In-Support.eas",
           "ELF-ARMY-Scout.eas", "Elf-Army Reserve-Cook.eas"})
         folder.Write(name, "");
-    DataFolder data(folder.path().string());
+    DataFolder data(Held(folder.path()));
     EXPECT_EQ(*data.RaceNames(), (Names{"Elf Lord", "Elf", "dwarf"}));
     EXPECT_EQ(*data.CareerNames("Elf"), (Names{"Army Reserve", "Army", "Bard"}));
     EXPECT_EQ(*data.CareerNames("Elf Lord"), Names{"Monk"});

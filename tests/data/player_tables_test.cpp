@@ -28,7 +28,7 @@ const std::string kWorlds =
     "Table Tech level\n2 to 12: high\n";
 
 std::shared_ptr<const TextFile> FileOf(const std::string& text) {
-    return std::make_shared<const TextFile>(TextFile{"Some.dat", test::LinesOf(text)});
+    return std::make_shared<const TextFile>("Some.dat", text);
 }
 
 // What the reader says of a text in which one part is replaced: after the file's name, or "accepted".

@@ -6,7 +6,6 @@
 #include "base/error.h"
 #include "base/text.h"
 #include "data/record_files.h"
-#include "support/temp_folder.h"
 
 namespace korvane {
 namespace {
@@ -19,8 +18,7 @@ std::shared_ptr<const TextFile> FileOf(int lines, const Edits& edits = {}) {
     std::string bytes;
     for (int i = 1; i <= lines; ++i)
         bytes += edits.contains(i) ? Concat(edits.at(i), "\r\n") : Concat(i, "\r\n");
-    const test::TempFolder folder;
-    return std::make_shared<const TextFile>(ReadTextFile(HeldPath(folder.Write("Some.txt", bytes)), "a file"));
+    return std::make_shared<const TextFile>("Some.txt", bytes);
 }
 // A race whose lists are as long as they may be.
 std::shared_ptr<const TextFile> RaceFile(Edits edits = {}, int lines = 201) {
@@ -38,7 +36,7 @@ std::string Complaint(const Reader& read, const std::shared_ptr<const TextFile>&
         read(file);
         return "accepted";
     } catch (const FileError& error) {
-        return std::string(error.what()).substr(file->name.size());
+        return std::string(error.what()).substr(file->name().size());
     }
 }
 

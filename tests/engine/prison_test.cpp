@@ -10,7 +10,7 @@ namespace korvane {
 namespace {
 
 using test::Rolled;
-constexpr test::Die kQuiet{2, 6, 7}, kSurvive{2, 6, 12};
+constexpr test::Die kQuietPrison{2, 6, 7}, kEndurePrison{2, 6, 12};
 
 // Plain tables in every career. The army pays 4500 a roll, prison 1.
 class Prison : public test::World, public Display {
@@ -74,20 +74,20 @@ TEST_F(Prison, HoldsUntilTheParoleRollOrAnEscape) {
     Hold("Stealth", 1);
     player.ExpectChoice("Select Pre-Career Education", "Enlist Immediately/University", 1);
     dice.Expect({Rolled(2, 6, 12)});
-    ExpectTerm({kSurvive, Rolled(2, 6, 8)});
+    ExpectTerm({kEndurePrison, Rolled(2, 6, 8)});
     ExpectArrest(2, 8);
     dice.Expect({Rolled(2, 6, 8)});
     player.ExpectTell("Parole roll failed. You remain in prison");
-    ExpectTerm({kSurvive, kQuiet, Rolled(2, 6, 9)});
+    ExpectTerm({kEndurePrison, kQuietPrison, Rolled(2, 6, 9)});
     player.ExpectTell("Released from prison").ExpectTransfer("Navy", "Flight");
     player.ExpectEndOfTerm(EndOfTermChoice::ReEnlist);
     // A mishap; the term goes on in prison.
     ExpectTerm({Rolled(2, 6, 2), Rolled(1, 6, 1)});
     ExpectArrest(1, 9);
-    dice.Expect({kQuiet, Rolled(2, 6, 9)});
+    dice.Expect({kQuietPrison, Rolled(2, 6, 9)});
     player.ExpectTell("Parole roll failed. You remain in prison");
     // After an escape the prisoner is promoted like anyone.
-    ExpectTerm({kSurvive, Rolled(2, 6, 6), Rolled(2, 6, 9), Rolled(2, 6, 12)});
+    ExpectTerm({kEndurePrison, Rolled(2, 6, 6), Rolled(2, 6, 9), Rolled(2, 6, 12)});
     player.ExpectTell("You have the opportunity to escape the prison. Do you try?");
     player.ExpectEndOfTerm(EndOfTermChoice::Scrap);
     EXPECT_EQ(RunLife(session), LifeEnd::Scrapped);

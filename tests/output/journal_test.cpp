@@ -32,9 +32,11 @@ using test::Rolled;
 const std::string kHeader =
     R"({"journal":1,"race":"Imperial Human","career":"Army","assignment":"Infantry","method":"True 2D ","options":[]})";
 
-Replayer ReplayerOf(std::vector<std::string> lines) {
-    lines.insert(lines.begin(), kHeader);
-    return Replayer(TextFile{"life.jsonl", std::move(lines)});
+Replayer ReplayerOf(const std::vector<std::string>& lines) {
+    auto text = kHeader;
+    for (const auto& line : lines)
+        text += "\n" + line;
+    return {"life.jsonl", text};
 }
 
 // A world whose dice and player are recorded.
@@ -46,7 +48,7 @@ class Journal : public test::World {
     }
 
     std::ostringstream text;
-    Recorder recorder{text, dice, player};
+    Recorder recorder{[this](std::string_view line) { text << line << '\n'; }, dice, player};
 };
 
 TEST_F(Journal, EveryKindOfRequestIsALine) {
@@ -115,14 +117,14 @@ TEST(Replay, HeaderMustBeKnown) {
     EXPECT_EQ(replayer.start().method, RollingMethod::True2D);
     const auto rejects = [](std::string header, const std::string& part, const std::string& other) {
         header.replace(header.find(part), part.size(), other);
-        EXPECT_THROW(Replayer(TextFile{"life.jsonl", {header}}), FileError) << header;
+        EXPECT_THROW(Replayer("life.jsonl", header), FileError) << header;
     };
     rejects(kHeader, "\"journal\":1", "\"journal\":2");
     rejects(kHeader, "True 2D ", "True 3D ");
     rejects(kHeader, "[]", "[\"Fly\"]");
     rejects(kHeader, "\"race\"", "\"rice\"");
-    EXPECT_THROW(Replayer(TextFile{"life.jsonl", {}}), FileError);
-    EXPECT_THROW(Replayer(TextFile{"life.jsonl", {"not JSON"}}), FileError);
+    EXPECT_THROW(Replayer("life.jsonl", ""), FileError);
+    EXPECT_THROW(Replayer("life.jsonl", "not JSON"), FileError);
 }
 
 TEST(Replay, OtherRequestDivergesWithItsLine) {
@@ -216,10 +218,11 @@ cli::LifePlan AnyPlan(RandomStream& picks) {
 
 // Records a life and lives its journal again. Returns whether it was mustered out.
 bool RecordAndReplay(Session& session, const cli::LifePlan& plan, std::uint64_t number) {
-    std::ostringstream text;
-    const auto outcome = cli::Live(session, plan, number, &text);
+    std::string text;
+    const auto outcome =
+        cli::Live(session, plan, number, [&text](std::string_view line) { AppendAll(text, line, "\n"); });
     const auto document = CharacterDocument(session);
-    Replayer replayer(TextFile{"life.jsonl", LinesOf(text.str())});
+    Replayer replayer("life.jsonl", text);
     session.method = replayer.start().method;
     session.options = replayer.start().options;
     SelectStart(session, replayer.start().race, replayer.start().career, replayer.start().assignment);
@@ -235,7 +238,7 @@ bool RecordAndReplay(Session& session, const cli::LifePlan& plan, std::uint64_t 
     return outcome.end == LifeEnd::MusteredOut;
 }
 
-void RecordAndReplayAThousand(const std::string& location) {
+void RecordAndReplayAThousand(const HeldPath& location) {
     Display display;
     Session session(DataFolder(location, DataFolder::Reading::Once), {nullptr, nullptr, &display});
     RandomStream picks(2026);
@@ -253,6 +256,23 @@ TEST(Replay, SoDoAThousandOnDataThatHoldsEveryCode) {
     const test::TempFolder folder;
     cli::WriteEveryCodeData(KORVANE_RULES, folder.path().string());
     RecordAndReplayAThousand(folder.held());
+}
+
+TEST(Replay, HostileLinesAreErrorsOfBoundedLength) {
+    const auto told = [](const std::string& line) -> std::string {
+        try {
+            ReplayerOf({line}).Roll(1, 6);
+        } catch (const FileError& error) {
+            return error.what();
+        }
+        return "accepted";
+    };
+    EXPECT_EQ(told("{\"roll\":" + std::string(100000, '[')).substr(0, 62),
+              "life.jsonl:2: expected a JSON object whose brackets stand at m");
+    for (const auto& line : {"{\"roll\":" + std::string(100000, '['), std::string(3'000'000, 'x'), "\"\\" + std::string(99999, '{'),
+                             "{\"roll\":[1,6],\"result\":\"" + std::string(500000, 'y') + "\"}", std::string("{\xFF\x1B")})
+        EXPECT_LT(told(line).size(), 300U);
+    EXPECT_EQ(told(R"({"roll":[1,6],"result":3,"free":"[[[[[[[[[[[[[[[[[[[[[[[[\"[[[["})"), "accepted") << "texts nest nothing";
 }
 
 }  // namespace

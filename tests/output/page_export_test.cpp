@@ -170,5 +170,16 @@ TEST(Templates, AreListedByTheirPattern) {
     EXPECT_EQ(TemplateNames(folder.held()), (Names{"Template-b.HTM", "template-a.htm", "template.htm"}));
 }
 
+TEST_F(PageExport, AnAsciiTemplateSaysItsEncodingInItsMetaElement) {
+    const auto page = [&](const std::string& head) { return Exported(head + "|NAME|", "Zo\u00EB").substr(head.size()); };
+    for (const auto* const western :
+         {R"(<meta charset="windows-1252">)", "<META CHARSET = 'Latin1' >", "<meta charset=us-ascii>",
+          R"(<!-- <meta charset="utf-8"> --><meta http-equiv=content-type content="text/html; charset=ISO-8859-1">)"})
+        EXPECT_EQ(page(western), "Zo\xEB") << western;
+    for (const auto* const utf8 : {"", R"(<meta charset="utf-8">)", "<!-- charset=windows-1252 -->",
+                                   "<meta name=charset content=x><p>charset=windows-1252"})
+        EXPECT_EQ(page(utf8), "Zo\u00EB") << utf8;
+}
+
 }  // namespace
 }  // namespace korvane

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <set>
 
-#include "base/places.h"
+#include "base/files.h"
 #include "base/text.h"
 #include "character/characteristics.h"
 #include "cli/players.h"
@@ -15,7 +15,7 @@
 namespace korvane {
 namespace {
 
-const std::string kRules = HeldPath(KORVANE_RULES) + "\\";
+const HeldPath kRules = EnsureTrailingBackslash(HeldPath(KORVANE_RULES));
 
 // The tags of a line: bars around capitals and digits, with a "*" perhaps.
 std::set<std::string> TagsOf(std::string_view line) {

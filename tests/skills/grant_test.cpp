@@ -2,6 +2,7 @@
 
 #include "skills/grant.h"
 
+#include "data/rule_row.h"
 #include "support/world.h"
 
 namespace korvane {
@@ -138,6 +139,44 @@ TEST_F(Grants, SideThatAFieldKeepsIsGrantedWithoutASecondQuestion) {
     GrantSkillOf(session, field);
     GrantSkillOf(session, slashes);
     EXPECT_EQ(History(), (Lines{"B or C-1", "B/C-1"}));
+}
+
+// Somebody who wants what the cap refuses, again and again.
+class Stubborn : public test::ScriptedPlayer {
+  public:
+    std::vector<int> Select(const ListQuestion& /*question*/) override {
+        return ++asked_ < 200000 ? std::vector<int>{1} : std::vector<int>();
+    }
+    void Tell(const Notice& /*notice*/) override {}
+
+  private:
+    int asked_ = 0;
+};
+
+TEST_F(Grants, ARefusedRaiseMayBeRepeatedWithoutEnd) {
+    Stubborn stubborn;
+    session.seams.player = &stubborn;
+    Tick(Option::CapSkillsAt4);
+    Hold("Admin", 4);
+    GrantSkill(session, "Admin");
+    EXPECT_EQ(LevelOf("Admin"), 4);
+}
+
+TEST_F(Grants, ErrorsNameTheRowOfTheFile) {
+    const auto error_of = [&](const std::function<void()>& rule) {
+        try {
+            rule();
+        } catch (const RuleError& error) {
+            return std::string(error.what());
+        }
+        return std::string("none");
+    };
+    const auto told = error_of([&] {
+        const auto row = session.career.serviceTable[2];
+        CarryOutRow(session.career.source, row, [&] { GrantSkill(session, Concat(row, "-x")); });
+    });
+    const auto row = Concat("\"", session.career.serviceTable[2], "\"");
+    EXPECT_EQ(told, Concat("\"x\" is not a whole number (", KORVANE_RULES, "/Imperial Human-Army.ecf:29: ", row, ")"));
 }
 
 }  // namespace

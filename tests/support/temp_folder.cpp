@@ -5,7 +5,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "base/places.h"
+#include "base/files.h"
 
 namespace korvane::test {
 
@@ -31,8 +31,8 @@ TempFolder::~TempFolder() {
     fs::remove_all(path_, error);
 }
 
-std::string TempFolder::held() const {
-    return EnsureTrailingBackslash(HeldPath(path_));
+HeldPath TempFolder::held() const {
+    return EnsureTrailingBackslash(Held(path_));
 }
 
 fs::path TempFolder::Write(const std::string& name, std::string_view bytes) const {

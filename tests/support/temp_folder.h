@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/paths.h"
+
 namespace korvane::test {
 
 // The lines of a text, without their ends.
@@ -20,7 +22,7 @@ class TempFolder {
 
     const std::filesystem::path& path() const { return path_; }
     // The folder as paths are held, ending in "\".
-    std::string held() const;
+    HeldPath held() const;
     // Writes the bytes to a file of the folder. Returns its native path.
     std::filesystem::path Write(const std::string& name, std::string_view bytes) const;
     std::string Read(const std::string& name) const;

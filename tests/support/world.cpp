@@ -1,6 +1,6 @@
 #include "support/world.h"
 
-#include "base/places.h"
+#include "base/files.h"
 #include "engine/selection.h"
 
 namespace korvane::test {

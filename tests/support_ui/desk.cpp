@@ -2,7 +2,7 @@
 
 namespace korvane::test {
 
-Desk::Desk(const std::string& data) : session(DataFolder(data), {}), window(session) {
+Desk::Desk(const HeldPath& data) : session(DataFolder(data), {}), window(session, guard) {
     session.seams = {&dice, &window.player(), &window};
     session.programTitle = "Korvane on trial";
     window.Load();

@@ -11,8 +11,7 @@ namespace korvane::test {
 
 class Desk {
   public:
-    // `data` is the held path of the rules.
-    explicit Desk(const std::string& data);
+    explicit Desk(const HeldPath& data);
 
     // The widget of that name in the window itself, not in one of its dialogs.
     template <typename Widget>
@@ -26,6 +25,7 @@ class Desk {
 
     SeededDice dice{1, 1};
     Session session;
+    ui::InputGuard guard;
     KVNGen window;
 };
 

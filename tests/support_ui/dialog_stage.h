@@ -15,9 +15,10 @@ class DialogStage : public ::testing::Test {
   protected:
     DialogStage();
 
-    Session session{DataFolder(""), {}};
+    Session session{DataFolder(HeldPath("")), {}};
     QWidget window;
-    ui::DialogPlayer player{session, window};
+    ui::InputGuard guard;
+    ui::DialogPlayer player{session, window, guard};
     Robot robot;
 };
 

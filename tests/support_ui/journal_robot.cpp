@@ -46,10 +46,12 @@ const std::map<std::string, std::string> kDialogs = {
 
 }  // namespace
 
-TextFile DiceOf(const std::vector<std::string>& journal) {
-    TextFile dice{"dice", {journal.front()}};
+std::string DiceOf(const std::vector<std::string>& journal) {
+    auto dice = journal.front() + "\n";
     for (int i = 0; i < 2; ++i)
-        std::ranges::copy_if(journal, std::back_inserter(dice.lines), IsDice);
+        for (const auto& line : journal)
+            if (IsDice(line))
+                dice += line + "\n";
     return dice;
 }
 

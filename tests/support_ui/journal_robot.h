@@ -46,8 +46,8 @@ class JournalRobot : public Robot {
     std::set<std::string> kinds_;
 };
 
-// A journal of the dice alone, for a replayer that only rolls. They come twice, as the first of them roll the next
+// The text of a journal of the dice alone, for a replayer that only rolls. They come twice, as the first of them roll the next
 // character too.
-TextFile DiceOf(const std::vector<std::string>& journal);
+std::string DiceOf(const std::vector<std::string>& journal);
 
 }  // namespace korvane::test

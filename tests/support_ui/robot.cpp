@@ -52,10 +52,16 @@ void RealClick(QWidget& widget, QPoint place, bool twice) {
     }
     auto* const window = widget.window();
     const auto there = widget.mapTo(window, place);
-    if (twice)
-        QTest::mouseDClick(window->windowHandle(), Qt::LeftButton, {}, there);
-    else
+    if (!twice) {
         QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, there);
+        return;
+    }
+    // There are double clicks only where they may take their time; as long a dialog takes no press after it came.
+    constexpr int kInterval = 100;
+    QTest::qWait(kInterval);
+    QApplication::setDoubleClickInterval(kInterval);
+    QTest::mouseDClick(window->windowHandle(), Qt::LeftButton, {}, there);
+    QApplication::setDoubleClickInterval(0);
 }
 
 void RealClick(const QWidget& parent, const QString& name) {

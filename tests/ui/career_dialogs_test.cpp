@@ -28,7 +28,7 @@ class CareerDialogs : public test::DialogStage {
     }
     std::shared_ptr<const Names> AssignmentsOf(std::string_view career) const {
         if (career == "Broken")
-            throw FileError("Broken.ecf", 3, "a career", "nothing");
+            throw ParseError("Broken.ecf", 3, "a career", "nothing");
         return std::make_shared<const Names>(Names{std::string(career) + " One", std::string(career) + " Two"});
     }
 

@@ -212,7 +212,7 @@ TEST_F(Dialogs, AboutShowsItsNotices) {
         EXPECT_EQ(Child<QPushButton>(dialog, "agree").text(), "I Agree");
         PressKey(dialog, Qt::Key_Return);
     });
-    EXPECT_EQ(ui::RunModal(about), QDialog::Accepted);
+    EXPECT_EQ(guard.Run(about), QDialog::Accepted);
 }
 
 TEST_F(Dialogs, MessagesHaveTheirIconsAndDefaults) {

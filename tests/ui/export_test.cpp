@@ -40,7 +40,7 @@ class ExportTest : public ::testing::Test {
     test::TempFolder profile;
     const test::Environment environment{{"USERPROFILE=" + profile.path().string()}};
     test::Desk desk{rules.held()};
-    Exporter exporter{desk.session, desk.window};
+    Exporter exporter{desk.session, desk.window, desk.guard};
     test::Robot robot;
 };
 
@@ -85,11 +85,17 @@ TEST_F(ExportTest, OffersTenNamesAsOftenAsWanted) {
     exporter.Show();
 }
 
-TEST_F(ExportTest, ScrapsWhereTheNameIsRefused) {
-    robot.Then("KVNExport", [](QWidget& dialog) { RealClick(dialog, "rollName"); });
+TEST_F(ExportTest, LeavingTheNamesLeavesTheDialogAsItWas) {
+    robot.Then("KVNExport", [](QWidget& dialog) {
+        Child<QLineEdit>(dialog, "name").setText("Jo");
+        RealClick(dialog, "rollName");
+    });
     robot.ThenKey("SPICKBOX", Qt::Key_Escape);
-    robot.ThenMessage("Scrap this character?", QMessageBox::Yes);
-    EXPECT_THROW(exporter.Show(), CharacterScrapped);
+    robot.Then("KVNExport", [](QWidget& dialog) {
+        EXPECT_EQ(Child<QLineEdit>(dialog, "name").text(), "Jo");
+        PressKey(dialog, Qt::Key_Escape);
+    });
+    exporter.Show();
 }
 
 TEST_F(ExportTest, AFaultIsShownAndLosesNothing) {
@@ -98,7 +104,8 @@ TEST_F(ExportTest, AFaultIsShownAndLosesNothing) {
         std::filesystem::remove(rules.path() / "template-plain.htm");
         RealClick(dialog, "export");
     });
-    robot.ThenMessage((rules.path() / "template-plain.htm").string() + ":1: expected a template, found no such file",
+    robot.ThenMessage((rules.path() / "template-plain.htm").string() +
+                          ": can't be read as a template: No such file or directory",
                       QMessageBox::Ok);
     robot.Then("KVNExport", [](QWidget& dialog) { RealClick(dialog, "rollName"); });
     robot.Then("QMessageBox", [](QWidget& dialog) {
@@ -127,7 +134,10 @@ TEST_F(ExportTest, PdfKeepsLinesThatStandInNoRow) {
         return std::filesystem::file_size(pdf.toStdString());
     };
     EXPECT_GT(size(page), size(plain));
-    EXPECT_THROW(pdf::WritePdf(QString::fromStdString(page.string()), "/no/such/folder/p.pdf"), FileError);
+    const auto source = QString::fromStdString(page.string());
+    EXPECT_THROW(pdf::WritePdf(source, source + "/p.pdf"), IoError) << "the page is no folder";
+    const auto picture = profile.Write("p.jpg", "bytes");
+    EXPECT_THROW(pdf::WritePdf(QString::fromStdString(picture.string()), "p.pdf"), IoError) << "a picture is no page";
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
-#include "base/places.h"
+#include "base/files.h"
 #include "output/character_document.h"
 #include "output/journal/recorder.h"
 #include "output/journal/replayer.h"
@@ -28,10 +28,10 @@ struct Life {
 Life LiveHeadless(const cli::LifePlan& plan, std::uint64_t number) {
     Display display;
     Session session(DataFolder(HeldPath(KORVANE_RULES)), {nullptr, nullptr, &display});
-    std::ostringstream journal;
-    const auto outcome = cli::Live(session, plan, number, &journal);
+    Lines journal;
+    const auto outcome = cli::Live(session, plan, number, [&](std::string_view line) { journal.emplace_back(line); });
     const bool finished = outcome.end == LifeEnd::MusteredOut;
-    return {test::LinesOf(journal.str()), finished ? CharacterDocument(session) : ""};
+    return {journal, finished ? CharacterDocument(session) : ""};
 }
 
 void SetUp(const test::Desk& desk, const journal::Start& start) {
@@ -47,9 +47,9 @@ void SetUp(const test::Desk& desk, const journal::Start& start) {
 std::set<std::string> ExpectTheSameLife(const Life& life) {
     test::Desk desk(HeldPath(KORVANE_RULES));
     test::JournalRobot robot(life.journal);
-    journal::Replayer dice(test::DiceOf(life.journal));
-    std::ostringstream journal;
-    journal::Recorder recorder(journal, dice, desk.window.player());
+    journal::Replayer dice("dice", test::DiceOf(life.journal));
+    Lines lines;
+    journal::Recorder recorder([&](std::string_view line) { lines.emplace_back(line); }, dice, desk.window.player());
     std::string document;
     desk.window.characterFinished = [&] { document = CharacterDocument(desk.session); };
     SetUp(desk, dice.start());
@@ -59,7 +59,6 @@ std::set<std::string> ExpectTheSameLife(const Life& life) {
     desk.Click("startCareer");
     EXPECT_TRUE(robot.AllAnswered());
     EXPECT_EQ(document, life.document);
-    auto lines = test::LinesOf(journal.str());
     lines.resize(life.journal.size() - 1);  // what follows are the dice of the next character
     EXPECT_EQ(lines, Lines(life.journal.begin(), life.journal.end() - 1));
     EXPECT_TRUE(desk.Get<QWidget>("startCareer").isEnabled());

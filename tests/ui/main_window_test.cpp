@@ -15,7 +15,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
-#include "base/places.h"
+#include "base/files.h"
 #include "character/summary.h"
 #include "support/temp_folder.h"
 #include "support_ui/desk.h"
@@ -94,7 +94,7 @@ QStringList Captions(const QWidget& window) {
 }
 
 TEST_F(MainWindow, CaptionsAreThoseOfTheRules) {
-    EXPECT_EQ(KVNGen(session).windowTitle(), "Brisane Farwend Character Generation") << "before it is loaded";
+    EXPECT_EQ(KVNGen(session, desk.guard).windowTitle(), "Brisane Farwend Character Generation") << "before it is loaded";
     EXPECT_EQ(window.windowTitle(), "Korvane on trial");
     EXPECT_EQ(Captions<QGroupBox>(window), (QStringList{"Details", "Options", "Select Career", "Statistics"}));
     EXPECT_EQ(Captions<QPushButton>(window), (QStringList{"Roll", "Scrap and Restart", "Start Career"}));
@@ -281,7 +281,7 @@ TEST_F(MainWindow, BrokenRuleFileEndsTheProgram) {
 
 TEST_F(MainWindow, FileErrorInACareerShowsWhatThereIsOfTheCharacter) {
     Tick(Option::AutomaticGeneration);
-    FaultyDice dice(session, FileError("Army.ecf", 7, "a benefit", "nothing"));
+    FaultyDice dice(session, ParseError("Army.ecf", 7, "a benefit", "nothing"));
     robot.Then("QMessageBox", [](QWidget& dialog) {
         const auto& box = dynamic_cast<QMessageBox&>(dialog);
         EXPECT_TRUE(box.text().startsWith("Army.ecf:7: "));

@@ -43,15 +43,16 @@ class StartUpWindowsTest : public ::testing::Test {
     const test::TempFolder rules;
     const std::string raceFile = (rules.path() / "Imperial Human.eri").string();
     SeededDice dice{1, 1};
-    Session session{DataFolder(""), {}};
-    KVNGen window{session};
-    DesktopWindows windows{session, window};
+    Session session{DataFolder(HeldPath("")), {}};
+    ui::InputGuard guard;
+    KVNGen window{session, guard};
+    DesktopWindows windows{session, window, guard};
     test::Robot robot;
 };
 
 TEST_F(StartUpWindowsTest, RaceFileIsChosenOrNot) {
     Choose(raceFile);
-    EXPECT_EQ(windows.ChooseRaceFile("Imperial Human.eri"), raceFile);
+    EXPECT_EQ(windows.ChooseRaceFile("Imperial Human.eri"), HeldPath(raceFile));
     Choose(std::nullopt);
     EXPECT_EQ(windows.ChooseRaceFile("Imperial Human.eri"), std::nullopt);
 }
@@ -75,7 +76,7 @@ TEST_F(StartUpWindowsTest, FirstRunEndsInTheMainWindow) {
 }
 
 TEST_F(StartUpWindowsTest, NoticeComesBeforeTheMainWindow) {
-    folder.Write("Korvane.ini", "dataloc=" + rules.held() + "\r\nLastMonth=10\r\n");
+    folder.Write("Korvane.ini", "dataloc=" + rules.held().text() + "\r\nLastMonth=10\r\n");
     robot.Then("KVNAbout", [this](QWidget& dialog) {
         EXPECT_FALSE(window.isVisible());
         PressKey(dialog, Qt::Key_Return);

@@ -3,7 +3,7 @@
 namespace korvane::journal {
 
 void Recorder::Write(const Json& line) {
-    out_ << line.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
+    sink_(line.dump(-1, ' ', false, Json::error_handler_t::replace));
 }
 
 void Recorder::Begin(const Session& session) {

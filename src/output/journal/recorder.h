@@ -1,7 +1,8 @@
 // Writes a journal: stands before the dice and the player of a session and notes each request with its answer.
 #pragma once
 
-#include <ostream>
+#include <functional>
+#include <string_view>
 
 #include "character/KVNDeclare.h"
 #include "engine/term_loop.h"
@@ -11,7 +12,10 @@ namespace korvane::journal {
 
 class Recorder : public Dice, public Player {
   public:
-    Recorder(std::ostream& out, Dice& dice, Player& player) : out_(out), dice_(dice), player_(player) {}
+    // Takes each line of the journal as it comes to be, without its end.
+    using Sink = std::function<void(std::string_view line)>;
+
+    Recorder(Sink sink, Dice& dice, Player& player) : sink_(std::move(sink)), dice_(dice), player_(player) {}
 
     // The first line, for the session's selection and options; to be written before the new character is started.
     void Begin(const Session& session);
@@ -34,7 +38,7 @@ class Recorder : public Dice, public Player {
   private:
     void Write(const Json& line);
 
-    std::ostream& out_;
+    Sink sink_;
     Dice& dice_;
     Player& player_;
 };

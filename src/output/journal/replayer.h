@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "base/text.h"
 #include "character/KVNDeclare.h"
 #include "engine/term_loop.h"
 #include "output/journal/requests.h"
@@ -17,9 +18,9 @@ class Divergence : public std::runtime_error {
 };
 
 // The journal itself is malformed, or ends early.
-class JournalError : public FileError {
+class JournalError : public ParseError {
   public:
-    using FileError::FileError;
+    using ParseError::ParseError;
 };
 
 // What the first line of a journal says.
@@ -33,9 +34,9 @@ struct Start {
 
 class Replayer : public Dice, public Player {
   public:
-    // The journal's lines. All members throw JournalError, with the line, for a journal that is malformed or ends
-    // early, and Divergence for one that doesn't match.
-    explicit Replayer(TextFile file);
+    // The journal's name, for messages, and its text. All members throw JournalError, with the line, for a journal that
+    // is malformed or ends early, and Divergence for one that doesn't match.
+    Replayer(std::string name, std::string text);
 
     const Start& start() const { return start_; }
     // Demands that the journal ends as the life did, here and in this way.
@@ -56,6 +57,12 @@ class Replayer : public Dice, public Player {
 
   private:
     void ReadStart();
+    // What is left of the text, from the next line on, and that line, without its end.
+    std::string_view Rest() const { return std::string_view(text_).substr(next_); }
+    std::string_view PeekLine() const { return SplitFirst(Rest(), "\n").first; }
+    bool AtEnd() const { return next_ >= text_.size(); }
+    // The object that a line is; throws when it is none, for the line just read.
+    Json Parsed(std::string_view line) const;
     const Json& NextLine();
     // The next line, which must be the request with an answer.
     const Json& Match(const Json& request);
@@ -76,8 +83,10 @@ class Replayer : public Dice, public Player {
     // The place, from 0, of a text among those allowed.
     std::size_t OneOf(std::string_view key, std::span<const std::string_view> allowed) const;
 
-    TextFile file_;
-    std::size_t read_ = 0;  // lines
+    std::string name_;
+    std::string text_;
+    std::size_t next_ = 0;  // where the next line begins
+    int read_ = 0;          // lines
     Json line_;             // the line just read
     Start start_;
 };
