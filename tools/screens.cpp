@@ -160,8 +160,8 @@ int Run(const QString& folder) {
         guard.Run(about);
     });
     camera.TakeDialog("error", [&] {
-        ui::ShowError(guard, &window, window.windowTitle(), "rules/Imperial Human-Navy.ecf:14: expected a number, found \"x\"",
-                      "Korvane ends now.");
+        ui::ShowError(guard, &window, window.windowTitle(),
+                      "rules/Imperial Human-Navy.ecf:14: expected a number, found \"x\"", "Korvane ends now.");
     });
     return 0;
 }

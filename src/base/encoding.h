@@ -21,8 +21,8 @@ Encoding EncodingOf(std::string_view bytes);
 // know it: "&#8730;".
 std::string EncodeText(std::string_view text, Encoding encoding);
 
-// A text as a message can show it, in UTF-8: control characters and what is no character are spelt out ("\\n", "\\x1B"),
-// and what is longer than `most` characters ends in "...".
+// A text as a message can show it, in UTF-8: control characters and what is no character are spelt out ("\\n",
+// "\\x1B"), and what is longer than `most` characters ends in "...".
 std::string Printable(std::string_view text, std::size_t most);
 // What was found somewhere, for a message: in quotation marks, at most 80 characters of it.
 std::string Quoted(std::string_view text);

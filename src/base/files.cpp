@@ -34,7 +34,8 @@ std::string TooLarge(std::size_t most) {
 // A descriptor that is closed with this.
 class Descriptor {
   public:
-    Descriptor(const fs::path& path, int flags, mode_t mode = 0666) : number_(open(path.c_str(), flags | O_CLOEXEC, mode)) {}
+    Descriptor(const fs::path& path, int flags, mode_t mode = 0666)
+        : number_(open(path.c_str(), flags | O_CLOEXEC, mode)) {}
     ~Descriptor() { Close(); }
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
@@ -110,7 +111,8 @@ void SyncDirectory(const fs::path& folder) {
         fsync(directory.number());
 }
 
-// Writes the content to a new file with the permissions of the one that it will replace. Returns the error number, or 0.
+// Writes the content to a new file with the permissions of the one that it will replace. Returns the error number, or
+// 0.
 int WriteNew(const fs::path& file, const fs::path& like, std::string_view content, Sync sync) {
     Descriptor out(file, O_WRONLY | O_CREAT | O_EXCL);
     if (!out)

@@ -40,7 +40,8 @@ void ReplaceFile(const std::filesystem::path& file, std::string_view content, Sy
 // nothing where the system can't.
 void SyncFolder(const std::filesystem::path& folder);
 
-// A file that grows line by line. Each line stands in the file when `Write` returns, and, with `Sync::Now`, on the disk.
+// A file that grows line by line. Each line stands in the file when `Write` returns, and, with `Sync::Now`, on the
+// disk.
 class LineFile {
   public:
     // Makes the file, with its folder; an empty one that is there is taken. Throws IoError for one that holds something

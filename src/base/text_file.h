@@ -9,8 +9,8 @@
 
 namespace korvane {
 
-// The text and where its lines stand in it, without their ends (LF or CR LF). What follows the last line end is no line.
-// Views of the lines hold as long as this object stays where it is.
+// The text and where its lines stand in it, without their ends (LF or CR LF). What follows the last line end is no
+// line. Views of the lines hold as long as this object stays where it is.
 class TextFile {
   public:
     // `name` is the native one, for messages; the text is UTF-8 and shorter than 4 GB.

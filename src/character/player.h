@@ -19,8 +19,8 @@ namespace korvane {
 struct ChoiceQuestion {
     std::string_view title;
     std::span<const std::string_view> options;
-    int focus = 0;           // the alternative that has the focus, counted from 0
-    bool mayLeave = false;   // whether the player may go without an answer: the choice is none of the life's
+    int focus = 0;          // the alternative that has the focus, counted from 0
+    bool mayLeave = false;  // whether the player may go without an answer: the choice is none of the life's
 };
 
 // A choice of several items of a list, between a minimum and a maximum.

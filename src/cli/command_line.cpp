@@ -80,8 +80,7 @@ CLI::Option* AddNumber(CLI::App& app, const std::string& name, Number& to, std::
         const auto* const end = text.data() + text.size();
         const auto read = std::from_chars(text.data(), end, number);
         if (read.ec != std::errc() || read.ptr != end || number < least || number > most)
-            throw CLI::ValidationError(
-                name, Concat(Quoted(text), " is not a whole number from ", least, " to ", most));
+            throw CLI::ValidationError(name, Concat(Quoted(text), " is not a whole number from ", least, " to ", most));
         Assign(to, number);
     };
     return app.add_option_function<std::string>(name, take, help)->type_name("NUMBER");
@@ -118,7 +117,8 @@ void AddSelection(CLI::App& app, std::string& data, std::string& race, std::stri
 void AddGenerate(CLI::App& app, GenerateCommand& command, Captions& captions) {
     auto& plan = command.plan;
     AddSelection(app, command.data, plan.race, plan.career, plan.assignment, captions);
-    AddNumber(app, "--terms", plan.terms, 1, 100, "Terms of service before mustering out (automatic player; default: 4)");
+    AddNumber(app, "--terms", plan.terms, 1, 100,
+              "Terms of service before mustering out (automatic player; default: 4)");
     AddNumber(app, "--count", command.count, 1, kMostLives, "Number of characters (default: 1)");
     AddNumber(app, "--seed", plan.seed, 0, kAnyNumber,
               "Repeats a run exactly: character i depends on the seed and i alone");

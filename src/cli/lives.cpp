@@ -93,8 +93,7 @@ LifeOutcome Run(Session& session, const journal::Recorder::Sink& journal) {
 
 }  // namespace
 
-LifeOutcome Live(Session& session, const LifePlan& plan, std::uint64_t number,
-                 const journal::Recorder::Sink& journal) {
+LifeOutcome Live(Session& session, const LifePlan& plan, std::uint64_t number, const journal::Recorder::Sink& journal) {
     auto stream = StreamFor(plan, number);
     session.method = plan.method;
     session.options = plan.options;

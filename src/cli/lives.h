@@ -34,7 +34,6 @@ struct LifeOutcome {
 // Lives the character with that number. With a seed, all of it depends on the seed and the number alone. The finished
 // character is left in the session. Writes the journal where there is a sink for it. Throws UsageError for a selection
 // that the data doesn't have and FileError for a malformed file.
-LifeOutcome Live(Session& session, const LifePlan& plan, std::uint64_t number,
-                 const journal::Recorder::Sink& journal);
+LifeOutcome Live(Session& session, const LifePlan& plan, std::uint64_t number, const journal::Recorder::Sink& journal);
 
 }  // namespace korvane::cli

@@ -48,10 +48,9 @@ void Promote(Session& session) {
 bool Survives(Session& session) {
     auto& modifier = session.character.SurvivalDM;
     const auto& assignment = session.assignment;
-    const int effect =
-        CarryOutRow(assignment.source, assignment.survival,
-                    [&] { return RollCheck(session, assignment.survival, 0); }) +
-        modifier;
+    const int effect = CarryOutRow(assignment.source, assignment.survival,
+                                   [&] { return RollCheck(session, assignment.survival, 0); }) +
+                       modifier;
     modifier = 0;
     return effect >= 0;
 }
@@ -74,8 +73,8 @@ void SeekCommission(Session& session) {
     modifier += character.CommissionDM;
     character.CommissionDM = 0;
     const auto& career = session.career;
-    if (CarryOutRow(career.source, career.commission,
-                    [&] { return RollCheck(session, career.commission, modifier); }) < 0)
+    if (CarryOutRow(career.source, career.commission, [&] { return RollCheck(session, career.commission, modifier); }) <
+        0)
         return;
     AddHistory(session, "Commissioned");
     character.Commissioned = 1;

@@ -225,8 +225,8 @@ std::string WithoutComments(std::string_view html) {
     return text;
 }
 
-// The encoding that the first "meta" element with a charset declares, be it the charset's own or that of a content type,
-// with or without quotation marks; empty where there is none.
+// The encoding that the first "meta" element with a charset declares, be it the charset's own or that of a content
+// type, with or without quotation marks; empty where there is none.
 std::string DeclaredCharset(std::string_view html) {
     const auto text = Upper(WithoutComments(html));
     constexpr std::string_view kAroundName = " \t\r\n\"'";
@@ -246,8 +246,9 @@ std::string DeclaredCharset(std::string_view html) {
 // Browsers take these for Windows-1252 too.
 bool MeansWindows1252(std::string_view charset) {
     constexpr std::array<std::string_view, 17> kNames = {
-        "ANSI_X3.4-1968", "ASCII",      "CP1252",     "CP819",           "CSISOLATIN1", "IBM819", "ISO-8859-1",   "ISO-IR-100", "ISO8859-1",
-        "ISO88591",       "ISO_8859-1", "ISO_8859-1:1987", "L1", "LATIN1", "US-ASCII", "WINDOWS-1252", "X-CP1252"};
+        "ANSI_X3.4-1968", "ASCII",        "CP1252",   "CP819",      "CSISOLATIN1",     "IBM819", "ISO-8859-1",
+        "ISO-IR-100",     "ISO8859-1",    "ISO88591", "ISO_8859-1", "ISO_8859-1:1987", "L1",     "LATIN1",
+        "US-ASCII",       "WINDOWS-1252", "X-CP1252"};
     return std::ranges::find(kNames, charset) != kNames.end();
 }
 

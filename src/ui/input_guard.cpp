@@ -56,7 +56,8 @@ bool Navigates(const QKeyEvent& event) {
 }
 
 bool TakesText(const QWidget& widget) {
-    return qobject_cast<const QLineEdit*>(&widget) != nullptr || qobject_cast<const QPlainTextEdit*>(&widget) != nullptr;
+    return qobject_cast<const QLineEdit*>(&widget) != nullptr ||
+           qobject_cast<const QPlainTextEdit*>(&widget) != nullptr;
 }
 
 // Whether the event may answer a question: a press of the mouse, or of a key that does more than to move about or to
@@ -136,7 +137,22 @@ bool InputGuard::IsEarly(const QEvent& event) const {
     return by_its_time || static_cast<quint64>(sinceChange_.elapsed()) < interval;
 }
 
+void InputGuard::FollowKey(const QKeyEvent& event) {
+    // A repetition comes as a release and a press at one time; or without a release, where that went elsewhere.
+    constexpr quint64 kNoHand = 5;
+    constexpr quint64 kLongestDelay = 1000;
+    const auto time = event.timestamp();
+    const bool down = event.type() == QEvent::KeyPress;
+    const bool timed = QApplication::doubleClickInterval() > 0 && time != 0 && lastKey_.time != 0;
+    const bool same = timed && event.key() == lastKey_.key;
+    const bool at_once = same && !lastKey_.down && time <= lastKey_.time + kNoHand;
+    const bool still_down = same && lastKey_.down && time <= lastKey_.time + kLongestDelay;
+    lastKey_ = {event.key(), down, down && (event.isAutoRepeat() || at_once || still_down), time};
+}
+
 bool InputGuard::eventFilter(QObject* watched, QEvent* event) {
+    if (watched->isWindowType() && (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease))
+        FollowKey(static_cast<const QKeyEvent&>(*event));
     if (!watched->isWidgetType())
         return false;
     const auto& widget = static_cast<const QWidget&>(*watched);
@@ -154,7 +170,8 @@ bool InputGuard::eventFilter(QObject* watched, QEvent* event) {
     }
     if (!Answers(widget, *event))
         return false;
-    const bool repeated = event->type() == QEvent::KeyPress && static_cast<const QKeyEvent*>(event)->isAutoRepeat();
+    const bool repeated =
+        event->type() == QEvent::KeyPress && (static_cast<const QKeyEvent*>(event)->isAutoRepeat() || lastKey_.repeats);
     if (repeated || (widget.window()->windowType() != Qt::Popup && IsEarly(*event)))
         return true;
     lastPress_ = std::max(lastPress_, TimeOf(*event));

@@ -3,6 +3,7 @@
 
 #include <QDialog>
 #include <QElapsedTimer>
+#include <QKeyEvent>
 #include <QObject>
 #include <QPointer>
 #include <vector>
@@ -15,6 +16,7 @@ namespace korvane::ui {
 // - No press within the double-click interval after a question came or was answered, by the clock and by the presses'
 //   own times: it was meant for what stood there before.
 // - No repetition of a key that is held down, where it would answer.
+// A double-click interval of 0 takes the time out of it all.
 class InputGuard : public QObject {
   public:
     InputGuard();
@@ -53,10 +55,22 @@ class InputGuard : public QObject {
     // Whether input for the widget may act at all.
     bool MayAct(const QWidget& widget) const;
     bool IsEarly(const QEvent& event) const;
+    // Follows the keys as they reach the program's windows: the toolkit takes a repetition for a new press where the
+    // window changed under it.
+    void FollowKey(const QKeyEvent& event);
     // A question came, or was answered.
     void NoteChange();
 
+    // The key that moved last.
+    struct LastKey {
+        int key = 0;
+        bool down = false;
+        bool repeats = false;
+        quint64 time = 0;
+    };
+
     int working_ = 0;
+    LastKey lastKey_;
     std::vector<QPointer<QWidget>> asking_;  // the last one asks
     QElapsedTimer sinceChange_;
     quint64 lastPress_ = 0;     // its own time, in milliseconds

@@ -129,7 +129,8 @@ TEST_F(StartUpTest, MissingMasterSkillsEndTheProgram) {
 
 TEST_F(StartUpTest, ValuesAreReadFromTheFirstLineThatBeginsWithTheKey) {
     Configure("datalocation=C:\\One\ndataloc = C:\\Two\nLASTMONTH=07\n");
-    EXPECT_EQ(GetIniValue(HeldPath("Korvane.ini"), "dataloc"), "tion=C:\\One") << "a longer key matches too, and comes first";
+    EXPECT_EQ(GetIniValue(HeldPath("Korvane.ini"), "dataloc"), "tion=C:\\One")
+        << "a longer key matches too, and comes first";
     EXPECT_EQ(GetIniValue(HeldPath("korvane.ini"), "lastmonth"), "07");
     Configure("dataloc = C:\\Two\n");
     EXPECT_EQ(GetIniValue(folder.held() + "KORVANE.INI", "DataLoc"), "= C:\\Two")

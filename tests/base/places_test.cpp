@@ -1,7 +1,5 @@
 // The file boundary: names found in any case, text files read, files replaced whole, the environment.
 
-#include "base/files.h"
-
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -12,6 +10,7 @@
 #include "base/encoding.h"
 #include "base/environment.h"
 #include "base/error.h"
+#include "base/files.h"
 #include "support/environment.h"
 #include "support/temp_folder.h"
 
@@ -133,7 +132,8 @@ TEST(Places, ReplacingFollowsLinksKeepsPermissionsAndSweepsBehindTheDead) {
         ReplaceFile(folder.path() / "dangling", "new");
         ADD_FAILURE() << "there is no such folder";
     } catch (const IoError& error) {
-        EXPECT_EQ(error.what(), (folder.path() / "dangling").string() + ": can't be written: No such file or directory");
+        EXPECT_EQ(error.what(),
+                  (folder.path() / "dangling").string() + ": can't be written: No such file or directory");
     }
     ReplaceFile(folder.path() / (std::string(251, 'n') + ".htm"), "a name as long as the system takes");
 }

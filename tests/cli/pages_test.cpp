@@ -95,7 +95,8 @@ TEST_F(Pages, TemplatesAreFoundInTheDataFolderOrByTheirPath) {
     EXPECT_EQ(unknown.status, 1);
     EXPECT_NE(unknown.err.find("unknown template \"other.htm\""), std::string::npos) << unknown.err;
     EXPECT_NE(unknown.err.find("template-mine.htm"), std::string::npos) << unknown.err;
-    EXPECT_NE(generate({"--template", "./other.htm"}).err.find("other.htm: can't be read as a template"), std::string::npos);
+    EXPECT_NE(generate({"--template", "./other.htm"}).err.find("other.htm: can't be read as a template"),
+              std::string::npos);
 }
 
 TEST_F(Pages, OptionsThatDoNotGoTogetherAreErrors) {

@@ -25,6 +25,8 @@ LIST = pyatspi.ROLE_LIST
 TEXT = pyatspi.ROLE_TEXT
 
 TITLE = "Brisane Farwend v2 Characters v"
+# A dialog takes no press within the double-click interval after it came.
+SETTLED = 0.45
 # A life may miss a kind of dialog; lives go on until these have been met.
 NEEDED_KINDS = {"choice", "list", "skill tables", "end of term", "transfer", "mustering out", "export"}
 MOST_LIVES = 4
@@ -76,6 +78,7 @@ class Journey:
         """Waits for the window in front, of one of these kinds if any are told."""
         window = self.session.front(lambda window: not kinds or kind_of(window) in kinds)
         kind = kind_of(window)
+        time.sleep(SETTLED)
         # The toolkit's own file dialog labels its combo boxes without saying so.
         if kind != "file dialog":
             self.unnamed |= dict.fromkeys(window.unnamed())

@@ -269,10 +269,12 @@ TEST(Replay, HostileLinesAreErrorsOfBoundedLength) {
     };
     EXPECT_EQ(told("{\"roll\":" + std::string(100000, '[')).substr(0, 62),
               "life.jsonl:2: expected a JSON object whose brackets stand at m");
-    for (const auto& line : {"{\"roll\":" + std::string(100000, '['), std::string(3'000'000, 'x'), "\"\\" + std::string(99999, '{'),
-                             "{\"roll\":[1,6],\"result\":\"" + std::string(500000, 'y') + "\"}", std::string("{\xFF\x1B")})
+    for (const auto& line :
+         {"{\"roll\":" + std::string(100000, '['), std::string(3'000'000, 'x'), "\"\\" + std::string(99999, '{'),
+          "{\"roll\":[1,6],\"result\":\"" + std::string(500000, 'y') + "\"}", std::string("{\xFF\x1B")})
         EXPECT_LT(told(line).size(), 300U);
-    EXPECT_EQ(told(R"({"roll":[1,6],"result":3,"free":"[[[[[[[[[[[[[[[[[[[[[[[[\"[[[["})"), "accepted") << "texts nest nothing";
+    EXPECT_EQ(told(R"({"roll":[1,6],"result":3,"free":"[[[[[[[[[[[[[[[[[[[[[[[[\"[[[["})"), "accepted")
+        << "texts nest nothing";
 }
 
 }  // namespace

@@ -171,7 +171,9 @@ TEST(Templates, AreListedByTheirPattern) {
 }
 
 TEST_F(PageExport, AnAsciiTemplateSaysItsEncodingInItsMetaElement) {
-    const auto page = [&](const std::string& head) { return Exported(head + "|NAME|", "Zo\u00EB").substr(head.size()); };
+    const auto page = [&](const std::string& head) {
+        return Exported(head + "|NAME|", "Zo\u00EB").substr(head.size());
+    };
     for (const auto* const western :
          {R"(<meta charset="windows-1252">)", "<META CHARSET = 'Latin1' >", "<meta charset=us-ascii>",
           R"(<!-- <meta charset="utf-8"> --><meta http-equiv=content-type content="text/html; charset=ISO-8859-1">)"})

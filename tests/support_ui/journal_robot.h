@@ -46,8 +46,8 @@ class JournalRobot : public Robot {
     std::set<std::string> kinds_;
 };
 
-// The text of a journal of the dice alone, for a replayer that only rolls. They come twice, as the first of them roll the next
-// character too.
+// The text of a journal of the dice alone, for a replayer that only rolls. They come twice, as the first of them roll
+// the next character too.
 std::string DiceOf(const std::vector<std::string>& journal);
 
 }  // namespace korvane::test

@@ -104,9 +104,9 @@ TEST_F(ExportTest, AFaultIsShownAndLosesNothing) {
         std::filesystem::remove(rules.path() / "template-plain.htm");
         RealClick(dialog, "export");
     });
-    robot.ThenMessage((rules.path() / "template-plain.htm").string() +
-                          ": can't be read as a template: No such file or directory",
-                      QMessageBox::Ok);
+    robot.ThenMessage(
+        (rules.path() / "template-plain.htm").string() + ": can't be read as a template: No such file or directory",
+        QMessageBox::Ok);
     robot.Then("KVNExport", [](QWidget& dialog) { RealClick(dialog, "rollName"); });
     robot.Then("QMessageBox", [](QWidget& dialog) {
         EXPECT_TRUE(dynamic_cast<QMessageBox&>(dialog).text().contains("Names.dat"));

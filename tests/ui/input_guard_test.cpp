@@ -36,7 +36,7 @@ TEST_F(Guarded, WhatComesWithAnAnswerReachesNoWindowBehind) {
         PressKey(dialog, Qt::Key_1);
         for (const auto* const name : {"scrapAndRestart", "startCareer", "roll"})
             ClickBehind(name);
-        PressKey(dialog, Qt::Key_2);  // and a second answer changes nothing
+        PressKey(dialog, Qt::Key_2);                       // and a second answer changes nothing
         desk.Get<QPushButton>("scrapAndRestart").click();  // as assistive programs press it
     });
     robot.Then("KVNTables", [this](QWidget& dialog) {

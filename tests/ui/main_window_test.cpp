@@ -94,7 +94,8 @@ QStringList Captions(const QWidget& window) {
 }
 
 TEST_F(MainWindow, CaptionsAreThoseOfTheRules) {
-    EXPECT_EQ(KVNGen(session, desk.guard).windowTitle(), "Brisane Farwend Character Generation") << "before it is loaded";
+    EXPECT_EQ(KVNGen(session, desk.guard).windowTitle(), "Brisane Farwend Character Generation")
+        << "before it is loaded";
     EXPECT_EQ(window.windowTitle(), "Korvane on trial");
     EXPECT_EQ(Captions<QGroupBox>(window), (QStringList{"Details", "Options", "Select Career", "Statistics"}));
     EXPECT_EQ(Captions<QPushButton>(window), (QStringList{"Roll", "Scrap and Restart", "Start Career"}));
