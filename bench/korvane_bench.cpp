@@ -7,11 +7,11 @@
 #include "allocations.h"
 #include "base/files.h"
 #include "character/characteristics.h"
-#include "cli/players.h"
 #include "engine/selection.h"
 #include "engine/term_loop.h"
 #include "output/journal/recorder.h"
 #include "output/journal/replayer.h"
+#include "play/players.h"
 
 namespace korvane {
 namespace {
@@ -38,7 +38,7 @@ class NotingDice : public Dice {
 struct Lives {
     Display display;
     ClockDice dice;
-    cli::PolicyPlayer player{RandomStream(1), 4};
+    play::PolicyPlayer player{RandomStream(1), 4};
     Session session{DataFolder(HeldPath(KORVANE_RULES), DataFolder::Reading::Once), {&dice, &player, &display}};
     int number = 0;
 

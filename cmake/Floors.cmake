@@ -3,7 +3,10 @@
 # so an include that looks up does not build.
 
 add_library(korvane_flags INTERFACE)
-target_compile_options(korvane_flags INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+target_compile_options(korvane_flags INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+if(KORVANE_WERROR)
+  target_compile_options(korvane_flags INTERFACE -Werror)
+endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   # g++ 12 takes a literal joined with a std::string for an overlapping copy (its bug 105651).
   target_compile_options(korvane_flags INTERFACE -Wno-restrict)

@@ -3,8 +3,8 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-./scripts/install-dependencies.sh
-export CMAKE_CXX_COMPILER_LAUNCHER=ccache
+./scripts/install-dependencies.sh check
+
 cmake --preset release >/dev/null
 cmake --build --preset release --target korvane_bench korvane-cli >/dev/null
 

@@ -5,14 +5,14 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-./scripts/install-dependencies.sh
+./scripts/install-dependencies.sh check
 for tool in chromium pdftoppm npm java; do
     command -v "$tool" >/dev/null || {
         echo "$tool is missing; Debian has it in: chromium, poppler-utils, npm, default-jre-headless" >&2
         exit 1
     }
 done
-export CMAKE_CXX_COMPILER_LAUNCHER=ccache
+
 cmake --preset release >/dev/null
 cmake --build --preset release --target korvane-cli korvane-pdf >/dev/null
 validator=build/node_modules/vnu-jar/build/dist/vnu.jar
@@ -25,7 +25,7 @@ for template in template template-plain template-story; do
         --option "Force no Ejection on Mishap" --format html --template "$template.htm" --out "$pages/$template" --pdf
 done
 
-# The one thing that the history's tag writes, as told, and HTML doesn't know.
+# The one thing that the history's tag writes and HTML doesn't know.
 known='.*Attribute “width” not allowed on element “tr”.*'
 java -jar "$validator" --errors-only --filterpattern "$known" "$pages"/*/*.htm
 echo "the validator finds nothing but the width of the history's rows"

@@ -5,4 +5,6 @@ cd "$(dirname "$0")/.."
 
 mode=(--dry-run --Werror)
 [ "${1:-}" = --fix ] && mode=(-i)
-find src tests bench -name '*.cpp' -o -name '*.h' | sort | xargs clang-format "${mode[@]}"
+git ls-files -co --exclude-standard -- '*.cpp' '*.h' | while read -r file; do
+    [ -e "$file" ] && printf '%s\n' "$file"
+done | xargs -P "$(nproc)" -n 40 clang-format "${mode[@]}"

@@ -1,10 +1,13 @@
 #!/usr/bin/env bash
-# Installs what building, testing and measuring Korvane needs, from Debian's packages. Does nothing when all is there.
+# Installs what Korvane needs from Debian's packages; does nothing when all is there.
+#
+# usage: install-dependencies.sh [build|check]
+#   build   what building it and running its tests needs (default)
+#   check   that, and what scripts/check.sh and the other scripts need
 set -euo pipefail
 
 packages=(
     git
-    python3             # the ratios of the benchmarks
     g++                 # the compiler
     cmake               # the build, 3.25 or later
     ninja-build         # runs it
@@ -15,20 +18,29 @@ packages=(
     libqt6svg6          # draws its icon
     fonts-dejavu-core   # a font, where there is none
     libgtest-dev        # tests
-    libbenchmark-dev    # benchmarks
-    clang-format        # the style
-    clang-tidy          # what the compiler doesn't say
-    xvfb                # a display for the end-to-end test,
-    openbox             # its window manager,
-    xdotool             # its mouse and keyboard,
-    imagemagick         # and its screenshots
-    at-spi2-core        # the accessibility tree,
-    dbus-daemon         # the bus that it is on,
-    dbus-bin            # which is started for the test,
-    python3-pyatspi     # and who reads it
-    desktop-file-utils  # checks the desktop entry
-    appstream           # checks the metadata
 )
+if [ "${1:-build}" = check ]; then
+    packages+=(
+        python3             # the ratios of the benchmarks, the robots
+        libbenchmark-dev    # benchmarks
+        clang-format        # the style
+        clang-tidy          # what the compiler doesn't say
+        xvfb                # a display for the end-to-end test,
+        openbox             # its window manager,
+        xdotool             # its mouse and keyboard,
+        imagemagick         # and its screenshots
+        at-spi2-core        # the accessibility tree,
+        dbus-daemon         # the bus that it is on,
+        dbus-bin            # which is started for the test,
+        python3-pyatspi     # and who reads it
+        desktop-file-utils  # checks the desktop entry
+        appstream           # checks the metadata
+        default-jre-headless # runs the validator of pages, which comes from npm
+        chromium            # prints and pictures pages
+        poppler-utils       # and the pages of PDF files
+    )
+    command -v npm >/dev/null || packages+=(npm)  # fetches the validator
+fi
 
 missing=()
 for package in "${packages[@]}"; do

@@ -7,7 +7,7 @@ cd "$(dirname "$0")/.."
 ./scripts/install-dependencies.sh
 export CMAKE_CXX_COMPILER_LAUNCHER=ccache
 echo "building Korvane; the first time takes some minutes" >&2
-cmake --preset release -DKORVANE_TESTS=OFF -DKORVANE_BENCH=OFF -B build/run >/dev/null
+cmake --preset release -DKORVANE_BENCH=OFF -DKORVANE_TOOLS=OFF -B build/run >/dev/null
 cmake --build build/run >/dev/null
 programs=$PWD/build/run/src
 if [ $# -eq 0 ] && [ -n "${DISPLAY:-}" ]; then

@@ -23,7 +23,7 @@ from pathlib import Path
 
 KEYS = (
     ["Return"] * 16 + ["space"] * 6 + ["Down"] * 6 + ["Tab"] * 4 + ["Escape"] * 2 + list("12345") * 8 + ["ctrl+Return"] * 12
-    + ["Up", "shift+Tab", "ctrl+r", "alt+a", "alt+r", "alt+c", "alt+y", "alt+n", "y", "n"]
+    + ["Up", "shift+Tab", "ctrl+r", "alt+a", "alt+r", "alt+c", "alt+y", "alt+n", "alt+f", "alt+F4", "y", "n"]
 )
 
 
@@ -64,8 +64,8 @@ def act(chance: random.Random, program: Program, hand: subprocess.Popen[str]) ->
         elif kind < 0.75:
             hand.stdin.write(f"key --clearmodifiers {chance.choice(KEYS)}\n")
         elif kind < 0.8:
-            hand.stdin.write(f"keydown {chance.choice(['Return', 'space', '1', 'Down'])}\nsleep {chance.uniform(0.1, 1.2):.2f}\n")
-            hand.stdin.write("keyup Return\nkeyup space\nkeyup 1\nkeyup Down\n")
+            hand.stdin.write(f"keydown {chance.choice(['Return', 'space', '1', 'Down', 'alt+y', 'ctrl+r', 'alt+F4'])}\nsleep {chance.uniform(0.1, 1.2):.2f}\n")
+            hand.stdin.write("keyup Return keyup space keyup 1 keyup Down keyup alt+y keyup ctrl+r keyup alt+F4\n")
         else:
             place = f"{min(max(int(chance.gauss(620, 180)), 5), 1275)} {min(max(int(chance.gauss(400, 120)), 5), 795)}"
             repeat = "--repeat 2 --delay 90 " if chance.random() < 0.3 else ""
@@ -111,8 +111,13 @@ def run(arguments: argparse.Namespace, work: Path) -> int:
         while time.monotonic() < end and status == 0:
             program = Program(arguments.program, environment)
             starts += 1
+            seen, since = 0, time.monotonic()
             while time.monotonic() < end and not program.ended() and not program.faults:
                 act(chance, program, hand)
+                if program.counts["answered"] != seen:
+                    seen, since = program.counts["answered"], time.monotonic()
+                if time.monotonic() - since > 300:
+                    program.faults.append("FAULT nothing was answered for five minutes")
             time.sleep(0.2)
             for fault in program.faults:
                 print(fault)

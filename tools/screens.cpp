@@ -10,14 +10,14 @@
 #include <string_view>
 #include <vector>
 
-#include "app/desktop_windows.h"
-#include "app/exporter.h"
-#include "app/kvn_gen.h"
-#include "app/start_up.h"
 #include "base/files.h"
-#include "cli/players.h"
+#include "desktop/desktop_windows.h"
+#include "desktop/exporter.h"
+#include "desktop/kvn_gen.h"
 #include "engine/mustering_out.h"
 #include "engine/selection.h"
+#include "play/players.h"
+#include "settings/start_up.h"
 #include "skills/skill_tables.h"
 #include "ui/kvn_about.h"
 #include "ui/looks.h"
@@ -76,7 +76,7 @@ class Camera {
 
 // A life that was lived automatically, shown in the window. Returns the finished character.
 CharacterRecord LiveInWindow(Session& session, KVNGen& window) {
-    cli::PolicyPlayer policy(RandomStream(kSeed), 6);
+    play::PolicyPlayer policy(RandomStream(kSeed), 6);
     auto* const player = std::exchange(session.seams.player, &policy);
     session.options.Set(Option::AutomaticGeneration);
     session.options.Set(Option::SortSkillsByValue);
@@ -136,7 +136,7 @@ int Run(const QString& folder) {
     Session session(DataFolder(HeldPath(KORVANE_RULES)), {});
     ui::InputGuard guard;
     KVNGen window(session, guard);
-    session.seams = {&dice, &window.player(), &window};
+    session.seams = {&dice, &window.player(), &window.display()};
     session.programTitle = ProgramTitle(ProgramVersion(KORVANE_VERSION_MAJOR, KORVANE_VERSION_MINOR, 0));
     const Camera camera(QDir(folder).absolutePath());
     window.Load();

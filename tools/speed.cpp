@@ -20,10 +20,10 @@
 #include <string>
 #include <string_view>
 
-#include "app/desktop_windows.h"
-#include "app/kvn_gen.h"
-#include "app/start_up.h"
+#include "desktop/desktop_windows.h"
+#include "desktop/kvn_gen.h"
 #include "engine/selection.h"
+#include "settings/start_up.h"
 #include "ui/kvn_end_term.h"
 #include "ui/looks.h"
 
@@ -85,7 +85,7 @@ struct Desktop {
     DesktopWindows windows{session, window, guard};
 
     Desktop() {
-        session.seams = {&dice, &window.player(), &window};
+        session.seams = {&dice, &window.player(), &window.display()};
         if (!StartUp(session, windows, "", QDate::currentDate().month()))
             throw std::runtime_error("the program isn't set up; point Korvane.ini at the rules");
     }

@@ -8,10 +8,10 @@
 #include <iostream>
 #include <type_traits>
 
-#include "app/desktop_windows.h"
-#include "app/exporter.h"
-#include "app/kvn_gen.h"
-#include "app/start_up.h"
+#include "desktop/desktop_windows.h"
+#include "desktop/exporter.h"
+#include "desktop/kvn_gen.h"
+#include "settings/start_up.h"
 #include "ui/qt_text.h"
 
 namespace korvane {
@@ -100,6 +100,8 @@ class BoxWatcher : public QObject {
         if (const auto* const box = qobject_cast<QMessageBox*>(watched)) {
             if (event->type() == QEvent::Show && box->icon() == QMessageBox::Critical)
                 Fault("an error box: " + box->text().toStdString());
+            if (event->type() == QEvent::Hide)
+                std::cerr << "box \"" << box->text().left(40).toStdString() << "\" " << box->result() << std::endl;
             if (event->type() == QEvent::Hide && box->text() == "Scrap this character?" &&
                 box->result() == QMessageBox::Yes)
                 player_.NoteYesToScrap();
@@ -118,7 +120,7 @@ int Run() {
     KVNGen window(session, guard);
     WatchedPlayer player(session, window.player());
     const BoxWatcher boxes(player);
-    session.seams = {&dice, &player, &window};
+    session.seams = {&dice, &player, &window.display()};
     Exporter exporter(session, window, guard);
     window.characterFinished = [&] {
         std::cerr << "finished" << std::endl;

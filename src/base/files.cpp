@@ -1,6 +1,7 @@
 #include "base/files.h"
 
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <cerrno>
 #include <charconv>
@@ -8,11 +9,13 @@
 #include <fcntl.h>
 #include <fstream>
 #include <iostream>
+#include <random>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 #include <utility>
 
+#include "base/checksum.h"
 #include "base/encoding.h"
 #include "base/error.h"
 #include "base/text.h"
@@ -80,23 +83,38 @@ fs::path LinkTarget(fs::path file) {
 }
 
 // What is written beside a file before it replaces it. The name is short, so that any name fits that the system takes,
-// and says which process is at it.
+// and says which process is at it, where processes have the same numbers, and that it is this run of it.
 constexpr std::string_view kBesidePrefix = ".korvane-";
 constexpr std::string_view kBesideEnding = ".new";
 
-fs::path Beside(const fs::path& file) {
-    static std::atomic<unsigned> number = 0;  // two files at once are two files
-    return FolderOf(file) / Concat(kBesidePrefix, getpid(), "-", ++number, kBesideEnding);
+std::string Place() {
+    std::array<char, 256> host{};
+    gethostname(host.data(), host.size() - 1);
+    std::error_code error;
+    const auto numbers = fs::read_symlink("/proc/self/ns/pid", error).string();
+    return Concat(Checksum(host.data(), Checksum(numbers)) % 1'000'000);
 }
 
-// Whether a name is that of such a file, by a process that is no more.
+std::string ThisRun() {
+    static const auto run = Concat(std::random_device()() % 1'000'000);
+    return run;
+}
+
+fs::path Beside(const fs::path& file) {
+    static std::atomic<unsigned> number = 0;  // two files at once are two files
+    return FolderOf(file) / Concat(kBesidePrefix, Place(), "-", getpid(), "-", ThisRun(), "-", ++number, kBesideEnding);
+}
+
+// Whether a name is that of such a file, by a process that is no more. Of other places nothing is known.
 bool IsStale(std::string_view name) {
     if (!name.starts_with(kBesidePrefix) || !name.ends_with(kBesideEnding))
         return false;
-    name.remove_prefix(kBesidePrefix.size());
+    const auto parts = SplitAll(name.substr(kBesidePrefix.size()), '-');
     pid_t process = 0;
-    const auto read = std::from_chars(name.data(), name.data() + name.size(), process);
-    return read.ec == std::errc() && process > 0 && kill(process, 0) != 0 && errno == ESRCH;
+    if (parts.size() != 4 || parts[0] != Place() ||
+        std::from_chars(parts[1].data(), parts[1].data() + parts[1].size(), process).ec != std::errc() || process <= 0)
+        return false;
+    return process == getpid() ? parts[2] != ThisRun() : kill(process, 0) != 0 && errno == ESRCH;
 }
 
 void RemoveStale(const fs::path& folder) {
@@ -228,6 +246,8 @@ LineFile::LineFile(fs::path path, Sync sync) : path_(std::move(path)), sync_(syn
         close(descriptor_);
         throw IoError(path_.string(), "can't be written", "it holds something already; name another file");
     }
+    if (sync_ == Sync::Now)
+        SyncDirectory(FolderOf(path_));
 }
 
 LineFile::~LineFile() {

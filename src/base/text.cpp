@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/encoding.h"
+
 namespace korvane {
 
 namespace {
@@ -152,7 +154,7 @@ double LenientNumber(std::string_view text) {
 Count LenientCount(std::string_view text) {
     const double whole = std::nearbyint(LenientNumber(text));
     if (std::abs(whole) > 1e9)
-        throw RuleError(RuleError::Kind::Overflow, "the number " + std::string(Trim(text)) + " is out of range");
+        throw RuleError(RuleError::Kind::Overflow, "the number " + Quoted(Trim(text)) + " is out of range");
     return static_cast<int>(whole);
 }
 
@@ -160,11 +162,11 @@ Count StrictCount(std::string_view text) {
     const auto number = Trim(text);
     const auto digits = number.substr(!number.empty() && (number[0] == '+' || number[0] == '-') ? 1 : 0);
     if (digits.empty() || !std::ranges::all_of(digits, IsDigit))
-        throw RuleError(RuleError::Kind::Type, "\"" + std::string(text) + "\" is not a whole number");
+        throw RuleError(RuleError::Kind::Type, Quoted(text) + " is not a whole number");
     int value = 0;
     const auto outcome = std::from_chars(digits.data(), digits.data() + digits.size(), value);
     if (outcome.ec == std::errc::result_out_of_range)
-        throw RuleError(RuleError::Kind::Overflow, "the number " + std::string(number) + " is out of range");
+        throw RuleError(RuleError::Kind::Overflow, "the number " + Quoted(number) + " is out of range");
     return number[0] == '-' ? -value : value;
 }
 
@@ -186,7 +188,10 @@ std::vector<std::string_view> SplitAll(std::string_view text, char mark) {
 }
 
 std::string FormatThousands(double amount) {
-    const auto whole = std::llround(amount);
+    return FormatWhole(std::llround(amount));
+}
+
+std::string FormatWhole(std::int64_t whole) {
     if (whole == 0)
         return {};
     auto digits = std::to_string(std::llabs(whole));

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <concepts>
 #include <cstddef>
+#include <cstdint>
 #include <iterator>
 #include <string>
 #include <string_view>
@@ -55,6 +56,16 @@ std::vector<std::string_view> SplitAll(std::string_view text, char mark);
 
 // The amount rounded to a whole number, in groups of three digits joined by ","; zero has no digits at all.
 std::string FormatThousands(double amount);
+std::string FormatWhole(std::int64_t amount);
+template <std::integral Whole>
+std::string FormatThousands(Whole amount) {
+    return FormatWhole(amount);
+}
+template <typename Stored, typename Wide>
+std::string FormatThousands(Checked<Stored, Wide> amount) {
+    return FormatWhole(Wide{amount});
+}
+
 // The shortest decimal form without an exponent, as "2500" or "0.5".
 std::string ShortestNumber(float number);
 
@@ -66,6 +77,7 @@ void AppendPiece(Text& to, const Piece& piece) {
     } else if constexpr (std::convertible_to<const Piece&, std::string_view>) {
         to.append(std::string_view(piece));
     } else {
+        static_assert(!std::is_same_v<Piece, char> && !std::is_same_v<Piece, bool>, "neither is a number");
         std::array<char, 24> digits{};
         const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), piece + 0).ptr;
         to.append(digits.data(), end);
@@ -81,40 +93,5 @@ std::string Concat(const Pieces&... pieces) {
     AppendAll(text, pieces...);
     return text;
 }
-
-// A short-lived text that needs no allocation up to a few hundred bytes: questions are built in it.
-class ScratchText {
-  public:
-    template <typename... Pieces>
-    explicit ScratchText(const Pieces&... pieces) {
-        AppendAll(*this, pieces...);
-    }
-    ScratchText(const ScratchText&) = delete;
-    ScratchText& operator=(const ScratchText&) = delete;
-
-    template <typename... Pieces>
-    void Append(const Pieces&... pieces) {
-        AppendAll(*this, pieces...);
-    }
-    operator std::string_view() const { return long_.empty() ? std::string_view(room_.data(), size_) : long_; }
-
-    // What AppendAll builds on.
-    void append(std::string_view piece) {
-        if (long_.empty() && size_ + piece.size() <= room_.size()) {
-            piece.copy(room_.data() + size_, piece.size());
-            size_ += piece.size();
-            return;
-        }
-        if (long_.empty())
-            long_.assign(room_.data(), size_);
-        long_.append(piece);
-    }
-    void append(const char* begin, const char* end) { append(std::string_view(begin, end)); }
-
-  private:
-    std::array<char, 400> room_;
-    std::size_t size_ = 0;
-    std::string long_;  // the whole text, once it has outgrown the room
-};
 
 }  // namespace korvane

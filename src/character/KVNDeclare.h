@@ -31,16 +31,22 @@ struct ChoiceState {
     bool automaticOnce = false;  // the next question alone is answered at random
     int focusPreset = 0;         // above 0: the alternative, from 0, that has the focus in the next question
     Count PickIndex;             // the number of the last choice, as ChooseOption gave it
-    int PickPlace = 0;           // the place of the last choice among its alternatives, from 1
     std::string PickText;        // the text of the last choice
     std::string LastSkillGranted;
 };
 
-// The outside world. None of the three is ever missing while a rule runs.
+// What the last mustering out brought.
+struct MusterResults {
+    TextList cash;
+    TextList benefits;
+};
+
+// The outside world. None of the first three is ever missing while a rule runs.
 struct Seams {
     Dice* dice = nullptr;
     Player* player = nullptr;
     Display* display = nullptr;
+    Observer* observer = nullptr;
 };
 
 struct Session {
@@ -59,7 +65,7 @@ struct Session {
     RollingMethod method = RollingMethod::True2D;
     Options options;
     ChoiceState choice;
-    TextList musterResults;  // what the last mustering out brought
+    MusterResults musterResults;
     Seams seams;
 
     bool Automatic() const { return options[Option::AutomaticGeneration]; }
@@ -74,6 +80,11 @@ inline int Roll(Session& session, int count, int sides) {
 inline void Tell(Session& session, std::string_view text) {
     session.seams.player->Tell({text, Icon::None});
 }
+// Shows one that automatic mode keeps to itself.
+inline void TellUnlessAutomatic(Session& session, std::string_view text, Icon icon = Icon::None) {
+    if (!session.Automatic())
+        session.seams.player->Tell({text, icon});
+}
 
 // A Yes/No question; in automatic mode it isn't shown and the answer is Yes.
 inline bool AskYesNo(Session& session, const YesNoQuestion& question) {
@@ -87,10 +98,7 @@ void AddHistory(Session& session, const Pieces&... pieces) {
     auto& history = session.character.History;
     if (history.size() == kMostHistoryLines)
         return;
-    auto& line = history.Next();
-    AppendAll(line, pieces...);
-    if (!IsBlank(line))
-        history.Keep();
+    history.AddLine(pieces...);
     session.seams.display->HistoryChanged();
 }
 

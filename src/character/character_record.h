@@ -9,6 +9,7 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "character/skill_list.h"
 #include "data/records.h"
 
 namespace korvane {
@@ -51,22 +52,23 @@ class TextList {
     std::size_t size() const { return count_; }
     bool empty() const { return count_ == 0; }
     void Clear() { count_ = 0; }
-    // The text that the next `Keep` will keep, emptied.
-    std::string& Next();
-    void Keep() { ++count_; }
     void Add(std::string_view line);
+    // Adds a line made of texts and whole numbers, built in place. One that is blank isn't kept.
+    template <typename... Pieces>
+    void AddLine(const Pieces&... pieces) {
+        auto& line = Next();
+        AppendAll(line, pieces...);
+        if (!IsBlank(line))
+            ++count_;
+    }
 
   private:
+    std::string& Next();
+
     std::vector<std::string> lines_;
     std::size_t count_ = 0;
 };
 
-struct Skill {
-    std::string Name;  // a blank name marks a free slot
-    Count Level;       // of a free slot: what it was last
-};
-
-inline constexpr int kMostSkills = 55;
 inline constexpr int kMostHistoryLines = 100;
 inline constexpr int kMostCareersServed = 10;
 
@@ -106,15 +108,17 @@ struct CharacterNumbers {
     float MedicalDebt = 0;
 };
 
+// What is known of a home world, in the order of the tables; all empty where there are none.
+using HomeWorldFacts = std::array<std::string, 7>;
+
 struct CharacterRecord : CharacterNumbers {
     PerCharacteristic<std::string> CharacteristicName;
     TextList CareersServed;  // at most kMostCareersServed
     TextList Benefits;
-    TextList History;                           // at most kMostHistoryLines
-    std::array<Skill, kMostSkills + 1> Skills;  // numbered from 1
-    int SkillSlotsUsed = 0;                     // the slots beyond have never been taken
+    TextList History;  // at most kMostHistoryLines
+    SkillList Skills;
     std::string UniversitySubject;
-    std::string HomeWorld;
+    HomeWorldFacts HomeWorld;
 
     // Makes the record a blank one; its texts keep their room for the next character.
     void Clear();
@@ -129,13 +133,5 @@ Count ModifierOf(int value);
 void RecomputeCharacteristicDMs(CharacterRecord& character);
 // The slot of the characteristic of that name, without regard to case; the last of equal ones; 0 for none.
 int CharacteristicSlot(const CharacterRecord& character, std::string_view name);
-
-// The skills that are held, in slot order.
-std::vector<const Skill*> HeldSkills(const CharacterRecord& character);
-// The first slot of exactly that name; nothing when there is none. The empty name finds a free slot.
-Skill* FindSkill(CharacterRecord& character, std::string_view name);
-const Skill* FindSkill(const CharacterRecord& character, std::string_view name);
-// The first free slot, to be filled by the caller; nothing when all are taken.
-Skill* TakeSkillSlot(CharacterRecord& character);
 
 }  // namespace korvane

@@ -24,7 +24,7 @@ bool CheckStat(Session& session, std::string_view check) {
     const auto name = FirstCharacters(check, 3);
     const int slot = CharacteristicSlot(session.character, name);
     if (slot == 0) {
-        Tell(session, ScratchText("Check Stat ", check, "not found ", name));
+        Tell(session, Concat("Check Stat ", check, "not found ", name));
         return false;
     }
     return session.character.Characteristic[slot] >= CheckTarget(check);

@@ -1,5 +1,7 @@
 #include "character/dice.h"
 
+#include <atomic>
+#include <cassert>
 #include <chrono>
 
 namespace korvane {
@@ -14,7 +16,7 @@ int Total(RandomStream& stream, int count, int sides) {
 }
 
 std::uint64_t ClockSeed() {
-    static std::uint64_t call = 0;
+    static std::atomic<std::uint64_t> call = 0;
     const auto ticks = std::chrono::system_clock::now().time_since_epoch().count();
     return RandomStream::Mix(static_cast<std::uint64_t>(ticks)) ^ RandomStream::Mix(++call);
 }
@@ -33,6 +35,7 @@ std::uint64_t RandomStream::Next() {
 }
 
 int RandomStream::Below(int n) {
+    assert(n >= 1);
     // The integer part of n times a fraction of 32 bits.
     return static_cast<int>(((Next() >> 32U) * static_cast<std::uint64_t>(n)) >> 32U);
 }

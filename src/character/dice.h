@@ -19,7 +19,7 @@ class RandomStream {
   public:
     explicit RandomStream(std::uint64_t seed = 0) : state_(seed) {}
     std::uint64_t Next();
-    // A whole number from 0 to n - 1.
+    // A whole number from 0 to n - 1; n is at least 1.
     int Below(int n);
 
     // Spreads each bit of a number over the whole result.

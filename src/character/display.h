@@ -2,9 +2,6 @@
 // rest.
 #pragma once
 
-#include <cstddef>
-#include <string_view>
-
 namespace korvane {
 
 class Display {
@@ -17,10 +14,20 @@ class Display {
     virtual void SelectionChanged() {}
     // A box was changed in a dialog.
     virtual void OptionsChanged() {}
-    // The row, from 0, of a chain of codes was carried out; for those who count.
-    virtual void CodeCarriedOut(std::string_view /*chain*/, std::size_t /*row*/) {}
     // The controls of a new character are locked while a career runs.
-    virtual void ControlsLocked(bool /*locked*/) {}
+    virtual void ControlsLocked(bool /*locked*/) noexcept {}
+};
+
+namespace codes {
+struct Row;
+}
+
+// For those who count what the rules do.
+class Observer {
+  public:
+    virtual ~Observer() = default;
+    // The row of a code was carried out.
+    virtual void CarriedOut(const codes::Row& row) = 0;
 };
 
 }  // namespace korvane

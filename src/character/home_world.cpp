@@ -39,22 +39,19 @@ const WorldRow& RowOf(const WorldTable& table, int total) {
 }  // namespace
 
 void RollHomeWorld(Session& session) {
-    auto& line = session.character.HomeWorld;
-    line.clear();
+    auto& facts = session.character.HomeWorld;
+    for (auto& fact : facts)
+        fact.clear();
     const auto& worlds = session.data.HomeWorlds();
     if (!worlds)
         return;
-    constexpr auto kTables = kWorldTableNames.size();
-    std::array<Shifts, kTables> shifts;
-    std::array<const WorldRow*, kTables> rows{};
+    std::array<Shifts, kWorldTableNames.size()> shifts;
     for (const auto table : worlds->order) {
         const auto& row = RowOf(worlds->tables.at(table), shifts.at(table).Shifted(Roll(session, 2, 6)));
         for (const auto& shift : row.shifts)
             shifts.at(shift.table).Take(shift);
-        rows.at(table) = &row;
+        facts.at(table) = row.text;
     }
-    for (std::size_t table = 0; table < kTables; ++table)
-        AppendAll(line, table == 0 ? "" : "; ", kWorldTableNames.at(table), ": ", rows.at(table)->text);
 }
 
 }  // namespace korvane

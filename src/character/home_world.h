@@ -5,8 +5,8 @@
 
 namespace korvane {
 
-// Rolls the home world of the session's character, one roll of two dice a table, and writes it down as one line:
-// "Port: ...; Size: ...". Without tables in the data folder nothing is rolled and the line is empty. Throws FileError
+// Rolls the home world of the session's character, one roll of two dice a table, and writes down the seven facts.
+// Without tables in the data folder nothing is rolled and they are empty. Throws FileError
 // for a malformed file of tables.
 void RollHomeWorld(Session& session);
 

@@ -27,6 +27,13 @@ inline constexpr std::array<std::string_view, 9> kOptionCaptions = {
     "Cap Skills at 4",       "Sort Skills by Value",
     "Force Academic Success"};
 
+// In the order of their captions.
+inline constexpr std::array kAllOptions = {Option::AutomaticGeneration, Option::ForceNoEjectionOnMishap,
+                                           Option::SelectSkillPackage,  Option::AddSkillsForConnections,
+                                           Option::RandomSkills,        Option::ForcePromote,
+                                           Option::CapSkillsAt4,        Option::SortSkillsByValue,
+                                           Option::ForceAcademicSuccess};
+
 // The ticked boxes. The engine reads them when a rule applies, so a change counts from the next step on.
 class Options {
   public:

@@ -85,8 +85,24 @@ struct MusterQuestion {
     bool materialEnabled = true;
     bool threeCashEnabled = true;
     bool gamblerEnabled = false;
-    std::span<const std::string> results;
+    std::span<const std::string> cash;  // what the rolls have brought so far
+    std::span<const std::string> benefits;
+
+    bool Enabled(MusterButton button) const;
 };
+inline bool MusterQuestion::Enabled(MusterButton button) const {
+    switch (button) {
+        case MusterButton::Cash:
+            return cashEnabled;
+        case MusterButton::Material:
+            return materialEnabled;
+        case MusterButton::ThreeCashRestMaterial:
+            return threeCashEnabled;
+        case MusterButton::Done:
+            return true;
+    }
+    return false;
+}
 struct MusterPress {
     MusterButton button = MusterButton::Done;
     bool gambler = false;

@@ -3,6 +3,7 @@
 #include <array>
 #include <charconv>
 #include <limits>
+#include <sstream>
 #include <unistd.h>
 
 #include "base/encoding.h"
@@ -15,7 +16,7 @@ namespace korvane::cli {
 namespace {
 
 // What the options of the command line say before they are checked against what there is.
-struct Captions {
+struct RawOptions {
     std::string method;
     std::vector<std::string> options;
     std::string player = "automatic";
@@ -71,6 +72,15 @@ void Assign(int& to, std::uint64_t number) {
     to = static_cast<int>(number);
 }
 
+// A message whose lines show as they are and have an end.
+std::string Bounded(const std::string& message) {
+    constexpr std::size_t kMostShown = 2000;
+    std::string bounded;
+    for (const auto line : SplitAll(message, '\n'))
+        AppendAll(bounded, bounded.empty() ? "" : "\n", Printable(line, kMostShown));
+    return bounded;
+}
+
 // An option that takes a whole number between two others.
 template <typename Number>
 CLI::Option* AddNumber(CLI::App& app, const std::string& name, Number& to, std::uint64_t least, std::uint64_t most,
@@ -103,29 +113,29 @@ void CheckPages(Format format, const PageOrder& page, const std::string& folder)
 }
 
 void AddSelection(CLI::App& app, std::string& data, std::string& race, std::string& career, std::string& assignment,
-                  Captions& captions) {
+                  RawOptions& raw) {
     app.add_option("--data", data, "Folder of the rule data (default: the configured one, else the shipped rules)")
         ->take_last();
     app.add_option("--race", race, "Race, as its file is named");
     app.add_option("--career", career, "Career of the race");
     app.add_option("--assignment", assignment, "Assignment of the career");
-    app.add_option("--method", captions.method, "Method of rolling: " + Listed(kMethodCaptions));
-    app.add_option("--option", captions.options, "An option to tick; may be repeated: " + Listed(kOptionCaptions))
+    app.add_option("--method", raw.method, "Method of rolling: " + Listed(kMethodCaptions));
+    app.add_option("--option", raw.options, "An option to tick; may be repeated: " + Listed(kOptionCaptions))
         ->allow_extra_args(false);
 }
 
-void AddGenerate(CLI::App& app, GenerateCommand& command, Captions& captions) {
+void AddGenerate(CLI::App& app, GenerateCommand& command, RawOptions& raw) {
     auto& plan = command.plan;
-    AddSelection(app, command.data, plan.race, plan.career, plan.assignment, captions);
+    AddSelection(app, command.data, plan.race, plan.career, plan.assignment, raw);
     AddNumber(app, "--terms", plan.terms, 1, 100,
               "Terms of service before mustering out (automatic player; default: 4)");
     AddNumber(app, "--count", command.count, 1, kMostLives, "Number of characters (default: 1)");
     AddNumber(app, "--seed", plan.seed, 0, kAnyNumber,
               "Repeats a run exactly: character i depends on the seed and i alone");
-    app.add_option("--player", captions.player, "Who answers: automatic generation, or a random answer to each dialog")
+    app.add_option("--player", raw.player, "Who answers: automatic generation, or a random answer to each dialog")
         ->check(CLI::IsMember({"automatic", "random"}))
         ->capture_default_str();
-    app.add_option("--format", captions.format, "What is printed of each character")
+    app.add_option("--format", raw.format, "What is printed of each character")
         ->check(CLI::IsMember({"text", "json", "html", "none"}))
         ->capture_default_str();
     app.add_option("--out", command.outFolder, "Folder for a file of each character, in place of standard output");
@@ -133,15 +143,15 @@ void AddGenerate(CLI::App& app, GenerateCommand& command, Captions& captions) {
     app.add_option("--journal", command.journalFolder, "Folder for a journal of each character");
 }
 
-void AddPlay(CLI::App& app, PlayCommand& command, Captions& captions) {
-    AddSelection(app, command.data, command.race, command.career, command.assignment, captions);
+void AddPlay(CLI::App& app, PlayCommand& command, RawOptions& raw) {
+    AddSelection(app, command.data, command.race, command.career, command.assignment, raw);
     app.add_option("--journal", command.journal, "File for the character's journal");
 }
 
-void AddReplay(CLI::App& app, ReplayCommand& command, Captions& captions) {
+void AddReplay(CLI::App& app, ReplayCommand& command, RawOptions& raw) {
     app.add_option("JOURNAL", command.journal, "The journal to replay; \"-\" for standard input")->required();
     app.add_option("--data", command.data, "Folder of the rule data that the journal was made with");
-    app.add_option("--format", captions.format, "What is printed of the character")
+    app.add_option("--format", raw.format, "What is printed of the character")
         ->check(CLI::IsMember({"text", "json", "html"}))
         ->capture_default_str();
     app.add_option("--out", command.outFolder, "Folder for the page of \"--format html\"");
@@ -154,24 +164,24 @@ void AddCodes(CLI::App& app, CodesCommand& command) {
     AddNumber(app, "--count", command.count, 0, kMostLives,
               "Live so many lives and count how often each code is carried out");
     AddNumber(app, "--seed", command.seed, 0, kAnyNumber, "Seed of the lives (default: 1)");
-    app.add_flag("--every-code", command.everyCode, "Live on a copy of the data that holds every code");
+    app.add_flag("--describe", command.describe, "Say what each code does, as a page in Markdown");
 }
 
 // The check comes after the parsing, as its texts list what there is.
-void Check(GenerateCommand& command, const Captions& captions) {
+void Check(GenerateCommand& command, const RawOptions& raw) {
     auto& plan = command.plan;
-    plan.method = MethodNamed(captions.method);
-    plan.options = OptionsNamed(captions.options);
-    plan.player = captions.player == "random" ? PlayerKind::Random : PlayerKind::Automatic;
-    if (plan.player == PlayerKind::Random && plan.options[Option::AutomaticGeneration])
+    plan.method = MethodNamed(raw.method);
+    plan.options = OptionsNamed(raw.options);
+    plan.player = raw.player == "random" ? play::PlayerKind::Random : play::PlayerKind::Automatic;
+    if (plan.player == play::PlayerKind::Random && plan.options[Option::AutomaticGeneration])
         throw UsageError("the random player never uses \"Automatic Generation\"; leave one of the two out");
-    command.format = FormatNamed(captions.format);
+    command.format = FormatNamed(raw.format);
     CheckPages(command.format, command.page, command.outFolder);
     command.progress = isatty(STDERR_FILENO) != 0;
 }
 
-void Check(ReplayCommand& command, const Captions& captions) {
-    command.format = FormatNamed(captions.format);
+void Check(ReplayCommand& command, const RawOptions& raw) {
+    command.format = FormatNamed(raw.format);
     CheckPages(command.format, command.page, command.outFolder);
     if (command.format != Format::Html && !command.outFolder.empty())
         throw UsageError(R"("--out" goes with "--format html" alone)");
@@ -193,7 +203,7 @@ int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
     CLI::App app("Plays the lives of Farwend characters from editable rule data.", "korvane-cli");
     app.set_version_flag("--version", "korvane-cli " KORVANE_VERSION);
     app.require_subcommand(1);
-    Captions captions;
+    RawOptions raw;
     GenerateCommand generate;
     PlayCommand play;
     ReplayCommand replay;
@@ -203,29 +213,47 @@ int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
     auto* const replay_app = app.add_subcommand("replay", "Play a journal again, die by die");
     auto* const codes_app = app.add_subcommand("codes", "List the codes of mishaps and events");
     AddCodes(*codes_app, codes);
-    AddGenerate(*generate_app, generate, captions);
-    AddPlay(*play_app, play, captions);
-    AddReplay(*replay_app, replay, captions);
+    AddGenerate(*generate_app, generate, raw);
+    AddPlay(*play_app, play, raw);
+    AddReplay(*replay_app, replay, raw);
     auto words = Words(arguments);
     std::ranges::reverse(words);  // as the library wants them
     try {
         app.parse(std::move(words));
     } catch (const CLI::ParseError& error) {
-        return app.exit(error, streams.out, streams.err) == 0 ? kSuccess : kFailure;
+        std::ostringstream told;
+        const bool good = app.exit(error, streams.out, told) == 0;
+        streams.err << Bounded(told.str());
+        return good ? kSuccess : kFailure;
     }
     if (generate_app->parsed()) {
-        Check(generate, captions);
+        Check(generate, raw);
         return Generate(generate, streams);
     }
     if (play_app->parsed()) {
-        play.method = MethodNamed(captions.method);
-        play.options = OptionsNamed(captions.options);
+        play.method = MethodNamed(raw.method);
+        play.options = OptionsNamed(raw.options);
         return Play(play, streams);
     }
     if (codes_app->parsed())
         return Codes(codes, streams);
-    Check(replay, captions);
+    Check(replay, raw);
     return Replay(replay, streams);
+}
+
+}  // namespace
+
+namespace {
+
+// What a selection asked for, and what there is.
+std::string Told(const Missing& missing) {
+    const auto file = Concat(Printable(missing.file, 300), ": no such file");
+    if (missing.known.empty())
+        return Concat("there is no ", missing.kind, " (", file, ")");
+    auto told = missing.name.empty() ? Concat("no ", missing.kind, " to pick")
+                                     : Concat("unknown ", missing.kind, " ", Quoted(missing.name), " (", file, ")");
+    AppendAll(told, missing.known.size() == 1 ? "; there is: " : "; there are: ", Listed(missing.known));
+    return told;
 }
 
 }  // namespace
@@ -236,12 +264,14 @@ int RunCommandLine(const std::vector<std::string>& arguments, Streams& streams) 
         if (streams.out.flush())
             return status;
         streams.err << "korvane-cli: the output can't be written\n";
+    } catch (const play::MissingSelection& selection) {
+        streams.err << "korvane-cli: " << Bounded(Told(selection.missing)) << '\n';
     } catch (const RuleError& error) {
-        streams.err << "korvane-cli: " << NameOf(error.kind()) << " error: " << error.what() << '\n';
+        streams.err << "korvane-cli: " << NameOf(error.kind()) << " error: " << Bounded(error.what()) << '\n';
     } catch (const FileError& error) {
-        streams.err << "korvane-cli: file error: " << error.what() << '\n';
+        streams.err << "korvane-cli: file error: " << Bounded(error.what()) << '\n';
     } catch (const std::exception& error) {
-        streams.err << "korvane-cli: " << error.what() << '\n';
+        streams.err << "korvane-cli: " << Bounded(error.what()) << '\n';
     }
     return kFailure;
 }

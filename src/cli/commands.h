@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "cli/lives.h"
 #include "cli/pages.h"
+#include "play/life_plan.h"
 
 namespace korvane::cli {
 
@@ -26,7 +26,7 @@ enum class Format { Text, Json, Html, None };
 
 struct GenerateCommand {
     std::string data;
-    LifePlan plan;
+    play::LifePlan plan;
     std::uint64_t count = 1;
     Format format = Format::Text;
     PageOrder page;             // how a page is made
@@ -56,12 +56,13 @@ struct ReplayCommand {
 };
 int Replay(const ReplayCommand& command, Streams& streams);
 
-// Lists the codes that rule data may carry, in their order; with a count, how often lives carried each out.
+// Lists the codes that rule data may carry, in their order; with a count, how often lives carried each out; or describes
+// them, as docs/codes.md does.
 struct CodesCommand {
     std::string data;
     std::uint64_t count = 0;
     std::uint64_t seed = 1;
-    bool everyCode = false;  // live on data that is made to hold every code
+    bool describe = false;
 };
 int Codes(const CodesCommand& command, Streams& streams);
 

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "app/configuration.h"
+#include "settings/configuration.h"
 
 namespace korvane::cli {
 

@@ -1,3 +1,4 @@
+#include <exception>
 #include <filesystem>
 #include <optional>
 
@@ -6,8 +7,7 @@
 #include "base/text.h"
 #include "cli/commands.h"
 #include "cli/data_choice.h"
-#include "output/character_document.h"
-#include "output/character_text.h"
+#include "cli/rendering.h"
 
 namespace korvane::cli {
 
@@ -18,10 +18,6 @@ std::string Padded(std::uint64_t number, std::uint64_t count) {
     auto digits = Concat(number);
     const auto width = Concat(count).size();
     return std::string(width - std::min(width, digits.size()), '0') + digits;
-}
-
-std::string Rendered(const Session& session, Format format) {
-    return format == Format::Json ? CharacterDocument(session) + "\n" : CharacterText(session);
 }
 
 // A progress line that is drawn over itself, about a hundred times in a run.
@@ -56,7 +52,7 @@ class Generator {
           session_(DataFolder(ChooseDataLocation(command.data), DataFolder::Reading::Once),
                    {nullptr, nullptr, &display_}) {
         if (command.format == Format::Html)
-            pages_.emplace(session_, command.page, command.outFolder);
+            pages_.emplace(session_, command.page, command.outFolder, command.count > 1);
     }
 
     int Run() {
@@ -67,7 +63,7 @@ class Generator {
                 progress.Done(number);
             }
         } catch (const std::exception&) {
-            FinishFiles();  // of what there is
+            FinishWhatThereIs();
             throw;
         }
         FinishFiles();
@@ -75,10 +71,18 @@ class Generator {
     }
 
   private:
+    // The same after an error, which is the one to be told.
+    void FinishWhatThereIs() {
+        try {
+            FinishFiles();
+        } catch (const std::exception&) {
+            status_ = kFailure;
+        }
+    }
     // The list of what was written, and all of it on the disk.
     void FinishFiles() {
-        if (pages_ && command_.count > 1)
-            pages_->WriteIndex();
+        if (pages_)
+            pages_->Finish();
         for (const auto& folder : {command_.outFolder, command_.journalFolder})
             if (!folder.empty())
                 SyncFolder(folder);
@@ -86,34 +90,26 @@ class Generator {
 
     void RunOne(std::uint64_t number) {
         const auto outcome = LiveJournaled(number);
+        if (outcome.endedInFileError())
+            std::rethrow_exception(outcome.cause);
         if (!outcome.end) {
-            streams_.err << "korvane-cli: character " << number << ": " << outcome.error << '\n';
+            streams_.err << "korvane-cli: character " << number << ": " << outcome.kind << " error: " << outcome.error
+                         << '\n';
             status_ = kFailure;
-        } else if (*outcome.end == LifeEnd::MusteredOut && command_.format != Format::None) {
+        } else if (outcome.finished() && command_.format != Format::None) {
             Show(number);
         }
     }
-
-    // A journal is written also for a life that a malformed file ends.
-    LifeOutcome LiveJournaled(std::uint64_t number) {
+    // A journal is written also for a life that an error ends.
+    play::LifeOutcome LiveJournaled(std::uint64_t number) {
         if (command_.journalFolder.empty())
-            return Live(session_, command_.plan, number, {});
+            return play::Live(session_, command_.plan, number, {});
         std::string journal;
-        const auto write = [&] {
-            ReplaceFile(FileName(command_.journalFolder, number, ".jsonl"), journal, Sync::Later);
-        };
-        try {
-            auto outcome = Live(session_, command_.plan, number,
-                                [&journal](std::string_view line) { AppendAll(journal, line, "\n"); });
-            write();
-            return outcome;
-        } catch (const FileError&) {
-            if (!journal.empty())
-                write();
-            throw;
-        }
+        auto outcome = play::Live(session_, command_.plan, number,
+                                  [&journal](std::string_view line) { AppendAll(journal, line, "\n"); });
+        ReplaceFile(FileName(command_.journalFolder, number, ".jsonl"), journal, Sync::Later);
+        return outcome;
     }
-
     void Show(std::uint64_t number) {
         if (pages_)
             WritePage(number);

@@ -5,9 +5,11 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/files.h"
 #include "character/KVNDeclare.h"
+#include "cli/page_index.h"
 #include "output/page_export.h"
 
 namespace korvane::cli {
@@ -22,28 +24,30 @@ struct PageOrder {
 
 class PageWriter {
   public:
-    // Reads the template, and the master skill list into the session. Throws UsageError for a template that the data
-    // folder doesn't have, and FileError for what can't be read.
-    PageWriter(Session& session, const PageOrder& order, std::filesystem::path folder);
+    // Reads the template, and the master skill list into the session; several pages are `listed` in an index. Throws
+    // UsageError for a template that the data folder doesn't have, and FileError for what can't be read.
+    PageWriter(Session& session, const PageOrder& order, std::filesystem::path folder, bool listed);
 
     // Writes the page of the session's character; the file is called by the letters of its name. `defaultName` serves
-    // where no name is given and none can be rolled. Throws FileError for a page that can't be written, UsageError when
-    // the PDF file can't be made.
+    // where no name is given and none can be rolled. Throws FileError for a page that can't be written.
     void Write(std::string_view defaultName);
     // The same, into a file of the given name without its ending; the index will lead to it.
     void WriteListed(std::string_view defaultName, const std::string& stem);
-    // Writes "index.htm", which leads to all listed pages, and brings them all to the disk.
-    void WriteIndex() const;
+    // Writes "index.htm" where it is wanted, brings all to the disk and has the PDF files made. Throws as above, and
+    // UsageError when a PDF file can't be made.
+    void Finish();
 
   private:
     std::string NameOf(std::string_view defaultName);
-    void WriteAs(std::string_view name, const std::string& stem, Sync sync) const;
+    void WriteAs(std::string_view name, const std::string& fileName, Sync sync);
 
     Session& session_;
     const PageOrder& order_;
     std::filesystem::path folder_;
+    bool listed_;
     PageTemplate template_;
-    std::string rows_;  // of the index
+    PageIndex index_;
+    std::vector<std::filesystem::path> printed_;  // pages that PDF files are made of
 };
 
 }  // namespace korvane::cli

@@ -1,7 +1,8 @@
 #include "cli/pdf_program.h"
 
-#include <array>
+#include <algorithm>
 #include <cerrno>
+#include <span>
 #include <spawn.h>
 #include <string>
 #include <sys/wait.h>
@@ -37,10 +38,16 @@ int ExitStatus(pid_t process) {
 
 }  // namespace
 
-void MakePdf(const fs::path& page) {
-    auto program = ProgramToRun();
-    auto argument = fs::absolute(page).string();
-    const std::array<char*, 3> arguments = {program.data(), argument.data(), nullptr};
+namespace {
+
+void RunOn(const std::string& program, std::span<const fs::path> pages) {
+    std::vector<std::string> words = {program};
+    for (const auto& page : pages)
+        words.push_back(fs::absolute(page).string());
+    std::vector<char*> arguments;
+    for (auto& word : words)
+        arguments.push_back(word.data());
+    arguments.push_back(nullptr);
     pid_t process = 0;
     const int error = posix_spawnp(&process, program.c_str(), nullptr, nullptr, arguments.data(), environ);
     if (error == ENOENT)
@@ -48,7 +55,20 @@ void MakePdf(const fs::path& page) {
     if (error != 0)
         throw UsageError(Concat(program, " can't be started: ", std::system_category().message(error)));
     if (const int status = ExitStatus(process); status != 0)
-        throw UsageError(Concat(kProgram, " made no PDF file of ", argument, " (exit status ", status, ")"));
+        throw UsageError(Concat(kProgram, " made no PDF file of ", words[1],
+                                pages.size() > 1 ? " or a page after it" : "", " (exit status ", status, ")"));
+}
+
+}  // namespace
+
+void MakePdfs(const std::vector<fs::path>& pages) {
+    constexpr std::size_t kMostAtOnce = 200;
+    const auto program = ProgramToRun();
+    for (std::span<const fs::path> rest = pages; !rest.empty();) {
+        const auto now = rest.first(std::min(rest.size(), kMostAtOnce));
+        RunOn(program, now);
+        rest = rest.subspan(now.size());
+    }
 }
 
 }  // namespace korvane::cli

@@ -1,12 +1,13 @@
-// The program that makes a PDF file of a page.
+// The program that makes PDF files of pages.
 #pragma once
 
 #include <filesystem>
+#include <vector>
 
 namespace korvane::cli {
 
-// Runs "korvane-pdf", the one that stands beside this program or else the first on the PATH, on a page and waits for
-// it. Throws UsageError when there is none or it fails.
-void MakePdf(const std::filesystem::path& page);
+// Runs "korvane-pdf", the one that stands beside this program or else the first on the PATH, on the pages and waits
+// for it. Throws UsageError when there is none or it fails.
+void MakePdfs(const std::vector<std::filesystem::path>& pages);
 
 }  // namespace korvane::cli

@@ -1,16 +1,17 @@
+#include <exception>
 #include <optional>
 
 #include "base/error.h"
 #include "base/files.h"
 #include "base/text.h"
 #include "character/characteristics.h"
-#include "character/summary.h"
 #include "cli/commands.h"
 #include "cli/data_choice.h"
 #include "cli/terminal_player.h"
-#include "engine/selection.h"
 #include "output/character_text.h"
 #include "output/journal/recorder.h"
+#include "output/summary_texts.h"
+#include "play/life.h"
 
 namespace korvane::cli {
 
@@ -27,8 +28,8 @@ void Select(Session& session, const PlayCommand& command, TerminalPlayer& player
     auto& data = session.data;
     const auto race = Pick(player, "Race", command.race, *data.RaceNames());
     const auto career = Pick(player, "Career", command.career, *data.CareerNames(race));
-    SelectStart(session, race, career,
-                Pick(player, "Assignment", command.assignment, *data.AssignmentNames(race, career)));
+    play::Select(session, race, career,
+                 Pick(player, "Assignment", command.assignment, *data.AssignmentNames(race, career)));
 }
 
 // The journal of a life that is played: each line is in the file before the next question comes. What the disk refuses
@@ -97,20 +98,13 @@ int Play(const PlayCommand& command, Streams& streams) {
     session.method = command.method;
     session.options = command.options;
     Select(session, command, player);
-    try {
-        RollCharacter(session, recorder, journal, player, streams.out);
-        const auto end = RunLife(session);
-        if (end == LifeEnd::MusteredOut)
-            streams.out << '\n' << CharacterText(session) << std::flush;
-        recorder.End(end);
-        return journal.whole() ? kSuccess : kFailure;
-    } catch (const RuleError& error) {
-        recorder.EndInError(NameOf(error.kind()), error.what());
-        throw;
-    } catch (const FileError& error) {
-        recorder.EndInError("file", error.what());
-        throw;
-    }
+    const auto roll = [&](Session& life) { RollCharacter(life, recorder, journal, player, streams.out); };
+    const auto outcome = play::LiveRecorded(session, recorder, roll, [&] {
+        streams.out << '\n' << CharacterText(session) << std::flush;
+    });
+    if (outcome.cause)
+        std::rethrow_exception(outcome.cause);
+    return journal.whole() ? kSuccess : kFailure;
 }
 
 }  // namespace korvane::cli

@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "base/text.h"
+#include "character/player_texts.h"
 
 namespace korvane::cli {
 
@@ -46,7 +47,7 @@ std::string TerminalPlayer::Read(std::string_view prompt) {
 }
 
 void TerminalPlayer::OfferScrapping() {
-    if (Ask({"Scrap this character?", {}, Icon::Question, false}))
+    if (Ask({kScrapQuestion, {}, Icon::Question, false}))
         throw CharacterScrapped();
 }
 
@@ -99,13 +100,13 @@ std::vector<int> TerminalPlayer::Select(const ListQuestion& question) {
         marked.erase(std::unique(marked.begin(), marked.end()), marked.end());
         const auto count = static_cast<int>(marked.size());
         if (count == 0)
-            out_ << "No items selected\n";
+            out_ << kNoItems << '\n';
         else if (marked.front() < 1 || marked.back() > static_cast<int>(question.items.size()))
             out_ << "Please type numbers of the list.\n";
         else if (count > question.maximum)
-            out_ << "Too many items selected; limit is " << question.maximum << '\n';
+            out_ << kTooManyItems << question.maximum << '\n';
         else if (count < question.minimum)
-            out_ << "Too few items selected; minimum is " << question.minimum << '\n';
+            out_ << kTooFewItems << question.minimum << '\n';
         else
             return marked;
     }
@@ -153,22 +154,22 @@ Options TerminalPlayer::ChangeOptions(Options options) {
 EndOfTermAnswer TerminalPlayer::EndOfTerm(const EndOfTermQuestion& question) {
     auto options = question.options;
     while (true) {
-        const int number = PickLine(
-            Concat("End of Term Options (", question.termsTotal, " terms)"),
-            {{"Re-Enlist"}, {"Transfer & Re-Enlist"}, {"Muster Out"}, {"Scrap and Restart"}, {"Change options"}}, true);
-        if (number < 5)
+        std::vector<Line> lines;
+        for (const auto caption : kEndOfTermCaptions)
+            lines.push_back({std::string(caption)});
+        lines.push_back({"Change options"});
+        const int number = PickLine(Concat(kEndOfTermHeading, " (", question.termsTotal, " terms)"), lines, true);
+        if (number < static_cast<int>(lines.size()))
             return {static_cast<EndOfTermChoice>(number), options};
         options = ChangeOptions(options);
     }
 }
 
 std::optional<TransferAnswer> TerminalPlayer::Transfer(const TransferQuestion& question) {
-    Tell(
-        {"Your character either has to move jobs or end his career and muster out. Select a new Career and "
-         "Assignment."});
+    Tell({kTransferNotice});
     while (true) {
         auto careers = question.careers;
-        careers.emplace_back("End Career");
+        careers.emplace_back(kEndCareer);
         const auto picked = static_cast<std::size_t>(PickName("Career", careers, true));
         if (picked == careers.size())
             return std::nullopt;
@@ -184,19 +185,16 @@ std::optional<TransferAnswer> TerminalPlayer::Transfer(const TransferQuestion& q
 MusterPress TerminalPlayer::Muster(const MusterQuestion& question) {
     out_ << "\nMuster Out for " << question.career << ' ' << question.rolls << " rolls remaining; " << question.bonuses
          << " times you can add +1\n";
-    if (!question.results.empty())
-        out_ << "Results:";
-    for (const auto& result : question.results)
-        out_ << ' ' << result << (&result == &question.results.back() ? "\n" : ",");
-    const int number = PickLine("Benefit",
-                                {{"Cash", question.cashEnabled},
-                                 {"Material", question.materialEnabled},
-                                 {"3 Cash, rest Material", question.threeCashEnabled},
-                                 {"Done"}},
-                                false);
+    for (const auto results : {question.cash, question.benefits})
+        for (const auto& result : results)
+            out_ << "  " << result << '\n';
+    std::vector<Line> lines;
+    for (std::size_t i = 0; i < kMusterCaptions.size(); ++i)
+        lines.push_back({std::string(kMusterCaptions.at(i)), question.Enabled(static_cast<MusterButton>(i))});
+    const int number = PickLine("Benefit", lines, false);
     const auto button = static_cast<MusterButton>(number - 1);
     const bool rolls_cash = button == MusterButton::Cash || button == MusterButton::ThreeCashRestMaterial;
-    return {button, rolls_cash && question.gamblerEnabled && Ask({"Use Gambler?", {}, Icon::Question, false})};
+    return {button, rolls_cash && question.gamblerEnabled && Ask({kGamblerQuestion, {}, Icon::Question, false})};
 }
 
 }  // namespace korvane::cli

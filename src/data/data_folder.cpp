@@ -21,7 +21,7 @@ const Value& DataFolder::Cached(Cache<Value>& cache, std::string_view key, const
 }
 
 template <typename Record, typename Parse>
-const std::optional<Record>& DataFolder::IfThere(Extra<Record>& extra, std::string_view name, std::string_view role,
+const std::optional<Record>& DataFolder::ReadIfThere(Optional<Record>& extra, std::string_view name, std::string_view role,
                                                  const Parse& parse) {
     if (extra.read && reading_ == Reading::Once)
         return extra.record;
@@ -50,19 +50,19 @@ DataFolder::SharedNames DataFolder::RaceNames() {
 }
 
 DataFolder::SharedNames DataFolder::CareerNames(std::string_view race) {
-    const ScratchText prefix(race, "-");
-    return Cached(lists_, ScratchText(prefix, "*.ecf"),
+    const auto prefix = Concat(race, "-");
+    return Cached(lists_, Concat(prefix, "*.ecf"),
                   [&] { return std::make_shared<const Names>(Listed(prefix, ".ecf")); });
 }
 
 DataFolder::SharedNames DataFolder::AssignmentNames(std::string_view race, std::string_view career) {
-    const ScratchText prefix(race, "-", career, "-");
-    return Cached(lists_, ScratchText(prefix, "*.eas"),
+    const auto prefix = Concat(race, "-", career, "-");
+    return Cached(lists_, Concat(prefix, "*.eas"),
                   [&] { return std::make_shared<const Names>(Listed(prefix, ".eas")); });
 }
 
 DataFolder::SharedNames DataFolder::TransferAssignmentNames(std::string_view race, std::string_view career) {
-    const ScratchText key(race, "-", career, "-*.eas after the last");
+    const auto key = Concat(race, "-", career, "-*.eas after the last");
     return Cached(lists_, key, [&] {
         Names last_parts;
         for (const auto& name : *AssignmentNames(race, career))
@@ -72,27 +72,27 @@ DataFolder::SharedNames DataFolder::TransferAssignmentNames(std::string_view rac
 }
 
 const RaceRecord& DataFolder::Race(std::string_view race) {
-    const ScratchText name(race, ".eri");
+    const auto name = Concat(race, ".eri");
     return Cached(races_, name, [&] { return ReadRace(Read(name, "a race file")); });
 }
 
 const CareerFile& DataFolder::Career(std::string_view race, std::string_view career) {
-    const ScratchText name(race, "-", career, ".ecf");
+    const auto name = Concat(race, "-", career, ".ecf");
     return Cached(careers_, name, [&] { return ReadCareer(Read(name, "a career file")); });
 }
 
 const AssignmentRecord& DataFolder::Assignment(std::string_view race, std::string_view career,
                                                std::string_view assignment) {
-    const ScratchText name(race, "-", career, "-", assignment, ".eas");
+    const auto name = Concat(race, "-", career, "-", assignment, ".eas");
     return Cached(assignments_, name, [&] { return ReadAssignment(Read(name, "an assignment file")); });
 }
 
 const std::optional<NameTables>& DataFolder::NamesOfRaces() {
-    return IfThere(names_, "Names.dat", "the tables of names", ReadNameTables);
+    return ReadIfThere(names_, "Names.dat", "the tables of names", ReadNameTables);
 }
 
 const std::optional<WorldTables>& DataFolder::HomeWorlds() {
-    return IfThere(worlds_, "Worlds.dat", "the tables of home worlds", ReadWorldTables);
+    return ReadIfThere(worlds_, "Worlds.dat", "the tables of home worlds", ReadWorldTables);
 }
 
 }  // namespace korvane

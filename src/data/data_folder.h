@@ -55,7 +55,7 @@ class DataFolder {
 
     // What a file says that the folder may do without.
     template <typename Record>
-    struct Extra {
+    struct Optional {
         bool read = false;
         std::optional<Record> record;
     };
@@ -63,7 +63,7 @@ class DataFolder {
     template <typename Value, typename Make>
     const Value& Cached(Cache<Value>& cache, std::string_view key, const Make& make);
     template <typename Record, typename Parse>
-    const std::optional<Record>& IfThere(Extra<Record>& extra, std::string_view name, std::string_view role,
+    const std::optional<Record>& ReadIfThere(Optional<Record>& extra, std::string_view name, std::string_view role,
                                          const Parse& parse);
     std::shared_ptr<const TextFile> Read(std::string_view name, std::string_view role) const;
     // The middles of the file names that begin with `prefix` and end with `ending`, in any case.
@@ -75,8 +75,8 @@ class DataFolder {
     Cache<RaceRecord> races_;
     Cache<CareerFile> careers_;
     Cache<AssignmentRecord> assignments_;
-    Extra<NameTables> names_;
-    Extra<WorldTables> worlds_;
+    Optional<NameTables> names_;
+    Optional<WorldTables> worlds_;
 };
 
 }  // namespace korvane

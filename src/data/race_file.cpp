@@ -47,7 +47,6 @@ Count ReadCountedList(RecordLines& lines, Rows& rows, std::string_view heading, 
 
 void ReadSpecialities(RecordLines& lines, RaceRecord& race) {
     constexpr int kMostSkills = 50;
-    constexpr std::size_t kMostSpecialities = 25;
     lines.SkipHeading("the heading of the specialities");
     const auto count = lines.NextCountUpTo(kMostSkills, "the number of skills with specialities");
     for (int i = 1; i <= count; ++i) {

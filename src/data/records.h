@@ -19,6 +19,7 @@
 namespace korvane {
 
 inline constexpr int kMostCharacteristics = 10;
+inline constexpr std::size_t kMostSpecialities = 25;  // of one skill
 
 using Names = std::vector<std::string>;
 // The six rows of a skill table, or of a mishap table, numbered from 1.

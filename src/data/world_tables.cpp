@@ -84,8 +84,6 @@ class WorldReader {
         const auto [text, shifts] = SplitFirst(rest, "|");
         if (IsBlank(text))
             lines_.Reject(kExpected);
-        if (text.find("; ") != std::string_view::npos)  // it parts one fact from the next
-            lines_.Reject("a text without \"; \"");
         const auto [low, high] = SplitFirst(range, " to ");
         WorldRow row;
         row.low = ReadTotal(lines_, low, kExpected);

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "character/summary.h"
+#include "data/known_names.h"
 #include "data/rule_row.h"
 #include "skills/choice.h"
 
@@ -44,8 +45,9 @@ const AgingRow* RowFor(double total) {
 
 void PickPhysical(Session& session, int amount) {
     const auto& value = session.character.Characteristic;
-    const ScratchText title("Stat Reduced by Age: Pick a stat to reduce by ", amount);
-    const ScratchText options("Str ", value[kStr], "/Dex ", value[kDex], "/End ", value[kEnd]);
+    const auto title = Concat("Stat Reduced by Age: Pick a stat to reduce by ", amount);
+    const std::array texts = {Concat("Str ", value[kStr]), Concat("Dex ", value[kDex]), Concat("End ", value[kEnd])};
+    const std::array<std::string_view, 3> options = {texts[0], texts[1], texts[2]};
     // The number is taken as it stands: an answer that was drawn counts from 0, and 0 has a die decide.
     const int slot = ChooseOption(session, title, options);
     ReduceByAge(session, slot, amount);
@@ -53,8 +55,9 @@ void PickPhysical(Session& session, int amount) {
 
 void PickMental(Session& session) {
     const auto& value = session.character.Characteristic;
-    const ScratchText options("Int ", value[kInt], "/Edu ", value[kEdu], "/Soc ", value[kSoc]);
-    const int place = ChoosePlace(session, "Stat Reduced by Age: Pick a stat to reduce by 1", options);
+    const std::array texts = {Concat("Int ", value[kInt]), Concat("Edu ", value[kEdu]), Concat("Soc ", value[kSoc])};
+    const std::array<std::string_view, 3> options = {texts[0], texts[1], texts[2]};
+    const int place = Choose(session, "Stat Reduced by Age: Pick a stat to reduce by 1", options).place;
     ReduceByAge(session, kInt + place - 1, 1);
 }
 
@@ -74,7 +77,7 @@ double AgingModifier(const Session& session) {
     if (session.race.termYears == 0)
         throw RuleError(RuleError::Kind::Overflow, "the race's terms last no years");
     const double modifier = static_cast<double>(session.character.TermsTotal) / session.race.termYears;
-    return session.race.name == "Aslan" ? 2 * modifier : modifier;
+    return session.race.name == kAslan ? 2 * modifier : modifier;
 }
 
 // Adds the years of a term. Gives the modifier of an ageing roll, where one follows.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 #include "base/text.h"
 #include "engine/associates.h"
@@ -12,79 +13,94 @@ namespace korvane {
 
 namespace {
 
-template <typename... Pieces>
-void ShowResult(Session& session, const Pieces&... pieces) {
-    AppendAll(session.musterResults.Next(), pieces...);
-    session.musterResults.Keep();
+enum class Kind {
+    WithGain,       // recorded, and brings a gain
+    OneSkill,       // the choice of one skill
+    AllSkills,      // brings all of them
+    OneBenefit,     // the choice of one benefit
+    Equipment,      // recorded, or a skill in its place
+    AllyOrContact,  // somebody
+    ShipShares,     // as many as the dice say
+};
+
+// A benefit that the rules know.
+struct Known {
+    std::string_view benefit;
+    Kind kind;
+    std::array<std::string_view, 3> parts = {};
+};
+
+// clang-format off
+constexpr std::array<Known, 17> kKnown = {{
+    {"Soc +1 and Yacht",               Kind::WithGain,   {"Soc +1"}},
+    {"Personal Vehicle",               Kind::WithGain,   {"Drive or Flyer"}},
+    {"Ship's Boat",                    Kind::WithGain,   {"Pilot (Small Craft)"}},
+    {"Deception, Persuade or Stealth", Kind::OneSkill,   {"Deception", "Persuade", "Stealth"}},
+    {"Melee, Recon or Streetwise",     Kind::OneSkill,   {"Melee", "Recon", "Streetwise"}},
+    {"Deception, Persuade and Stealth",Kind::AllSkills,  {"Deception", "Persuade", "Stealth"}},
+    {"Personal Vehicle or Ship Share", Kind::OneBenefit, {"Personal Vehicle", "Ship Share"}},
+    {"Edu +1 or Two Ship Shares",      Kind::OneBenefit, {"Edu +1", "Two Ship Shares"}},
+    {"Ship's Boat or Two Ship Shares", Kind::OneBenefit, {"Ship's Boat", "Two Ship Shares"}},
+    {"Armour or End +1",               Kind::OneBenefit, {"End +1", "Armour"}},
+    {"Combat Implant or End +1",       Kind::OneBenefit, {"End +1", "Combat Implant"}},
+    {"Soc +1 or Combat Implant",       Kind::OneBenefit, {"Soc +1", "Combat Implant"}},
+    {"Scientific Equipment",           Kind::Equipment,  {"Different Scientific Equipment", "Electronic-1", "Science-1"}},
+    {"Ally",                           Kind::AllyOrContact},
+    {"Contact",                        Kind::AllyOrContact},
+    {"1D Ship Shares",                 Kind::ShipShares},
+    {"2D Ship Shares",                 Kind::ShipShares},
+}};
+// clang-format on
+
+constexpr std::string_view kTitle = "Mustering Out Choice";
+
+// Shows what was gained in the dialog's results.
+void ShowResult(Session& session, std::string_view benefit) {
+    session.musterResults.benefits.Add(benefit);
 }
 
 // A benefit that is owned: it stands in the character's benefits, in the dialog's results and in the history.
-void Record(Session& session, std::string_view benefit) {
+void Own(Session& session, std::string_view benefit) {
     session.character.Benefits.Add(benefit);
     ShowResult(session, benefit);
     AddHistory(session, benefit);
 }
 
-// A benefit that is recorded and brings a gain with it.
-struct WithGain {
-    std::string_view benefit;
-    std::string_view gain;
-};
-constexpr std::array<WithGain, 3> kWithGain = {{
-    {"Soc +1 and Yacht", "Soc +1"},
-    {"Personal Vehicle", "Drive or Flyer"},
-    {"Ship's Boat", "Pilot (Small Craft)"},
-}};
-
-// A benefit that is a choice of one skill.
-struct SkillChoice {
-    std::string_view benefit;
-    std::string_view skills;
-};
-constexpr std::array<SkillChoice, 2> kSkillChoices = {{
-    {"Deception, Persuade or Stealth", "Deception/Persuade/Stealth"},
-    {"Melee, Recon or Streetwise", "Melee/Recon/Streetwise"},
-}};
-
-// A benefit that is a choice of two benefits.
-struct BenefitChoice {
-    std::string_view benefit;
-    std::string_view benefits;
-};
-constexpr std::array<BenefitChoice, 6> kBenefitChoices = {{
-    {"Personal Vehicle or Ship Share", "Personal Vehicle/Ship Share"},
-    {"Edu +1 or Two Ship Shares", "Edu +1/Two Ship Shares"},
-    {"Ship's Boat or Two Ship Shares", "Ship's Boat/Two Ship Shares"},
-    {"Armour or End +1", "End +1/Armour"},
-    {"Combat Implant or End +1", "End +1/Combat Implant"},
-    {"Soc +1 or Combat Implant", "Soc +1/Combat Implant"},
-}};
-
-constexpr std::string_view kTitle = "Mustering Out Choice";
-
-std::string_view ChooseText(Session& session, std::string_view title, std::string_view options) {
-    return AlternativeAt(options, ChoosePlace(session, title, options));
-}
-
-void TakeScientificEquipment(Session& session) {
-    constexpr std::string_view kOptions = "Different Scientific Equipment/Electronic-1/Science-1";
-    const int place = ChoosePlace(session, "Select Option", kOptions);
-    if (place == 1) {
-        Record(session, "Scientific Equipment");
+void TakeEquipment(Session& session, const Known& known) {
+    const auto choice = Choose(session, "Select Option", known.parts);
+    if (choice.place == 1) {
+        Own(session, known.benefit);
         return;
     }
-    ShowResult(session, AlternativeAt(kOptions, place));
-    GrantSkill(session, AlternativeAt(kOptions, place));
+    ShowResult(session, choice.text);
+    GrantSkill(session, choice.text);
 }
 
-void TakeAllThreeSkills(Session& session, std::string_view benefit) {
-    for (const std::string_view skill : {"Deception", "Persuade", "Stealth"})
-        GrantSkill(session, skill);
-    ShowResult(session, benefit, " (all added)");
-}
-
-void TakeShipShares(Session& session, int dice) {
-    Record(session, ScratchText(Roll(session, dice, 6), " Ship Shares"));
+void TakeKnown(Session& session, const Known& known) {
+    const auto parts = std::span(known.parts);
+    switch (known.kind) {
+        case Kind::WithGain:
+            Own(session, known.benefit);
+            return GrantSkill(session, parts[0]);
+        case Kind::OneSkill: {
+            const auto skill = Choose(session, kTitle, parts).text;
+            GrantSkill(session, skill);
+            return ShowResult(session, Concat(skill, " (added)"));
+        }
+        case Kind::AllSkills:
+            for (const auto skill : parts)
+                GrantSkill(session, skill);
+            return ShowResult(session, Concat(known.benefit, " (all added)"));
+        case Kind::OneBenefit:
+            return TakeBenefit(session, Choose(session, kTitle, parts.first(2)).text);
+        case Kind::Equipment:
+            return TakeEquipment(session, known);
+        case Kind::AllyOrContact:
+            ShowResult(session, known.benefit);
+            return known.benefit == "Ally" ? AddAlly(session, "Mustering Out") : AddContact(session, "Mustering Out");
+        case Kind::ShipShares:
+            return Own(session, Concat(Roll(session, known.benefit[0] - '0', 6), " Ship Shares"));
+    }
 }
 
 bool IsCharacteristicRaise(const Session& session, std::string_view benefit) {
@@ -92,52 +108,16 @@ bool IsCharacteristicRaise(const Session& session, std::string_view benefit) {
            CharacteristicSlot(session.character, FirstCharacters(benefit, 3)) != 0;
 }
 
-// The benefits with a row in one of the tables above. Returns whether it is one of them.
-bool TakeFromTables(Session& session, std::string_view benefit) {
-    if (const auto* const row = std::ranges::find(kWithGain, benefit, &WithGain::benefit); row != kWithGain.end()) {
-        Record(session, benefit);
-        GrantSkill(session, row->gain);
-        return true;
-    }
-    if (const auto* const row = std::ranges::find(kSkillChoices, benefit, &SkillChoice::benefit);
-        row != kSkillChoices.end()) {
-        const auto skill = ChooseText(session, kTitle, row->skills);
-        GrantSkill(session, skill);
-        ShowResult(session, skill, " (added)");
-        return true;
-    }
-    if (const auto* const row = std::ranges::find(kBenefitChoices, benefit, &BenefitChoice::benefit);
-        row != kBenefitChoices.end()) {
-        TakeBenefit(session, ChooseText(session, kTitle, row->benefits));
-        return true;
-    }
-    return false;
-}
-
 }  // namespace
 
 void TakeBenefit(Session& session, std::string_view benefit) {
-    if (TakeFromTables(session, benefit))
-        return;
-    if (benefit == "Scientific Equipment") {
-        TakeScientificEquipment(session);
-    } else if (benefit == "Deception, Persuade and Stealth") {
-        TakeAllThreeSkills(session, benefit);
-    } else if (benefit == "Ally") {
-        ShowResult(session, benefit);
-        AddAlly(session, "Mustering Out");
-    } else if (benefit == "Contact") {
-        ShowResult(session, benefit);
-        AddContact(session, "Mustering Out");
-    } else if (benefit == "1D Ship Shares") {
-        TakeShipShares(session, 1);
-    } else if (benefit == "2D Ship Shares") {
-        TakeShipShares(session, 2);
+    if (const auto* const known = std::ranges::find(kKnown, benefit, &Known::benefit); known != kKnown.end()) {
+        TakeKnown(session, *known);
     } else if (IsCharacteristicRaise(session, benefit)) {
         ShowResult(session, benefit);
         GrantSkill(session, benefit);
     } else {
-        Record(session, benefit);
+        Own(session, benefit);
     }
 }
 

@@ -57,7 +57,7 @@ void RaiseSubject(Session& session, std::string_view subject) {
     if (subject.empty())
         return;
     const int level = subject.back() - '0';
-    GrantSkill(session, ScratchText(subject.substr(0, subject.size() - 1), level + 1));
+    GrantSkill(session, Concat(subject.substr(0, subject.size() - 1), level + 1));
 }
 
 void WriteGraduation(Session& session, int effect) {

@@ -17,9 +17,9 @@ void FindPsi(Session& session, int strength) {
     character.Characteristic[kPsi] = strength;
     character.CharacteristicName[kPsi] = "PSI";
     character.CharacteristicCount = kPsi;  // also where the race has more: its later ones are lost
-    const ScratchText found("Approached by illegal psionic group, tested and PSI ", strength, " discovered");
+    const auto found = Concat("Approached by illegal psionic group, tested and PSI ", strength, " discovered");
     AddHistory(session, found);
-    Tell(session, ScratchText(found, ". You may transfer to Psion at the end of any subsequent term"));
+    Tell(session, Concat(found, ". You may transfer to Psion at the end of any subsequent term"));
 }
 
 void MeetPsionicGroup(Session& session) {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "character/checks.h"
+#include "data/known_names.h"
 #include "data/rule_row.h"
 #include "engine/selection.h"
 #include "skills/choice.h"
@@ -16,31 +17,31 @@ namespace {
 struct DraftService {
     std::string_view career;
     std::string_view question;  // empty: nothing is asked
-    std::string_view assignments;
+    std::array<std::string_view, 3> assignments;
 };
 
+// The die decides by this table; what the race's own says of it is only written.
 // clang-format off
 constexpr std::array<DraftService, 7> kDraft = {{
     {},
-    {"Navy",     "Pick Naval Assignment for Draft",  "Engineer Gunner/Flight/Line Crew"},
-    {"Army",     "Pick Army Assignment for Draft",   "Cavalry/Infantry/Support"},
-    {"Marine",   "Pick Marine Assignment for Draft", "Ground Assault/Star Marine/Support"},
-    {"Merchant", "",                                 "Merchant Marine"},
-    {"Scout",    "Pick Scout Assignment for Draft",  "Courier/Explorer/Surveyor"},
-    {"Agent",    "",                                 "Law Enforcement"},
+    {"Navy",     "Pick Naval Assignment for Draft",  {"Engineer Gunner", "Flight", "Line Crew"}},
+    {"Army",     "Pick Army Assignment for Draft",   {"Cavalry", "Infantry", "Support"}},
+    {"Marine",   "Pick Marine Assignment for Draft", {"Ground Assault", "Star Marine", "Support"}},
+    {"Merchant", "",                                 {"Merchant Marine"}},
+    {"Scout",    "Pick Scout Assignment for Draft",  {"Courier", "Explorer", "Surveyor"}},
+    {"Agent",    "",                                 {"Law Enforcement"}},
 }};
 // clang-format on
 
 std::string_view DraftedAssignment(Session& session, const DraftService& service) {
-    if (service.question.empty())
-        return service.assignments;
-    return AlternativeAt(service.assignments, ChoosePlace(session, service.question, service.assignments));
+    return service.question.empty() ? service.assignments.front()
+                                    : Choose(session, service.question, service.assignments).text;
 }
 
 // A human of the Imperium with a title is never refused by the nobility.
 bool IsEntitledNoble(const Session& session) {
     constexpr int kGentle = 9;
-    return session.selection.assignment == "Noble" && session.selection.race == "Imperial Human" &&
+    return session.selection.assignment == kNoble && session.selection.race == kImperialHuman &&
            session.character.Characteristic[kSoc] > kGentle;
 }
 
@@ -71,7 +72,7 @@ void Draft(Session& session) {
 
 void RecordCareerServed(Session& session, std::string_view career) {
     auto& served = session.character.CareersServed;
-    if (career == "Drifter" || career == "Prisoner" || career.empty() || served.size() == kMostCareersServed)
+    if (career == kDrifter || career == kPrisoner || career.empty() || served.size() == kMostCareersServed)
         return;
     served.Add(career);
 }

@@ -2,12 +2,24 @@
 
 #include "character/summary.h"
 #include "data/rule_row.h"
-#include "engine/codes/chain.h"
 #include "engine/codes/chains.h"
 
 namespace korvane {
 
 namespace {
+
+// An entry of a mishap or event table: "text/CODES". Without "/" the whole entry is both.
+struct HazardEntry {
+    std::string_view description;
+    std::string_view codes;
+};
+
+HazardEntry SplitEntry(std::string_view entry) {
+    const auto slash = entry.find('/');
+    if (slash == std::string_view::npos)
+        return {entry, entry};
+    return {entry.substr(0, slash), entry.substr(slash + 1)};
+}
 
 void SufferDisaster(Session& session) {
     const auto rolls = session.character.MusterRolls;
@@ -25,19 +37,12 @@ void CarryOutEntry(Session& session, std::string_view entry, const Hazard& hazar
 
 }  // namespace
 
-HazardEntry SplitEntry(std::string_view entry) {
-    const auto slash = entry.find('/');
-    if (slash == std::string_view::npos)
-        return {entry, entry};
-    return {entry.substr(0, slash), entry.substr(slash + 1)};
-}
-
 void RollMishap(Session& session) {
     session.character.LeaveCareer = 1;
     const auto row = static_cast<std::size_t>(Roll(session, 1, 6));
     CarryOutEntry(session, session.career.mishapTable.at(row), [&](const HazardEntry& entry) {
         AddHistory(session, entry.description);
-        RunChain(session, MishapChain(), entry.codes);
+        codes::MishapChain().Run(session, entry.codes);
     });
 }
 
@@ -48,7 +53,7 @@ void RollCareerEvent(Session& session) {
         session.character.LeaveCareer = 0;
         if (entry.description.find("Disaster!") != std::string_view::npos)
             SufferDisaster(session);
-        RunChain(session, EventChain(), entry.codes);
+        codes::EventChain().Run(session, entry.codes);
     });
 }
 

@@ -7,13 +7,6 @@
 
 namespace korvane {
 
-// An entry of a mishap or event table: "text/CODES". Without "/" the whole entry is both.
-struct HazardEntry {
-    std::string_view description;
-    std::string_view codes;
-};
-HazardEntry SplitEntry(std::string_view entry);
-
 // Rolls on the career's mishap table, writes the text and carries out the codes. Leaves in `LeaveCareer` whether the
 // character leaves the career.
 void RollMishap(Session& session);

@@ -1,6 +1,7 @@
 #include "engine/injury.h"
 
 #include <array>
+#include <span>
 
 #include "base/text.h"
 #include "character/summary.h"
@@ -13,18 +14,21 @@ namespace {
 // A row of the injury table in which the player picks what is lowered.
 struct InjuryRow {
     std::string_view line;
-    std::string_view options;
+    std::span<const std::string_view> options;
     std::string_view title;
     int amount;  // 0: a die of it
 };
 
+constexpr std::array<std::string_view, 3> kPhysical = {"Str", "Dex", "End"};
+constexpr auto kLimbs = std::span(kPhysical).first(2);
+
 // clang-format off
 constexpr std::array<InjuryRow, 6> kPicked = {{
     {}, {},
-    {"Severely Injured; Purple Heart if appropriate",  "Str/Dex/End", "Lose 1D from which stat?", 0},
-    {"Lost Eye or Limb; Purple Heart if appropriate",  "Str/Dex",     "Lose 2 from which stat?",  2},
-    {"Scarred; Purple Heart if appropriate",           "Str/Dex/End", "Lose 2 from which stat?",  2},
-    {"Injured; Purple Heart if appropriate",           "Str/Dex/End", "Lose 1 from which stat?",  1},
+    {"Severely Injured; Purple Heart if appropriate",  kPhysical, "Lose 1D from which stat?", 0},
+    {"Lost Eye or Limb; Purple Heart if appropriate",  kLimbs,    "Lose 2 from which stat?",  2},
+    {"Scarred; Purple Heart if appropriate",           kPhysical, "Lose 2 from which stat?",  2},
+    {"Injured; Purple Heart if appropriate",           kPhysical, "Lose 1 from which stat?",  1},
 }};
 // clang-format on
 
@@ -33,7 +37,7 @@ void NearlyKill(Session& session) {
     AddHistory(session, "Nearly Killed; Purple Heart if appropriate");
     for (int slot = kStr; slot <= kEnd; ++slot)
         session.character.Characteristic[slot] -= 1;
-    const int slot = ChoosePlace(session, "Lose 1D from which stat?", "Str/Dex/End");
+    const int slot = Choose(session, "Lose 1D from which stat?", kPhysical).place;
     const int amount = Roll(session, 1, 6) + 1;
     for (int each = kStr; each <= kEnd; ++each)
         ReduceCharacteristic(session, each, 1);
@@ -41,7 +45,7 @@ void NearlyKill(Session& session) {
 }
 
 void InjurePicked(Session& session, const InjuryRow& row) {
-    const int slot = ChoosePlace(session, row.title, row.options);
+    const int slot = Choose(session, row.title, row.options).place;
     const int amount = row.amount == 0 ? Roll(session, 1, 6) : row.amount;
     AddHistory(session, row.line);
     ReduceCharacteristic(session, slot, amount);
@@ -58,16 +62,16 @@ int RollCover(Session& session) {
 
 bool TakesDebt(Session& session, int slot, int amount, int cost) {
     const auto& character = session.character;
-    return AskYesNo(session, {ScratchText("Stat ", character.CharacteristicName[slot], " currently ",
-                                          character.Characteristic[slot], " reduced by ", amount, ". Take Cr", cost,
-                                          " medical debt to avoid?")});
+    return AskYesNo(session,
+                    {Concat("Stat ", character.CharacteristicName[slot], " currently ", character.Characteristic[slot],
+                            " reduced by ", amount, ". Take Cr", cost, " medical debt to avoid?")});
 }
 
 void BuyCare(Session& session, int slot, int amount, int cost) {
     auto& character = session.character;
     const int cover = RollCover(session);
-    const ScratchText loss(character.CharacteristicName[slot], " ", character.Characteristic[slot], " reduced by ",
-                           amount);
+    const auto loss =
+        Concat(character.CharacteristicName[slot], " ", character.Characteristic[slot], " reduced by ", amount);
     if (cover == 100) {
         AddHistory(session, loss, ", service pays for full recovery");
         return;

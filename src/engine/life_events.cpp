@@ -1,66 +1,52 @@
 #include "engine/life_events.h"
 
-#include "engine/associates.h"
-#include "engine/injury.h"
-#include "engine/prison.h"
-#include "skills/choice.h"
+#include <array>
 
-namespace korvane {
+#include "engine/codes/apply.h"
+#include "engine/codes/fields.h"
+
+namespace korvane::codes {
 
 namespace {
 
-void GainEnemyOrRival(Session& session, std::string_view text) {
-    if (Roll(session, 1, 2) == 1)
-        AddEnemy(session, text);
-    else
-        AddRival(session, text);
+OnRoll EnemyOrRival(std::string_view text) {
+    return {1, 2, {{1, {Enemy{text}}}, {2, {Rival{text}}}}};
 }
 
-void FaceAccusation(Session& session) {
-    const int place =
-        ChoosePlace(session, "Accused of a Crime; Choose Option", "Lose 1 Benefit roll/Serve a term in Prison");
-    if (place == 1) {
-        session.character.MusterRolls -= 1;
-        AddHistory(session, "You commit or are the victim (or are accused) of a crime; lose 1 benefit roll");
-        return;
-    }
-    AddHistory(session, "You commit or are the victim (or are accused) of a crime and are sent to prison");
-    Imprison(session);
-}
+struct LifeEvent {
+    bool told = true;  // whether the race's text comes first
+    Effects effects;
+};
 
-// The events whose line is the race's text, which is written already.
-void ApplyTold(Session& session, int total) {
-    auto& character = session.character;
-    switch (total) {
-        case 4:
-            GainEnemyOrRival(session, "Breakup");
-            break;
-        case 5:
-        case 6:
-            AddAlly(session, "New/Improved Relationship");
-            break;
-        case 7:
-            AddContact(session, "New Contact");
-            break;
-        case 8:
-            GainEnemyOrRival(session, "Betrayed");
-            LoseAllyOrContact(session);
-            break;
-        case 9:
-            character.QualificationDM += 1;
-            break;
-        case 10:
-            character.MusterBonusCount += 2;
-            break;
-        case 12:
-            AddHistory(session, "* More details later");
-            break;
-        default:  // the text of 3 is all there is
-            break;
-    }
+// clang-format off
+const std::array<LifeEvent, 13>& LifeEvents() {
+    static const std::array<LifeEvent, 13> events = {{
+        {}, {},
+        {false,  {Hurt{}}},
+        {true,   {}},
+        {true,   {EnemyOrRival("Breakup")}},
+        {true,   {Ally{"New/Improved Relationship"}}},
+        {true,   {Ally{"New/Improved Relationship"}}},
+        {true,   {Contact{"New Contact"}}},
+        {true,   {EnemyOrRival("Betrayed"), Call{LoseAllyOrContact, "an ally or else a contact is lost"}}},
+        {true,   {Add{kQualification, 1}}},
+        {true,   {Add{kMusterBonus, 2}}},
+        {false,  {Either{"Accused of a Crime; Choose Option", {
+                     {"Lose 1 Benefit roll",    {Add{kMusterRolls, -1},
+                                                 Line{"You commit or are the victim (or are accused) of a crime; lose 1 benefit roll"}}},
+                     {"Serve a term in Prison", {Line{"You commit or are the victim (or are accused) of a crime and are sent to prison"},
+                                                 GoToPrison{}}}}}}},
+        {true,   {Line{"* More details later"}}},
+    }};
+    return events;
 }
+// clang-format on
 
 }  // namespace
+
+}  // namespace korvane::codes
+
+namespace korvane {
 
 void LoseAllyOrContact(Session& session) {
     auto& character = session.character;
@@ -74,16 +60,11 @@ void LoseAllyOrContact(Session& session) {
 }
 
 void RollLifeEvent(Session& session) {
-    const int total = Roll(session, 2, 6);
-    if (total == 2) {
-        int roll = 0;
-        Injure(session, roll);
-    } else if (total == 11) {
-        FaceAccusation(session);
-    } else {
-        AddHistory(session, session.race.lifeEvents.at(static_cast<std::size_t>(total)));
-        ApplyTold(session, total);
-    }
+    const auto total = static_cast<std::size_t>(Roll(session, 2, 6));
+    const auto& event = codes::LifeEvents().at(total);
+    if (event.told)
+        AddHistory(session, session.race.lifeEvents.at(total));
+    codes::ApplyAll(session, event.effects);
 }
 
 }  // namespace korvane

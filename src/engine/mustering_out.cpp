@@ -26,12 +26,12 @@ void GrantPension(Session& session) {
 void CountRolls(CharacterRecord& character) {
     character.CashRollsUsed = 0;
     character.MusterRolls = character.TermsInCareer;
-    if (character.Rank == -1)  // no rank is, but the rule stands
+    if (character.Rank == -1)  // no rank is: the line never acts
         character.MusterRolls += 1;
 }
 
 bool KnowsGambling(const CharacterRecord& character) {
-    const auto* const gambler = FindSkill(character, "Gambler");
+    const auto* const gambler = character.Skills.Find("Gambler");
     return gambler != nullptr && gambler->Level >= 1;
 }
 
@@ -46,7 +46,8 @@ MusterQuestion QuestionFor(const Session& session) {
     question.materialEnabled = has_rolls;
     question.threeCashEnabled = character.MusterRolls > kMostCashRolls && character.CashRollsUsed == 0;
     question.gamblerEnabled = !session.Automatic() && KnowsGambling(character);
-    question.results = session.musterResults.lines();
+    question.cash = session.musterResults.cash.lines();
+    question.benefits = session.musterResults.benefits.lines();
     return question;
 }
 
@@ -54,8 +55,8 @@ MusterQuestion QuestionFor(const Session& session) {
 int RollRow(Session& session, int extra) {
     int roll = Roll(session, 1, 6) + extra;
     auto& bonuses = session.character.MusterBonusCount;
-    if (bonuses > 0 && AskYesNo(session, {ScratchText("You have ", bonuses,
-                                                      " bonuses of +1 for muster rolls. Add +1 to this roll?")})) {
+    if (bonuses > 0 &&
+        AskYesNo(session, {Concat("You have ", bonuses, " bonuses of +1 for muster rolls. Add +1 to this roll?")})) {
         bonuses -= 1;
         roll += 1;
     }
@@ -75,7 +76,7 @@ bool MayClose(Session& session) {
     if (rolls <= 0)
         return true;
     return AskYesNo(session,
-                    {ScratchText("You still have ", rolls, " rolls unused! Abandon them?"), {}, Icon::Warning, false});
+                    {Concat("You still have ", rolls, " rolls unused! Abandon them?"), {}, Icon::Warning, false});
 }
 
 // Carries out a press of the dialog. Returns whether the dialog goes on.
@@ -108,7 +109,8 @@ int PensionFor(int termsInCareer) {
 
 void MusterOut(Session& session) {
     auto& character = session.character;
-    session.musterResults.Clear();
+    session.musterResults.cash.Clear();
+    session.musterResults.benefits.Clear();
     CountRolls(character);
     GrantPension(session);
     character.MusterRolls += character.BenefitRollsModifier;
@@ -127,8 +129,7 @@ void RollCashBenefit(Session& session, bool useGambler) {
     const auto amount = std::llrint(static_cast<double>(session.career.cashBenefit.at(static_cast<std::size_t>(row))));
     CarryOutRow(session.career.source, session.career.cashLine.at(static_cast<std::size_t>(row)),
                 [&] { character.Cash += amount; });
-    AppendAll(session.musterResults.Next(), "Cr", FormatThousands(static_cast<double>(amount)));
-    session.musterResults.Keep();
+    session.musterResults.cash.Add(Concat("Cr", FormatThousands(amount)));
     ShowSummary(session);
 }
 

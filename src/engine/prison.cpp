@@ -1,6 +1,11 @@
 #include "engine/prison.h"
 
+#include <array>
+#include <string>
+#include <vector>
+
 #include "base/text.h"
+#include "data/known_names.h"
 #include "engine/mustering_out.h"
 #include "engine/selection.h"
 #include "skills/choice.h"
@@ -31,8 +36,8 @@ void Plead(Session& session, int grade) {
 void Imprison(Session& session) {
     Tell(session, "You have been imprisoned. Terms will be served until you make your parole roll or die of old age");
     MusterOut(session);
-    SelectCareer(session, "Prisoner");
-    SelectAssignment(session, "Inmate");
+    SelectCareer(session, kPrisoner);
+    SelectAssignment(session, kInmate);
     session.character.TermsInCareer = 0;
     RollParoleThreshold(session);
     AddHistory(session, "Imprisoned; parole threshold ", session.character.ParoleThreshold);
@@ -40,8 +45,7 @@ void Imprison(Session& session) {
 
 void OfferEscape(Session& session) {
     // The box has a question's icon, but no other button than OK: the attempt is always made.
-    if (!session.Automatic())
-        session.seams.player->Tell({"You have the opportunity to escape the prison. Do you try?", Icon::Question});
+    TellUnlessAutomatic(session, "You have the opportunity to escape the prison. Do you try?", Icon::Question);
 }
 
 void RollParoleThreshold(Session& session) {
@@ -49,15 +53,14 @@ void RollParoleThreshold(Session& session) {
 }
 
 void HireLawyer(Session& session) {
-    ScratchText options;
-    int grades = 0;
-    while (grades < kBestLawyer && session.character.Cash >= FeeFor(grades + 1)) {
-        ++grades;
-        options.Append("Advocate-", grades, " costs Cr", FormatThousands(FeeFor(grades)), "/");
-    }
-    options.Append("Don't hire one");
-    const int place = ChoosePlace(session, "Chance to hire a lawyer", options);
-    if (place > grades)
+    std::array<std::string, kBestLawyer + 1> texts;
+    std::size_t grades = 0;
+    for (int grade = 1; grade <= kBestLawyer && session.character.Cash >= FeeFor(grade); ++grade)
+        texts.at(grades++) = Concat("Advocate-", grade, " costs Cr", FormatThousands(FeeFor(grade)));
+    texts.at(grades) = "Don't hire one";
+    const std::vector<std::string_view> options(texts.begin(), texts.begin() + static_cast<std::ptrdiff_t>(grades) + 1);
+    const int place = Choose(session, "Chance to hire a lawyer", options).place;
+    if (place > static_cast<int>(grades))
         AddHistory(session, "You don't");
     else
         Plead(session, place);

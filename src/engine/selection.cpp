@@ -2,10 +2,9 @@
 
 #include <algorithm>
 
-#include "base/encoding.h"
-#include "base/error.h"
 #include "base/text.h"
 #include "character/characteristics.h"
+#include "data/known_names.h"
 
 namespace korvane {
 
@@ -25,27 +24,14 @@ bool LoadRaceRecords(Session& session, std::string_view race) {
         selection.career.clear();
         selection.assignment.clear();
         selection.assignments = std::make_shared<const Names>();
-        Tell(session, ScratchText("Career data files missing for ", race));
+        Tell(session, Concat("Career data files missing for ", race));
         return false;
     }
     LoadCareer(session, race, selection.careers->front());
+    // The same file is the same record: copying it again would only cost.
     if (const auto& record = session.data.Race(race); record.source != session.race.source)
         session.race = record;
     return true;
-}
-
-// Throws the error for a name that isn't among the names there are; `file` is the one that would give it.
-[[noreturn]] void RejectName(const Session& session, const Names& names, std::string_view kind, std::string_view name,
-                             std::string_view file) {
-    const auto path = NativePath(session.data.location()) / file;
-    if (names.empty())
-        throw IoError(path.string(), Concat("can't be read as the file of a ", kind), "no such file");
-    auto message = name.empty() ? Concat("no ", kind, " to pick")
-                                : Concat("unknown ", kind, " ", Quoted(name), " (", path.string(), ": no such file)");
-    AppendAll(message, names.size() == 1 ? "; there is:" : "; there are:");
-    for (const auto& known : names)
-        AppendAll(message, &known == &names.front() ? " " : ", ", known);
-    throw UsageError(message);
 }
 
 }  // namespace
@@ -55,8 +41,7 @@ void ListRaces(Session& session) {
     const auto& races = *session.selection.races;
     if (races.empty())
         return;
-    constexpr std::string_view kDefaultRace = "Imperial Human";
-    LoadRace(session, Holds(races, kDefaultRace) ? kDefaultRace : std::string_view(races.front()));
+    LoadRace(session, Holds(races, kImperialHuman) ? kImperialHuman : std::string_view(races.front()));
 }
 
 void LoadRace(Session& session, std::string_view race) {
@@ -72,7 +57,7 @@ void LoadCareer(Session& session, std::string_view race, std::string_view career
     selection.assignments = session.data.AssignmentNames(race, career);
     selection.assignment.clear();
     if (selection.assignments->empty())
-        Tell(session, ScratchText("Assignment data files missing for ", career));
+        Tell(session, Concat("Assignment data files missing for ", career));
     else
         LoadAssignment(session, race, career, selection.assignments->front());
     session.seams.display->SelectionChanged();
@@ -100,20 +85,30 @@ bool SelectAssignment(Session& session, std::string_view assignment) {
     return true;
 }
 
-void SelectStart(Session& session, std::string_view race, std::string_view career, std::string_view assignment) {
+namespace {
+
+std::string PathOf(const Session& session, const std::string& file) {
+    return (NativePath(session.data.location()) / file).string();
+}
+
+}  // namespace
+
+std::optional<Missing> SelectStart(Session& session, std::string_view race, std::string_view career,
+                                   std::string_view assignment) {
     const auto& selection = session.selection;
-    const auto or_any = [](std::string_view name) { return name.empty() ? std::string_view("*") : name; };
     session.selection.races = session.data.RaceNames();
     if (!Holds(*selection.races, race))
-        RejectName(session, *selection.races, "race", race, Concat(or_any(race), ".eri"));
+        return Missing{"race", std::string(race), *selection.races, PathOf(session, Concat(race, ".eri"))};
     for (auto& title : session.career.skillTableTitle)
         title.clear();
     LoadRaceRecords(session, race);
     if (!SelectCareer(session, career))
-        RejectName(session, *selection.careers, "career", career, Concat(race, "-", or_any(career), ".ecf"));
+        return Missing{"career", std::string(career), *selection.careers,
+                       PathOf(session, Concat(race, "-", career, ".ecf"))};
     if (!SelectAssignment(session, assignment))
-        RejectName(session, *selection.assignments, "assignment", assignment,
-                   Concat(race, "-", career, "-", or_any(assignment), ".eas"));
+        return Missing{"assignment", std::string(assignment), *selection.assignments,
+                       PathOf(session, Concat(race, "-", career, "-", assignment, ".eas"))};
+    return std::nullopt;
 }
 
 }  // namespace korvane

@@ -1,6 +1,8 @@
 // What is selected: the race, the career and the assignment, whose records are loaded into the session.
 #pragma once
 
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "character/KVNDeclare.h"
@@ -25,8 +27,17 @@ void LoadAssignment(Session& session, std::string_view race, std::string_view ca
 bool SelectCareer(Session& session, std::string_view career);
 bool SelectAssignment(Session& session, std::string_view assignment);
 
+// A name that was asked for and that the data doesn't have.
+struct Missing {
+    std::string_view kind;  // "race", "career" or "assignment"
+    std::string name;
+    Names known;
+    std::string file;  // that would give it: its native path
+};
+
 // Makes the selection from which a character of `race` starts, as if the race had just been loaded in a new program.
-// Rolls nothing. Throws UsageError when there is no such race, career or assignment; it lists what there is.
-void SelectStart(Session& session, std::string_view race, std::string_view career, std::string_view assignment);
+// Rolls nothing. Gives what is missing, if anything is; throws FileError for a malformed file.
+std::optional<Missing> SelectStart(Session& session, std::string_view race, std::string_view career,
+                                   std::string_view assignment);
 
 }  // namespace korvane

@@ -1,7 +1,11 @@
 #include "engine/term_loop.h"
 
+#include <string_view>
+#include <vector>
+
 #include "character/characteristics.h"
 #include "character/summary.h"
+#include "data/known_names.h"
 #include "data/rule_row.h"
 #include "engine/aging.h"
 #include "engine/education.h"
@@ -29,23 +33,24 @@ void CountTerm(CharacterRecord& character) {
 }
 
 void ChoosePreCareer(Session& session) {
-    ScratchText options("Enlist Immediately");
+    std::vector<std::string_view> options = {"Enlist Immediately"};
     for (const auto option : session.race.preCareerOptions)
         if (!IsBlank(option))
-            options.Append("/", option);
-    session.choice.automaticOnce = session.Automatic();
-    CarryOutRow(session.race.source, session.race.preCareerOptions[1],
-                [&] { ChoosePlace(session, "Select Pre-Career Education", options); });
-    if (session.choice.PickText == "University")
+            for (const auto part : SplitAll(option, '/'))
+                options.push_back(part);
+    session.choice.automaticOnce = session.Automatic();  // as the persistent mode says anyway
+    const auto picked = CarryOutRow(session.race.source, session.race.preCareerOptions[1],
+                                    [&] { return Choose(session, "Select Pre-Career Education", options).text; });
+    if (picked == "University")
         AttendUniversity(session);
-    else if (session.choice.PickText == "Military Academy")
+    else if (picked == "Military Academy")
         AttendMilitaryAcademy(session);
 }
 
 // Each skill of the career's first table at level 0.
 void TrainBasics(Session& session) {
     for (const auto row : std::span(session.career.personalTable).subspan(1))
-        CarryOutRow(session.career.source, row, [&] { GrantSkill(session, ScratchText(row, "-0")); });
+        CarryOutRow(session.career.source, row, [&] { GrantSkill(session, Concat(row, "-0")); });
 }
 
 void ServeOpeningTerm(Session& session) {
@@ -64,14 +69,13 @@ enum class Standing { InCareer, Moved, MusteredOut };
 
 Standing Eject(Session& session, std::string_view line, std::string_view notice) {
     AddHistory(session, line);
-    if (!session.Automatic())
-        session.seams.player->Tell({notice, Icon::Exclamation});
+    TellUnlessAutomatic(session, notice, Icon::Exclamation);
     return TransferCareer(session) == TransferOutcome::Muster ? Standing::MusteredOut : Standing::Moved;
 }
 
 bool LosesCareer(const Session& session) {
     return !session.options[Option::ForceNoEjectionOnMishap] && session.character.LeaveCareer == 1 &&
-           session.selection.career != "Drifter";
+           session.selection.career != kDrifter;
 }
 
 // The mishap of a failed survival roll, if it failed, and the event of everyone who is still in the career.
@@ -173,11 +177,10 @@ LifeEnd RunLife(Session& session) {
     }
 }
 
-void RunCareer(Session& session, const std::function<void()>& handOver) {
+void RunCareer(Session& session, const std::function<void(LifeEnd)>& handOver) {
     {
         const ControlsLock lock(*session.seams.display);
-        if (RunLife(session) == LifeEnd::MusteredOut)
-            handOver();
+        handOver(RunLife(session));
     }
     StartNewCharacter(session);
 }

@@ -17,12 +17,10 @@ constexpr int kTopRank = 12;
 void FaceParole(Session& session, int total) {
     auto& character = session.character;
     if (total <= character.ParoleThreshold) {
-        if (!session.Automatic())
-            Tell(session, "Parole roll failed. You remain in prison");
+        TellUnlessAutomatic(session, "Parole roll failed. You remain in prison");
         return;
     }
-    if (!session.Automatic())
-        Tell(session, "Released from prison");
+    TellUnlessAutomatic(session, "Released from prison");
     AddHistory(session, "Released!");
     character.ParoleThreshold = 0;
     TransferCareer(session);
@@ -64,7 +62,7 @@ void SeekCommission(Session& session) {
         eligible = true;
         modifier = -character.TermsInCareer;
     }
-    if (character.TermsTotal == 1)  // no term of service is the first, but the rule stands
+    if (character.TermsTotal == 1)  // the first term of service is number 2: never here
         eligible = true;
     if (session.career.commission == "No")
         eligible = false;

@@ -3,7 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include "base/text.h"
-#include "character/summary.h"
+#include "output/summary_texts.h"
 
 namespace korvane {
 
@@ -35,7 +35,7 @@ Json Characteristics(const CharacterRecord& character) {
 
 Json Skills(const CharacterRecord& character) {
     Json skills = Json::array();
-    for (const auto* const skill : HeldSkills(character))
+    for (const auto* const skill : character.Skills.Held())
         skills.push_back({{"name", Trim(skill->Name)}, {"level", Number(skill->Level)}});
     return skills;
 }
@@ -80,7 +80,7 @@ std::string CharacterDocument(const Session& session) {
     document["race"] = Trim(session.selection.race);
     document["career"] = Trim(session.selection.career);
     document["assignment"] = Trim(session.selection.assignment);
-    document["homeWorld"] = character.HomeWorld;
+    document["homeWorld"] = HomeWorldText(character);
     document["characteristics"] = Characteristics(character);
     AddStanding(document, session);
     AddBenefits(document, character);

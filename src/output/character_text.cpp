@@ -1,7 +1,7 @@
 #include "output/character_text.h"
 
 #include "base/text.h"
-#include "character/summary.h"
+#include "output/summary_texts.h"
 
 namespace korvane {
 
@@ -24,12 +24,11 @@ std::string CharacteristicsLine(const CharacterRecord& character) {
 }
 
 std::string MoneyLine(const CharacterRecord& character) {
-    const auto credits = [](double amount) { return amount == 0 ? "0" : FormatThousands(amount); };
-    auto line = "Cash Cr" + credits(static_cast<double>(std::int64_t{character.Cash}));
+    auto line = "Cash Cr" + (character.Cash == 0 ? "0" : FormatThousands(character.Cash));
     if (character.Pension != 0)
-        AppendAll(line, ", pension Cr", credits(static_cast<double>(std::int64_t{character.Pension})), " a year");
+        AppendAll(line, ", pension Cr", FormatThousands(character.Pension), " a year");
     if (character.MedicalDebt > 0)
-        AppendAll(line, ", medical debt Cr", credits(static_cast<double>(character.MedicalDebt)));
+        AppendAll(line, ", medical debt Cr", FormatThousands(static_cast<double>(character.MedicalDebt)));
     return line;
 }
 

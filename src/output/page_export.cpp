@@ -3,16 +3,13 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <ctime>
-#include <filesystem>
 #include <functional>
 #include <span>
-#include <system_error>
 
-#include "base/environment.h"
 #include "base/files.h"
 #include "base/text.h"
-#include "character/summary.h"
+#include "output/page_markup.h"
+#include "output/summary_texts.h"
 
 namespace korvane {
 
@@ -46,7 +43,7 @@ SkillTag SkillTagOf(std::string_view line) {
 }
 
 std::string LevelText(const CharacterRecord& character, std::string_view name) {
-    for (const auto* const skill : HeldSkills(character))
+    for (const auto* const skill : character.Skills.Held())
         if (skill->Name == name)
             return Concat(skill->Level);
     return {};
@@ -56,7 +53,7 @@ std::string LevelText(const CharacterRecord& character, std::string_view name) {
 std::string SpecialitiesText(const CharacterRecord& character, std::string_view name) {
     const auto head = Concat(name, " 0<br>");
     std::string text;
-    for (const auto* const skill : HeldSkills(character)) {
+    for (const auto* const skill : character.Skills.Held()) {
         if (!skill->Name.starts_with(name))
             continue;
         if (skill->Name != name) {
@@ -106,7 +103,7 @@ void AddCharacteristicTags(Replacements& page, const Session& session) {
 
 std::string SkillsText(const CharacterRecord& character) {
     std::string text;
-    for (const auto* const skill : HeldSkills(character))
+    for (const auto* const skill : character.Skills.Held())
         AppendAll(text, text.empty() ? "" : ", ", skill->Name, "-", skill->Level);
     return text;
 }
@@ -122,13 +119,13 @@ std::string BenefitsText(const CharacterRecord& character) {
 // A line that begins with the mark of the first term opens a row; what stands before it is in none, and the last row
 // stays open.
 std::string HistoryTable(const CharacterRecord& character) {
-    std::string table = "<table width=100% border=1>";
+    std::string table(kHistoryTable);
     bool open = false;
     for (const auto& line : character.History.lines()) {
         if (IsBlank(line))
             continue;
         if (line.starts_with("-- Term")) {
-            AppendAll(table, open ? "</td></tr>" : "", "<tr width=100%><td>");
+            AppendAll(table, open ? "</td></tr>" : "", kHistoryRow);
             open = true;
         }
         AppendAll(table, line, "<br>");
@@ -147,8 +144,8 @@ std::string CountText(std::string_view label, int count) {
     return count > 0 ? Concat(label, ": ", count) : std::string();
 }
 
-std::string MoneyText(double amount) {
-    return "Cr" + FormatThousands(amount);
+std::string MoneyText(const std::string& amount) {
+    return "Cr" + amount;
 }
 
 void AddStanding(Replacements& page, const Session& session, std::string_view name) {
@@ -171,10 +168,10 @@ void AddStory(Replacements& page, const Session& session) {
     Add(page, "ALLIES", CountText("Allies", character.Allies));
     Add(page, "RIVALS", CountText("Rivals", character.Rivals));
     Add(page, "ENEMIES", CountText("Enemies", character.Enemies));
-    Add(page, "DEBT", debt > 0 ? MoneyText(debt) : "");
-    Add(page, "MONEY", MoneyText(static_cast<double>(std::int64_t{character.Cash})));
-    Add(page, "PENSION", MoneyText(static_cast<double>(std::int64_t{character.Pension})));
-    Add(page, "HOMEWORLD", character.HomeWorld);
+    Add(page, "DEBT", debt > 0 ? MoneyText(FormatThousands(debt)) : "");
+    Add(page, "MONEY", MoneyText(FormatThousands(character.Cash)));
+    Add(page, "PENSION", MoneyText(FormatThousands(character.Pension)));
+    Add(page, "HOMEWORLD", HomeWorldText(character));
     Add(page, "TRAITS", TraitsText(session.race));
 }
 
@@ -194,24 +191,6 @@ Replacements ReplacementsFor(const Session& session, std::string_view name) {
 void ReplaceFirst(std::string& line, const Replacement& replacement) {
     if (const auto place = line.find(replacement.tag); place != std::string::npos)
         line.replace(place, replacement.tag.size(), replacement.value);
-}
-
-// A name for a nameless file, of today's date: the month stands where the minutes would, and the hour is that of a date
-// without a time.
-std::string DatedName() {
-    const std::time_t now = std::time(nullptr);
-    std::tm today{};
-    localtime_r(&now, &today);
-    std::array<char, 40> text{};
-    const auto length = std::strftime(text.data(), text.size(), "Character %Y%m%m00%m.htm", &today);
-    return {text.data(), length};
-}
-
-// The page's held path. It can't be empty before its ending, as it holds the folder, so no page is called by the date;
-// one of a name without letters is just called ".htm".
-std::string PagePath(std::string_view folder, std::string_view name) {
-    const auto path = Concat(folder, "\\", LettersOnly(name));
-    return path.empty() ? DatedName() : path + ".htm";
 }
 
 // A text without its comments.
@@ -290,24 +269,6 @@ std::string Page(const PageTemplate& form, const Session& session, std::string_v
         AppendAll(text, line, "\n");
     text.pop_back();  // what follows the last line end was a line too
     return EncodeText(text, form.encoding);
-}
-
-std::string ProfileFolder() {
-    const auto profile = GetEnvironmentValue("USERPROFILE");
-    return profile.empty() ? ExactEnvironmentValue("HOME") : profile;
-}
-
-ExportOutcome ExportCharacter(const Session& session, const HeldPath& templatePath, std::string_view name) {
-    const auto profile = ProfileFolder();
-    if (profile.empty())
-        return {{}, "Your device needs a USERPROFILE env variable"};
-    const auto folder = HeldPath(profile) + "\\Korvane";
-    std::error_code exists;  // or can't be made, which the page's own error tells
-    std::filesystem::create_directories(NativePath(folder), exists);
-    const auto page = Page(ReadTemplate(templatePath), session, name);
-    const auto path = NativePath(HeldPath(PagePath(folder.text(), name)));
-    ReplaceFile(path, page);
-    return {path.string(), "Character exported to " + path.string()};
 }
 
 }  // namespace korvane

@@ -34,19 +34,4 @@ std::vector<std::string> FillTemplate(const std::vector<std::string>& lines, con
 // The bytes of the page, in the encoding of its template.
 std::string Page(const PageTemplate& form, const Session& session, std::string_view name);
 
-// The user's profile folder, as a native path: what USERPROFILE says, else HOME; "" with neither.
-std::string ProfileFolder();
-
-// What became of an export.
-struct ExportOutcome {
-    std::string path;     // the page's native path; empty when none was written
-    std::string message;  // what the player is told
-};
-
-// Writes the page of the session's character into the folder "Korvane" of the user's profile, from a template given by
-// its held path. The file is called by the letters of the name and replaces an earlier one, whole. Without a profile
-// folder nothing is written. Throws FileError for a template that can't be read or a page that can't be written, and
-// RuleError as above.
-ExportOutcome ExportCharacter(const Session& session, const HeldPath& templatePath, std::string_view name);
-
 }  // namespace korvane

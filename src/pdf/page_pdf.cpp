@@ -11,6 +11,7 @@
 #include "base/encoding.h"
 #include "base/error.h"
 #include "base/files.h"
+#include "output/page_markup.h"
 
 namespace korvane::pdf {
 
@@ -28,6 +29,16 @@ QImage Nothing() {
     return nothing;
 }
 
+QImage PictureIn(const QString& file) {
+    constexpr std::size_t kMostPicture = std::size_t{64} << 20U;
+    try {
+        const auto bytes = ReadBytes(file.toStdString(), "a picture", kMostPicture);
+        return QImage::fromData(QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size())));
+    } catch (const IoError&) {
+        return {};  // a page may name a picture that nobody has put there yet
+    }
+}
+
 // A document that takes its pictures from the page's folder, no larger than a portrait.
 class PageDocument : public QTextDocument {
   public:
@@ -37,7 +48,7 @@ class PageDocument : public QTextDocument {
     QVariant loadResource(int type, const QUrl& name) override {
         if (type != ImageResource)
             return {};
-        const QImage picture(baseUrl().resolved(name).toLocalFile());
+        const auto picture = PictureIn(baseUrl().resolved(name).toLocalFile());
         if (picture.isNull())
             return Nothing();  // or the toolkit draws a picture of its own
         if (picture.width() <= kLargestPicture.width() && picture.height() <= kLargestPicture.height())
@@ -48,12 +59,13 @@ class PageDocument : public QTextDocument {
 
 // The history's table may begin with lines that stand in no row; the document drops what no cell holds.
 QString WithRows(QString html) {
-    const QString table = "<table width=100% border=1>";
+    const auto table = QString::fromUtf8(kHistoryTable.data(), kHistoryTable.size());
+    const auto row = QString::fromUtf8(kHistoryRow.data(), kHistoryRow.size());
     for (auto place = html.indexOf(table); place >= 0; place = html.indexOf(table, place + 1)) {
         const auto content = place + table.size();
         const auto rest = QStringView(html).mid(content).trimmed();
         if (!rest.startsWith(QLatin1String("<tr")) && !rest.startsWith(QLatin1String("</table")))
-            html.insert(content, "<tr width=100%><td>");
+            html.insert(content, row);
     }
     return html;
 }
@@ -63,7 +75,8 @@ void CheckIsPage(const QString& page, const QString& pdf) {
     const auto ending = QFileInfo(page).suffix().toLower();
     if (ending != QLatin1String("htm") && ending != QLatin1String("html"))
         throw IoError(page.toStdString(), "can't be made into a PDF file", "it is no page (.htm or .html)");
-    if (QFileInfo(page).canonicalFilePath() == QFileInfo(pdf).canonicalFilePath())
+    const auto itself = QFileInfo(page).canonicalFilePath();
+    if (!itself.isEmpty() && itself == QFileInfo(pdf).canonicalFilePath())
         throw IoError(page.toStdString(), "can't be made into a PDF file", "it would be replaced by it");
 }
 

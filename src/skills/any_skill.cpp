@@ -41,8 +41,7 @@ enum class WhenAutomatic { Draw, AskAllTheSame };
 // What is picked of the basic skills, in the list's order.
 std::vector<std::string_view> PickBasicSkills(Session& session, int count, WhenAutomatic mode) {
     const ListItems items(kBasicSkills);
-    const ScratchText several("Select Any ", count, " Skills");
-    const std::string_view prompt = count == 1 ? "Select Any Skill" : std::string_view(several);
+    const auto prompt = count == 1 ? std::string("Select Any Skill") : Concat("Select Any ", count, " Skills");
     const auto marks = session.Automatic() && mode == WhenAutomatic::Draw
                            ? DrawAnySkills(session, count, items)
                            : AskForItems(session, count, count, prompt, items);
@@ -62,7 +61,7 @@ void SelectAnySkill(Session& session, int count) {
 
 void SelectAnySkillAtZero(Session& session) {
     for (const auto skill : PickBasicSkills(session, 1, WhenAutomatic::Draw))
-        GrantSkill(session, ScratchText(skill, "-0"));
+        GrantSkill(session, Concat(skill, "-0"));
 }
 
 void SelectAnySkillAsked(Session& session) {

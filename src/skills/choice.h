@@ -1,29 +1,29 @@
 // The choice service: every single choice that the rules leave to the player.
 #pragma once
 
-#include <string_view>
+#include <span>
 
 #include "character/KVNDeclare.h"
 
 namespace korvane {
 
-// Asks for one of the alternatives of `options`, which are separated by "/"; empty ones are alternatives too. In
-// automatic mode the answer is drawn and nothing is shown. The text of the answer is left in `PickText`, its place,
-// from 1, in `PickPlace`.
-//
-// The result, left in `PickIndex` too, counts from 1 when the player answered and from 0 when the answer was drawn;
-// rules that act on it as it stands say so, all others use the place. Throws RuleError (subscript), before anything is
-// asked, for more than 24 alternatives.
-Count ChooseOption(Session& session, std::string_view title, std::string_view options);
+using Alternatives = std::span<const std::string_view>;
 
-// The same, with the place of the answer, from 1, as the result.
-int ChoosePlace(Session& session, std::string_view title, std::string_view options);
+// An answer: the place of the alternative, from 1, and its text, which stands where the caller's alternatives do.
+struct Choice {
+    int place = 0;
+    std::string_view text;
+};
 
-// The same for a choice that is none of the life's: the place is 0 when the player leaves it, and nothing is left in
-// `PickText`.
-int ChoosePlaceOrLeave(Session& session, std::string_view title, std::string_view options);
+// Asks for one of the alternatives; empty ones are alternatives too. In automatic mode the answer is drawn and nothing
+// is shown. Throws RuleError (subscript), before anything is asked, for more than 24 alternatives.
+Choice Choose(Session& session, std::string_view title, Alternatives alternatives);
+// The same for a choice that is none of the life's: the place is 0 when the player leaves it.
+Choice ChooseOrLeave(Session& session, std::string_view title, Alternatives alternatives);
 
-// The alternative at a place, from 1, of a "/"-separated text.
-std::string_view AlternativeAt(std::string_view options, int place);
+// The same as `Choose`, with the number of the answer, left in `PickIndex` too: it counts from 1 when the player
+// answered and from 0 when the answer was drawn. Two rules act on it as it stands and say so; all others take the
+// place.
+Count ChooseOption(Session& session, std::string_view title, Alternatives alternatives);
 
 }  // namespace korvane

@@ -1,7 +1,10 @@
 #include "skills/grant.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "base/text.h"
 #include "character/summary.h"
@@ -13,6 +16,7 @@ namespace korvane {
 
 namespace {
 
+constexpr std::string_view kTitle = "Select a Skill";
 constexpr int kSkillCap = 4;
 constexpr int kCharacteristicCap = 15;
 
@@ -30,9 +34,13 @@ struct Gain {
 // side that was drawn is the one that isn't taken.
 std::string_view ResolveOr(Session& session, std::string_view text) {
     const auto [before, after] = SplitFirst(text, " or ");
-    const auto a = Trim(before);
-    const auto b = Trim(after);
-    return ChooseOption(session, "Select a Skill", ScratchText(a, "/", b)) == 1 ? a : b;
+    const std::array<std::string_view, 2> sides = {Trim(before), Trim(after)};
+    // A slash in a side parts it again: the question shows all, and any but the first is the second side.
+    std::vector<std::string_view> alternatives;
+    for (const auto side : sides)
+        for (const auto alternative : SplitAll(side, '/'))
+            alternatives.push_back(alternative);
+    return ChooseOption(session, kTitle, alternatives) == 1 ? sides[0] : sides[1];
 }
 
 // Which of the marks of the grammar a text holds: most hold one or none, and nothing else needs to be looked for.
@@ -58,9 +66,7 @@ std::string_view ResolveAlternatives(Session& session, std::string_view text) {
     const Marks marks(text);
     if (marks.blank && text.find(" or ") != std::string_view::npos)
         return ResolveOr(session, text);
-    if (marks.slash)
-        return AlternativeAt(text, ChoosePlace(session, "Select a Skill", text));
-    return text;
+    return marks.slash ? Choose(session, kTitle, SplitAll(text, '/')).text : text;
 }
 
 // Raises the characteristic that a text with "+" names. Returns whether there is one.
@@ -69,7 +75,7 @@ bool RaiseCharacteristic(Session& session, std::string_view text) {
     const auto name = FirstCharacters(text, 3);
     const int slot = CharacteristicSlot(character, name);
     if (slot == 0) {
-        Tell(session, ScratchText("Stat ", name, "not found"));
+        Tell(session, Concat("Stat ", name, "not found"));
         return false;
     }
     const auto amount = LenientCount(AfterCharacters(text, 5));
@@ -94,20 +100,21 @@ const Speciality* SpecialitiesOf(const RaceRecord& race, std::string_view name) 
     return row == race.specialities.end() ? nullptr : &*row;
 }
 
-// Asks for the speciality; the answer is left in `PickText`.
-void ChooseSpeciality(Session& session, const Speciality& row) {
-    ScratchText options;
+std::string_view ChooseSpeciality(Session& session, const Speciality& row) {
+    std::array<std::string_view, kMostSpecialities + 1> alternatives;
+    std::size_t count = 0;
     for (const auto speciality : row.list)
         if (!speciality.empty())
-            options.Append(speciality, "/");
-    options.Append("Pick Later");
-    CarryOutRow(session.race.source, row.skill,
-                [&] { ChooseOption(session, ScratchText("Select Specialty for ", row.skill), options); });
+            alternatives.at(count++) = speciality;
+    alternatives.at(count++) = "Pick Later";
+    return CarryOutRow(session.race.source, row.skill, [&] {
+        return Choose(session, Concat("Select Specialty for ", row.skill), std::span(alternatives).first(count)).text;
+    });
 }
 
 // A skill that became a speciality is no longer held bare; its level stays in the freed slot.
 void FreeBareSkill(CharacterRecord& character, std::string_view name) {
-    if (auto* const held = FindSkill(character, name))
+    if (auto* const held = character.Skills.Find(name))
         held->Name.clear();
 }
 
@@ -132,32 +139,29 @@ Verdict ImproveHeld(Session& session, Skill& held, const Gain& gain) {
 }
 
 void HoldNew(Session& session, const Gain& gain) {
-    auto* const slot = TakeSkillSlot(session.character);
-    if (slot == nullptr)
-        return;
-    slot->Name = gain.name;
-    slot->Level = gain.level;
-    AddHistory(session, gain.name, "-", gain.level);
+    if (session.character.Skills.Take(gain.name, gain.level))
+        AddHistory(session, gain.name, "-", gain.level);
 }
 
 // The skill that stands in for a raise that the cap refused; nothing when the player picks none, or when, in automatic
 // mode, the one picked is refused too.
 std::optional<std::string_view> ReplacementFor(Session& session, std::string_view name, bool isReplacement) {
     if (!session.Automatic())
-        Tell(session, ScratchText("Skill ", name, " already at the max of 4. Select something else:"));
+        Tell(session, Concat("Skill ", name, " already at the max of 4. Select something else:"));
     else if (isReplacement)
         return std::nullopt;
     return SelectReplacementSkill(session);
 }
 
-Verdict GainSkill(Session& session, Gain& gain, std::optional<ScratchText>& full_name) {
+// `fullName` holds the name of a skill that becomes a speciality.
+Verdict GainSkill(Session& session, Gain& gain, std::string& fullName) {
     if (gain.level > 0)
         if (const auto* const row = SpecialitiesOf(session.race, gain.name)) {
-            ChooseSpeciality(session, *row);
+            AppendAll(fullName, gain.name, " (", ChooseSpeciality(session, *row), ")");
             FreeBareSkill(session.character, gain.name);
-            gain.name = full_name.emplace(gain.name, " (", session.choice.PickText, ")");
+            gain.name = fullName;
         }
-    if (auto* const held = FindSkill(session.character, gain.name))
+    if (auto* const held = session.character.Skills.Find(gain.name))
         return ImproveHeld(session, *held, gain);
     HoldNew(session, gain);
     return Verdict::Granted;
@@ -171,7 +175,7 @@ void GrantResolved(Session& session, std::string_view text) {
         if (marks.plus && RaiseCharacteristic(session, *next))
             return;
         auto gain = TakeApart(*next, marks);
-        std::optional<ScratchText> full_name;
+        std::string full_name;
         const auto verdict = GainSkill(session, gain, full_name);
         next = verdict == Verdict::Refused ? ReplacementFor(session, gain.name, is_replacement) : std::nullopt;
     }

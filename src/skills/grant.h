@@ -16,7 +16,7 @@
 
 namespace korvane {
 
-// Carries out a skill string, whose text must not be the choice service's own `PickText`. Throws RuleError: type for a
+// Carries out a skill string. Throws RuleError: type for a
 // level that is no number, overflow for one that leaves 16 bits.
 void GrantSkill(Session& session, std::string_view text);
 

@@ -1,24 +1,18 @@
 #include "skills/improve.h"
 
-#include <array>
-#include <cstddef>
-#include <memory_resource>
 #include <string>
 #include <vector>
 
-#include "base/text.h"
 #include "skills/list_choice.h"
 
 namespace korvane {
 
 void ImproveHeldSkill(Session& session) {
-    std::array<std::byte, 8192> room;
-    std::pmr::monotonic_buffer_resource arena(room.data(), room.size());
-    std::pmr::vector<std::pmr::string> texts(&arena);
-    texts.reserve(kMostSkills);
-    for (const auto& skill : session.character.Skills)
+    std::vector<std::string> texts;
+    texts.reserve(kMostSkills);  // the items are views of them
+    for (const auto& skill : session.character.Skills.all())
         if (!IsBlank(skill.Name) && !(session.options[Option::CapSkillsAt4] && skill.Level >= 4))
-            AppendAll(texts.emplace_back(), skill.Name, "=", skill.Level + 1);
+            texts.push_back(Concat(skill.Name, "=", skill.Level + 1));
     if (texts.empty())
         return;
     ListItems items;

@@ -4,9 +4,11 @@
 #include <QEventLoop>
 #include <QWindow>
 #include <exception>
+#include <type_traits>
 #include <utility>
 
-#include "character/summary.h"
+#include "character/player_texts.h"
+#include "output/summary_texts.h"
 #include "ui/message_boxes.h"
 #include "ui/qt_text.h"
 
@@ -38,7 +40,8 @@ void DialogPlayer::Announce() {
         beforeDialog();
     if (muster_ && muster_->isVisible()) {
         muster_->ShowState(session_.selection.career, session_.character.MusterRolls,
-                           session_.character.MusterBonusCount, session_.musterResults.lines());
+                           session_.character.MusterBonusCount, session_.musterResults.cash.lines(),
+                           session_.musterResults.benefits.lines());
         muster_->SetHistory(HistoryTexts(historyBefore_));
     }
 }
@@ -46,8 +49,12 @@ void DialogPlayer::Announce() {
 template <typename Dialog>
 Dialog& DialogPlayer::Prepare(std::unique_ptr<Dialog>& dialog) {
     Announce();
-    if (!dialog)
-        dialog = std::make_unique<Dialog>(&window_);
+    if (!dialog) {
+        if constexpr (std::is_constructible_v<Dialog, QWidget*, InputGuard&>)
+            dialog = std::make_unique<Dialog>(&window_, guard_);
+        else
+            dialog = std::make_unique<Dialog>(&window_);
+    }
     // The dialogs stay the main window's, but stand before the one that is in front.
     if (auto* const front = Front()->windowHandle(); front != nullptr && Front() != dialog.get()) {
         dialog->winId();
@@ -59,7 +66,7 @@ Dialog& DialogPlayer::Prepare(std::unique_ptr<Dialog>& dialog) {
 
 void DialogPlayer::RunNeeded(NeededDialog& dialog) {
     dialog.mayScrap = [this, &dialog] {
-        return AskYesNo(guard_, &dialog, Title(), {"Scrap this character?", {}, Icon::Question, false});
+        return AskYesNo(guard_, &dialog, Title(), {kScrapQuestion, {}, Icon::Question, false});
     };
     if (guard_.Run(dialog) != QDialog::Accepted)
         throw CharacterScrapped();
@@ -74,12 +81,12 @@ QWidget* DialogPlayer::Front() const {
     return modal != nullptr ? modal : &window_;
 }
 
-QStringList DialogPlayer::SkillTexts() const {
-    return ToList(SkillLines(session_.character, session_.options[Option::SortSkillsByValue]));
+std::vector<std::string> DialogPlayer::SkillTexts() const {
+    return SkillLines(session_.character, session_.options[Option::SortSkillsByValue]);
 }
 
-QStringList DialogPlayer::HistoryTexts(std::size_t from) const {
-    return ToList(session_.character.History.lines().subspan(from));
+std::span<const std::string> DialogPlayer::HistoryTexts(std::size_t from) const {
+    return session_.character.History.lines().subspan(from);
 }
 
 int DialogPlayer::Choose(const ChoiceQuestion& question) {
@@ -161,7 +168,7 @@ std::optional<TransferAnswer> DialogPlayer::Transfer(const TransferQuestion& que
 
 MusterPress DialogPlayer::Muster(const MusterQuestion& question) {
     auto& dialog = Prepare(muster_);
-    if (!dialog.isVisible() && question.results.empty())
+    if (!dialog.isVisible() && question.cash.empty() && question.benefits.empty())
         historyBefore_ = session_.character.History.size();
     dialog.SetQuestion(question);
     dialog.SetHistory(HistoryTexts(historyBefore_));

@@ -3,6 +3,9 @@
 
 #include <functional>
 #include <memory>
+#include <span>
+#include <string>
+#include <vector>
 
 #include "character/KVNDeclare.h"
 #include "ui/input_guard.h"
@@ -50,13 +53,14 @@ class DialogPlayer : public Player {
     QString Title() const;
     // The window that a message stands before.
     QWidget* Front() const;
-    QStringList SkillTexts() const;
-    QStringList HistoryTexts(std::size_t from = 0) const;
+    std::vector<std::string> SkillTexts() const;
+    std::span<const std::string> HistoryTexts(std::size_t from = 0) const;
 
     const Session& session_;
     QWidget& window_;
     InputGuard& guard_;
-    std::unique_ptr<KVNMuster> muster_;  // before those that may become its children
+    // This owns the dialogs; the window, their parent, outlives it. Before those that may become its children:
+    std::unique_ptr<KVNMuster> muster_;
     std::unique_ptr<SPICKBOX> choice_;
     std::unique_ptr<SLIST1> list_;
     std::unique_ptr<KVNTables> tables_;

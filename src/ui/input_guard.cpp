@@ -69,6 +69,7 @@ bool Answers(const QWidget& widget, const QEvent& event) {
         case QEvent::TouchBegin:
         case QEvent::TabletPress:
         case QEvent::Shortcut:
+        case QEvent::Close:
             return true;
         case QEvent::KeyPress: {
             const auto& key = static_cast<const QKeyEvent&>(event);
@@ -119,7 +120,14 @@ void InputGuard::NoteChange() {
     beforeChange_ = lastPress_;
 }
 
+void InputGuard::EndProgram(int status) {
+    ended_ = true;
+    QCoreApplication::exit(status);
+}
+
 bool InputGuard::MayAct(const QWidget& widget) const {
+    if (ended_)
+        return false;
     if (working_ == 0 && asking_.empty())
         return true;
     // A list or menu that hangs from a control is there only because that was allowed.
@@ -129,29 +137,35 @@ bool InputGuard::MayAct(const QWidget& widget) const {
 }
 
 bool InputGuard::IsEarly(const QEvent& event) const {
-    const auto interval = static_cast<quint64>(QApplication::doubleClickInterval());
+    const int interval = QApplication::doubleClickInterval();
     if (!sinceChange_.isValid() || interval == 0)
         return false;
+    // The times are the system's, which wrap around; one that is far off is of another clock.
+    constexpr qint32 kFarOff = -60000;
     const auto time = TimeOf(event);
-    const bool by_its_time = time != 0 && beforeChange_ != 0 && time < beforeChange_ + interval;
-    return by_its_time || static_cast<quint64>(sinceChange_.elapsed()) < interval;
+    const auto since = static_cast<qint32>(static_cast<quint32>(time) - static_cast<quint32>(beforeChange_));
+    const bool by_its_time = time != 0 && beforeChange_ != 0 && since > kFarOff && since < interval;
+    return by_its_time || sinceChange_.elapsed() < interval;
 }
 
 void InputGuard::FollowKey(const QKeyEvent& event) {
+    const auto time = event.timestamp();
+    const bool down = event.type() != QEvent::KeyRelease;
+    const bool timed = QApplication::doubleClickInterval() > 0 && time != 0 && lastKey_.time != 0;
+    const bool same = timed && event.key() == lastKey_.key;
+    if (same && down && lastKey_.down && time == lastKey_.time)
+        return;  // the press that was asked for as a shortcut
     // A repetition comes as a release and a press at one time; or without a release, where that went elsewhere.
     constexpr quint64 kNoHand = 5;
     constexpr quint64 kLongestDelay = 1000;
-    const auto time = event.timestamp();
-    const bool down = event.type() == QEvent::KeyPress;
-    const bool timed = QApplication::doubleClickInterval() > 0 && time != 0 && lastKey_.time != 0;
-    const bool same = timed && event.key() == lastKey_.key;
     const bool at_once = same && !lastKey_.down && time <= lastKey_.time + kNoHand;
     const bool still_down = same && lastKey_.down && time <= lastKey_.time + kLongestDelay;
     lastKey_ = {event.key(), down, down && (event.isAutoRepeat() || at_once || still_down), time};
 }
 
 bool InputGuard::eventFilter(QObject* watched, QEvent* event) {
-    if (watched->isWindowType() && (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease))
+    const bool at_window = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
+    if (event->type() == QEvent::ShortcutOverride || (watched->isWindowType() && at_window))
         FollowKey(static_cast<const QKeyEvent&>(*event));
     if (!watched->isWidgetType())
         return false;
@@ -161,20 +175,22 @@ bool InputGuard::eventFilter(QObject* watched, QEvent* event) {
         NoteChange();
     if (!IsInput(*event))
         return false;
+    // A window that closes itself is no input.
+    if (event->type() == QEvent::Close && !event->spontaneous())
+        return false;
     if (!MayAct(widget)) {
-        // A window that closes itself is no input.
-        if (event->type() == QEvent::Close && !event->spontaneous())
-            return false;
         event->ignore();
         return true;
     }
     if (!Answers(widget, *event))
         return false;
-    const bool repeated =
-        event->type() == QEvent::KeyPress && (static_cast<const QKeyEvent*>(event)->isAutoRepeat() || lastKey_.repeats);
-    if (repeated || (widget.window()->windowType() != Qt::Popup && IsEarly(*event)))
+    const bool is_key = event->type() == QEvent::KeyPress || event->type() == QEvent::Shortcut;
+    if ((is_key && lastKey_.repeats) || (widget.window()->windowType() != Qt::Popup && IsEarly(*event))) {
+        event->ignore();
         return true;
-    lastPress_ = std::max(lastPress_, TimeOf(*event));
+    }
+    if (const auto time = TimeOf(*event); time != 0)
+        lastPress_ = time;
     return false;
 }
 

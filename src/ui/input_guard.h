@@ -46,7 +46,10 @@ class InputGuard : public QObject {
       private:
         InputGuard& guard_;
     };
-    bool working() const { return working_ > 0; }
+    // Whether rules run, or the program is about to end: nothing may begin.
+    bool working() const { return working_ > 0 || ended_; }
+    // Ends the program, with its exit status; from now on no input acts, as what was pressed at once with the last would.
+    void EndProgram(int status);
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -70,6 +73,7 @@ class InputGuard : public QObject {
     };
 
     int working_ = 0;
+    bool ended_ = false;
     LastKey lastKey_;
     std::vector<QPointer<QWidget>> asking_;  // the last one asks
     QElapsedTimer sinceChange_;

@@ -4,6 +4,9 @@
 #include <QKeyEvent>
 #include <QVBoxLayout>
 
+#include "character/player_texts.h"
+#include "ui/qt_text.h"
+
 namespace korvane::ui {
 
 namespace {
@@ -16,13 +19,7 @@ constexpr std::array kOrder = {
     Option::AutomaticGeneration,
 };
 // In the order of their answers.
-constexpr std::array kAnswerCaptions = {"Re-Enlist", "Transfer && Re-Enlist", "Muster Out", "Scrap and Restart"};
 constexpr std::array kAnswerNames = {"reEnlist", "transfer", "musterOut", "scrap"};
-
-void Show(CopyList& list, const QStringList& lines) {
-    list.clear();
-    list.addItems(lines);
-}
 
 }  // namespace
 
@@ -30,7 +27,7 @@ KVNEndTerm::KVNEndTerm(QWidget* parent)
     : NeededDialog(parent),
       options_("Options"),
       boxes_(kOrder, 3),
-      heading_("End of Term Options"),
+      heading_(ToQt(kEndOfTermHeading)),
       skillsLabel_("Skills"),
       historyLabel_("History"),
       skills_("skills", "Skills"),
@@ -41,7 +38,7 @@ KVNEndTerm::KVNEndTerm(QWidget* parent)
     font.setBold(true);
     heading_.setFont(font);
     for (std::size_t i = 0; i < buttons_.size(); ++i) {
-        buttons_.at(i).setText(kAnswerCaptions.at(i));
+        buttons_.at(i).setText(ToCaption(kEndOfTermCaptions.at(i)));
         buttons_.at(i).setObjectName(kAnswerNames.at(i));
         buttons_.at(i).setToolTip(tr("Key %1").arg(i + 1));
         connect(&buttons_.at(i), &QPushButton::clicked, this, [this, i] {
@@ -83,12 +80,12 @@ void KVNEndTerm::SetQuestion(const EndOfTermQuestion& question) {
     buttons_.front().setFocus();
 }
 
-void KVNEndTerm::SetSkills(const QStringList& lines) {
-    Show(skills_, lines);
+void KVNEndTerm::SetSkills(const std::vector<std::string>& lines) {
+    skills_.SetLines(lines);
 }
 
-void KVNEndTerm::SetHistory(const QStringList& lines) {
-    Show(history_, lines);
+void KVNEndTerm::SetHistory(std::span<const std::string> lines) {
+    history_.SetLines(lines);
 }
 
 void KVNEndTerm::keyPressEvent(QKeyEvent* event) {

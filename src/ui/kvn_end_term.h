@@ -5,6 +5,9 @@
 #include <QLabel>
 #include <QPushButton>
 #include <array>
+#include <span>
+#include <string>
+#include <vector>
 
 #include "character/player.h"
 #include "ui/copy_list.h"
@@ -22,8 +25,8 @@ class KVNEndTerm : public NeededDialog {
     std::function<void(const Options&)> optionsChanged;
 
     void SetQuestion(const EndOfTermQuestion& question);
-    void SetSkills(const QStringList& lines);
-    void SetHistory(const QStringList& lines);
+    void SetSkills(const std::vector<std::string>& lines);
+    void SetHistory(std::span<const std::string> lines);
     EndOfTermAnswer Result() const { return {choice_, boxes_.Ticked()}; }
 
   protected:

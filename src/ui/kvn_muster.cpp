@@ -8,25 +8,20 @@
 #include <vector>
 
 #include "base/text.h"
+#include "character/player_texts.h"
 #include "ui/dialog.h"
 
 namespace korvane::ui {
 
 namespace {
 
-// In the order of their answers.
-constexpr std::array kCaptions = {"Cash", "Material", "3 Cash, rest Material", "Done"};
 constexpr std::array kNames = {"cash", "material", "threeCash", "done"};
-
-bool IsMoney(std::string_view result) {
-    return result.starts_with("Cr") && (result.size() == 2 || (result[2] >= '0' && result[2] <= '9'));
-}
 
 }  // namespace
 
 KVNMuster::KVNMuster(QWidget* parent)
     : QDialog(parent),
-      gambler_("Use Gambler?"),
+      gambler_(ToQt(kGamblerQuestion)),
       results_("Results"),
       cash_("cashResults", tr("Results: cash")),
       benefits_("materialResults", tr("Results: material benefits")),
@@ -38,7 +33,7 @@ KVNMuster::KVNMuster(QWidget* parent)
     bonuses_.setObjectName("bonuses");
     gambler_.setObjectName("gambler");
     for (std::size_t i = 0; i < buttons_.size(); ++i) {
-        buttons_.at(i).setText(kCaptions.at(i));
+        buttons_.at(i).setText(ToCaption(kMusterCaptions.at(i)));
         buttons_.at(i).setObjectName(kNames.at(i));
         buttons_.at(i).setToolTip(tr("Key %1").arg(i + 1));
         connect(&buttons_.at(i), &QPushButton::clicked, this, [this, i] { Press(static_cast<MusterButton>(i)); });
@@ -65,33 +60,28 @@ void KVNMuster::LayOut() {
 }
 
 void KVNMuster::SetQuestion(const MusterQuestion& question) {
-    ShowState(question.career, question.rolls, question.bonuses, question.results);
+    ShowState(question.career, question.rolls, question.bonuses, question.cash, question.benefits);
     gambler_.setEnabled(question.gamblerEnabled);
     if (!question.gamblerEnabled)
         gambler_.setChecked(false);
-    const std::array enabled = {question.cashEnabled, question.materialEnabled, question.threeCashEnabled, true};
     for (std::size_t i = 0; i < buttons_.size(); ++i)
-        buttons_.at(i).setEnabled(enabled.at(i));
+        buttons_.at(i).setEnabled(question.Enabled(static_cast<MusterButton>(i)));
     if (!buttons_.front().isEnabled() && !buttons_[1].isEnabled())
         buttons_.back().setFocus();
 }
 
-void KVNMuster::ShowState(std::string_view career, int rolls, int bonuses, std::span<const std::string> results) {
+void KVNMuster::ShowState(std::string_view career, int rolls, int bonuses, std::span<const std::string> cash,
+                          std::span<const std::string> benefits) {
     rolls_.setText(ToQt(Concat("Muster Out for ", career, " ", rolls, " rolls remaining")));
     bonuses_.setText(ToQt(Concat(bonuses, " times you can add +1")));
-    std::vector<std::string_view> money;
-    std::vector<std::string_view> benefits;
-    for (const auto& result : results)
-        (IsMoney(result) ? money : benefits).push_back(result);
-    cash_.SetLines(money);
+    cash_.SetLines(cash);
     benefits_.SetLines(benefits);
     cash_.scrollToBottom();
     benefits_.scrollToBottom();
 }
 
-void KVNMuster::SetHistory(const QStringList& lines) {
-    history_.clear();
-    history_.addItems(lines);
+void KVNMuster::SetHistory(std::span<const std::string> lines) {
+    history_.SetLines(lines);
     history_.scrollToBottom();
 }
 

@@ -26,9 +26,10 @@ class KVNMuster : public QDialog {
 
     void SetQuestion(const MusterQuestion& question);
     // What is left to spend and what it has brought, without a change to the buttons.
-    void ShowState(std::string_view career, int rolls, int bonuses, std::span<const std::string> results);
+    void ShowState(std::string_view career, int rolls, int bonuses, std::span<const std::string> cash,
+                   std::span<const std::string> benefits);
     // What the history has said since the dialog opened.
-    void SetHistory(const QStringList& lines);
+    void SetHistory(std::span<const std::string> lines);
 
     void reject() override;
 

@@ -66,9 +66,8 @@ void KVNTables::ShowColumn(int number, const TableColumn& content) {
     column.rows->setAccessibleName(name);
 }
 
-void KVNTables::SetHeldSkills(const QStringList& lines) {
-    held_.clear();
-    held_.addItems(lines);
+void KVNTables::SetHeldSkills(const std::vector<std::string>& lines) {
+    held_.SetLines(lines);
 }
 
 void KVNTables::keyPressEvent(QKeyEvent* event) {

@@ -4,6 +4,8 @@
 #include <QLabel>
 #include <QPushButton>
 #include <array>
+#include <string>
+#include <vector>
 
 #include "character/player.h"
 #include "ui/copy_list.h"
@@ -17,7 +19,7 @@ class KVNTables : public NeededDialog {
     explicit KVNTables(QWidget* parent);
 
     void SetQuestion(const TableQuestion& question);
-    void SetHeldSkills(const QStringList& lines);
+    void SetHeldSkills(const std::vector<std::string>& lines);
     // The column that was pressed, counted from 1.
     int picked() const { return picked_; }
 

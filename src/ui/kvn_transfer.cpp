@@ -3,20 +3,19 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 
+#include "character/player_texts.h"
 #include "ui/qt_text.h"
 
 namespace korvane::ui {
 
 KVNTransfer::KVNTransfer(QWidget* parent)
     : NeededDialog(parent),
-      heading_("Select Transfer Career and Assignment"),
-      notice_(
-          "Your character either has to move jobs or end his career and muster out. Select a new Career and "
-          "Assignment."),
+      heading_(ToQt(kTransferHeading)),
+      notice_(ToQt(kTransferNotice)),
       careerLabel_("Career"),
       assignmentLabel_("Assignment"),
       accept_("Accept"),
-      endCareer_("End Career") {
+      endCareer_(ToQt(kEndCareer)) {
     setObjectName("KVNTransfer");
     heading_.setObjectName("heading");
     auto font = heading_.font();

@@ -5,9 +5,14 @@
 
 namespace korvane::ui {
 
+namespace {
+
+// Whether texts are light on a dark ground.
 bool IsDark(const QPalette& palette) {
     return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
 }
+
+}  // namespace
 
 void MendPalette() {
     if (!IsDark(QApplication::palette()))

@@ -5,8 +5,6 @@
 
 namespace korvane::ui {
 
-// Whether texts are light on a dark ground.
-bool IsDark(const QPalette& palette);
 // Makes tick boxes and radio buttons stand out on a dark ground.
 void MendPalette();
 

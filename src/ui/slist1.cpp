@@ -2,13 +2,14 @@
 
 #include <QHBoxLayout>
 #include <QInputDialog>
-#include <QMessageBox>
 #include <QScreen>
 #include <QShowEvent>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "character/player_texts.h"
 #include "ui/dialog.h"
+#include "ui/message_boxes.h"
 #include "ui/qt_text.h"
 
 namespace korvane::ui {
@@ -23,12 +24,6 @@ void SetUpLimit(QLineEdit& field, const QString& name) {
     field.setMaximumWidth(field.fontMetrics().averageCharWidth() * 8);
 }
 
-// A limit is at least 1.
-void RaiseLimit(QLineEdit& field) {
-    if (field.text().toInt() < 1)
-        field.setText("1");
-}
-
 }  // namespace
 
 void MarkList::focusInEvent(QFocusEvent* event) {
@@ -38,8 +33,9 @@ void MarkList::focusInEvent(QFocusEvent* event) {
         selectionModel()->clearCurrentIndex();
 }
 
-SLIST1::SLIST1(QWidget* parent)
+SLIST1::SLIST1(QWidget* parent, InputGuard& guard)
     : QDialog(parent),
+      guard_(guard),
       ok_(tr("OK")),
       cancel_(tr("Cancel")),
       selectAll_(tr("Select &All")),
@@ -102,8 +98,10 @@ void SLIST1::SetQuestion(const ListQuestion& question) {
     const auto prompt = ToQt(question.prompt);
     prompt_.setText(prompt);
     list_.setAccessibleName(prompt);
-    maximum_.setText(QString::number(question.maximum));
-    minimum_.setText(QString::number(question.minimum));
+    most_ = std::max(question.maximum, 1);
+    least_ = std::max(question.minimum, 1);
+    maximum_.setText(QString::number(most_));
+    minimum_.setText(QString::number(least_));
     list_.clear();
     for (const auto item : question.items)
         list_.addItem(ToQt(item));
@@ -121,13 +119,15 @@ std::vector<int> SLIST1::Marked() const {
 }
 
 void SLIST1::Check() {
+    if (!isVisible())  // a button's shortcut clicks a moment later, when the list may have gone
+        return;
     const auto count = list_.selectedItems().size();
     if (count == 0)
-        ShowMessage("No items selected");
-    else if (count > maximum_.text().toInt())
-        ShowMessage("Too many items selected; limit is " + maximum_.text());
-    else if (count < minimum_.text().toInt())
-        ShowMessage("Too few items selected; minimum is " + minimum_.text());
+        ShowMessage(ToQt(kNoItems));
+    else if (count > most_)
+        ShowMessage(ToQt(kTooManyItems) + QString::number(most_));
+    else if (count < least_)
+        ShowMessage(ToQt(kTooFewItems) + QString::number(least_));
     else
         accept();
 }
@@ -142,16 +142,14 @@ void SLIST1::Clear() {
 }
 
 void SLIST1::Find() {
-    auto* const input = new QInputDialog(this);
-    input->setObjectName("findInput");
-    input->setAttribute(Qt::WA_DeleteOnClose);
-    input->setWindowTitle(windowTitle());
-    input->setLabelText("Select all entries containing this string");
-    connect(input, &QInputDialog::textValueSelected, this, [this](const QString& text) {
-        if (!text.isEmpty())
-            MarkAllContaining(text);
-    });
-    input->open();
+    if (!isVisible())
+        return;
+    QInputDialog input(this);
+    input.setObjectName("findInput");
+    input.setWindowTitle(windowTitle());
+    input.setLabelText("Select all entries containing this string");
+    if (guard_.Run(input) == QDialog::Accepted && !input.textValue().isEmpty())
+        MarkAllContaining(input.textValue());
 }
 
 // Marked items stay marked. The last one becomes current, as by a click.
@@ -169,17 +167,13 @@ void SLIST1::ShowCount() {
 }
 
 void SLIST1::ShowMessage(const QString& text) {
-    auto* const box = new QMessageBox(QMessageBox::NoIcon, windowTitle(), text, QMessageBox::Ok, this);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->open();
+    ui::ShowMessage(guard_, this, windowTitle(), text, Icon::None);
 }
 
 void SLIST1::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
     if (event->spontaneous())  // it was only minimized
         return;
-    RaiseLimit(maximum_);
-    RaiseLimit(minimum_);
     LimitSize();
 }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "character/player.h"
+#include "ui/input_guard.h"
 
 namespace korvane::ui {
 
@@ -22,7 +23,7 @@ class MarkList : public QListWidget {
 // act as "OK". Closing it acts as "Cancel".
 class SLIST1 : public QDialog {
   public:
-    explicit SLIST1(QWidget* parent);
+    SLIST1(QWidget* parent, InputGuard& guard);
 
     // No item is marked afterwards, and none is current. The window's title is that of its messages.
     void SetQuestion(const ListQuestion& question);
@@ -46,7 +47,10 @@ class SLIST1 : public QDialog {
     // Keeps the dialog within three quarters of the screen's height and half of its width.
     void LimitSize();
 
+    InputGuard& guard_;
     QLabel prompt_;
+    int least_ = 1;
+    int most_ = 1;
     QLineEdit minimum_;
     QLineEdit maximum_;
     QLabel count_;

@@ -49,7 +49,7 @@ TEST_F(Characteristics, NewCharacterIsBlankOfStartingAgeAndRolledByTheMethod) {
     session.method = RollingMethod::Roll3Drop1;
     EXPECT_EQ(ValuesFrom({5, 5, 1, 2, 1, 1}, StartNewCharacter, test::HomeWorldRolls()), (std::vector{12, 3}));
     EXPECT_EQ(character().Age, 22);
-    EXPECT_TRUE(History().empty() && HeldSkills(character()).empty());
+    EXPECT_TRUE(History().empty() && character().Skills.Held().empty());
     EXPECT_EQ(character().CharacteristicName[1] + character().CharacteristicName[7], "Str");
     EXPECT_EQ(character().CharacteristicDM[1], 2) << "the summary was refreshed";
 }

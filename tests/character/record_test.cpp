@@ -44,8 +44,8 @@ TEST_F(Record, ClearingLeavesNothingOfTheCharacterBefore) {
     character().Rank = character().QualificationDM = character().LeaveCareer = 7;
     character().MedicalDebt = 2.5F;
     character().Clear();
-    EXPECT_TRUE(History().empty() && character().Benefits.empty() && HeldSkills(character()).empty());
-    EXPECT_EQ(TakeSkillSlot(character())->Level, 0) << "no level stays in the slot";
+    EXPECT_TRUE(History().empty() && character().Benefits.empty() && character().Skills.Held().empty());
+    EXPECT_EQ(character().Skills.Find("")->Level, 0) << "no level stays in the slot";
     EXPECT_EQ(character().Rank + character().QualificationDM + character().LeaveCareer, 0);
     EXPECT_TRUE(character().Characteristic[kSoc] == 0 && character().MedicalDebt == 0);
     AddHistory(session, "New");

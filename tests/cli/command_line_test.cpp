@@ -1,7 +1,9 @@
 // The command line as a whole, in this process: exit statuses, messages, repeatable runs.
 
 #include <array>
+#include <fstream>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <sstream>
 
 #include "cli/run_cli.h"
@@ -118,7 +120,7 @@ TEST(CommandLine, MissingAssignmentFileIsNamed) {
             std::filesystem::remove(entry.path());
     const auto none = data.Generate({"--career", "Army"});
     EXPECT_EQ(none.status, 1);
-    EXPECT_NE(none.err.find("Imperial Human-Army-*.eas: can't be read"), std::string::npos) << none.err;
+    EXPECT_NE(none.err.find("there is no assignment ("), std::string::npos) << none.err;
 }
 
 TEST(CommandLine, PlayFailsWhenTheInputEnds) {
@@ -128,14 +130,13 @@ TEST(CommandLine, PlayFailsWhenTheInputEnds) {
     EXPECT_NE(outcome.err.find("the input ended"), std::string::npos) << outcome.err;
 }
 
-TEST(CommandLine, EveryCodeIsListedAndCarriedOutByLives) {
+TEST(CommandLine, TheHandbookOfCodesIsTheOneInTheDocuments) {
+    std::ifstream page(KORVANE_DOCS "/codes.md", std::ios::binary);
+    const std::string text((std::istreambuf_iterator<char>(page)), {});
+    EXPECT_EQ(LinesOf(RunCli({"codes", "--describe"}).out), LinesOf(text))
+        << "make it anew: korvane-cli codes --describe >docs/codes.md";
     const auto listed = LinesOf(RunCli({"codes"}).out);
-    EXPECT_EQ(listed.front(), "mishap SINJ");
-    EXPECT_EQ(listed.back(), "event  SCOCOURIER");
-    const auto counted = LinesOf(RunCli({"codes", "--data", KORVANE_RULES, "--every-code", "--count", "20000"}).out);
-    ASSERT_EQ(counted.size(), listed.size()) << "a life ended in an error: " << counted.back();
-    for (const auto& line : counted)
-        EXPECT_FALSE(line.ends_with(" 0")) << line;
+    EXPECT_EQ(listed.front() + listed.back(), "mishap SINJevent  SCOCOURIER");
 }
 
 TEST(CommandLine, ReplayTellsWhatAFileErrorEndedAndWhatDiverged) {

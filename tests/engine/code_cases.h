@@ -20,7 +20,7 @@ inline constexpr auto kPrisonNotice =
     "You have been imprisoned. Terms will be served until you make your parole roll or die of old age";
 
 // clang-format off
-inline const std::vector<std::pair<std::string_view, Field>> kNumbers = {
+inline const std::vector<std::pair<std::string_view, codes::Field>> kNumbers = {
     {"Slots",         &CharacterNumbers::CharacteristicCount}, {"Age",           &CharacterNumbers::Age},
     {"Terms",         &CharacterNumbers::TermsTotal},          {"CareerTerms",   &CharacterNumbers::TermsInCareer},
     {"Rank",          &CharacterNumbers::Rank},                {"Commissioned",  &CharacterNumbers::Commissioned},

@@ -42,12 +42,12 @@ class Mustering : public test::World {
     std::string Take(const std::string& benefit, const std::string& options = "", int pick = 0,
                      const std::string& title = "Mustering Out Choice") {
         character() = start;
-        session.musterResults.Clear();
+        session.musterResults.benefits.Clear();
         if (pick > 0)
             player.ExpectChoice(title, options, pick);
         TakeBenefit(session, benefit);
         const auto owned = Joined(character().Benefits);
-        EXPECT_TRUE(owned.empty() || (owned == History().front() + ";" && owned == Joined(session.musterResults)));
+        EXPECT_TRUE(owned.empty() || (owned == History().front() + ";" && owned == Joined(session.musterResults.benefits)));
         return (owned.empty() ? "" : "*") + Joined(character().History);
     }
 
@@ -78,7 +78,8 @@ TEST_F(Mustering, ButtonsFollowTheRollsLeftAndTheCashRollsUsed) {
     EXPECT_EQ(MusterOutAfter(5, 4, {1}), "Cash Material ");
     player.ExpectMuster(MusterButton::ThreeCashRestMaterial);
     EXPECT_EQ(MusterOutAfter(5, 0, {1, 2, 3, 4, 5}), "");
-    EXPECT_EQ(Joined(session.musterResults), "Cr1,000;Cr2,000;Cr3,000;B4;B5;");
+    EXPECT_EQ(Joined(session.musterResults.cash) + Joined(session.musterResults.benefits),
+              "Cr1,000;Cr2,000;Cr3,000;B4;B5;");
     EXPECT_EQ(Concat(character().Cash, " ", History().size()), "10000 4") << "cash is not written down";
 }
 
@@ -86,7 +87,7 @@ TEST_F(Mustering, BonusesAndGamblingRaiseARollToTheLastRowAtMost) {
     const std::string question = " bonuses of +1 for muster rolls. Add +1 to this roll?";
     Hold("Gambler", 0);
     EXPECT_EQ(MusterOutAfter(0, 0), "");
-    FindSkill(character(), "Gambler")->Level = 1;
+    character().Skills.Find("Gambler")->Level = 1;
     character().MusterBonusCount = 3;
     player.ExpectMuster(MusterButton::Material, true).ExpectAsk("You have 3" + question, false);
     player.ExpectMuster(MusterButton::Material).ExpectAsk("You have 3" + question, true);
@@ -115,9 +116,9 @@ TEST_F(Mustering, EachBenefitBringsItsOwn) {
     EXPECT_EQ(Take("Ship's Boat"), "*Ship's Boat;Pilot (Small Craft)-1;");
     EXPECT_EQ(Take("Deception, Persuade or Stealth", "Deception/Persuade/Stealth", 2), "Persuade-1;");
     EXPECT_EQ(Take("Melee, Recon or Streetwise", "Melee/Recon/Streetwise", 3), "Streetwise-1;");
-    EXPECT_TRUE(session.musterResults.lines().back().ends_with(" (added)"));
+    EXPECT_TRUE(session.musterResults.benefits.lines().back().ends_with(" (added)"));
     EXPECT_EQ(Take("Deception, Persuade and Stealth"), "Deception-1;Persuade-1;Stealth-1;");
-    EXPECT_TRUE(session.musterResults.lines().back().ends_with(" (all added)"));
+    EXPECT_TRUE(session.musterResults.benefits.lines().back().ends_with(" (all added)"));
     EXPECT_EQ(Take("Personal Vehicle or Ship Share", "Personal Vehicle/Ship Share", 2), "*Ship Share;");
     EXPECT_EQ(Take("Edu +1 or Two Ship Shares", "Edu +1/Two Ship Shares", 1), "Edu +1;");
     EXPECT_EQ(Take("Ship's Boat or Two Ship Shares", "Ship's Boat/Two Ship Shares", 1),

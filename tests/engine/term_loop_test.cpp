@@ -36,7 +36,7 @@ class Life : public test::World, public Display {
         if (!character().History.empty() && character().History.lines().back() == "Trouble")
             character().LeaveCareer = 1;
     }
-    void ControlsLocked(bool locked) override { locks.push_back(locked); }
+    void ControlsLocked(bool locked) noexcept override { locks.push_back(locked); }
 
     test::ScriptedPlayer& Start(const Rolls& rolls) {
         dice.Expect(rolls);
@@ -211,7 +211,7 @@ TEST_F(Life, ACareerLocksTheControlsAndHandsOverWhoMusteredOut) {
         dice.Expect(test::HomeWorldRolls());
     };
     int handed = 0;
-    const auto hand_over = [&] { handed += character().TermsTotal; };
+    const auto hand_over = [&](LifeEnd end) { handed += end == LifeEnd::MusteredOut ? int{character().TermsTotal} : 0; };
     Start(kShortLife).ExpectTable(1).ExpectEndOfTerm(End::MusterOut).ExpectMuster(MusterButton::Done);
     expect_new_character();
     RunCareer(session, hand_over);

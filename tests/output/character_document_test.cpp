@@ -30,7 +30,7 @@ TEST_F(Document, HoldsTheRecordInItsOrder) {
     record.CareersServed.Add("Army");
     Hold("Gone", 3);
     Hold("Admin", 1);
-    FindSkill(record, "Gone")->Name.clear();
+    record.Skills.Find("Gone")->Name.clear();
     session.assignment.rankTitle[7] = " Ensign ";
     AddHistory(session, "-- \"Term\" 1 --");
     EXPECT_EQ(

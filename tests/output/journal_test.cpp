@@ -5,17 +5,17 @@
 #include <sstream>
 
 #include "character/characteristics.h"
-#include "cli/every_code_data.h"
-#include "cli/lives.h"
 #include "engine/mustering_out.h"
 #include "engine/selection.h"
 #include "engine/transfer.h"
 #include "output/character_document.h"
 #include "output/journal/recorder.h"
 #include "output/journal/replayer.h"
+#include "play/life_plan.h"
 #include "skills/choice.h"
 #include "skills/list_choice.h"
 #include "skills/skill_tables.h"
+#include "support/every_code_data.h"
 #include "support/temp_folder.h"
 #include "support/world.h"
 
@@ -58,7 +58,7 @@ TEST_F(Journal, EveryKindOfRequestIsALine) {
     Roll(session, 0, 6);
     recorder.Draw(3);
     player.ExpectChoice("Select a Skill", "Stealth/Survival", 1);
-    ChooseOption(session, "Select a Skill", "Stealth/Survival");
+    ChooseOption(session, "Select a Skill", std::vector<std::string_view>{"Stealth", "Survival"});
     player.ExpectList("Take", "Admin=2/Medic=1", {2});
     const std::vector<std::string_view> items = {"Medic=1", "Admin=2"};
     AskForItems(session, 1, 1, "Take", ListItems(items));
@@ -205,10 +205,10 @@ TEST_F(Journal, ErrorsAreReplayedIntoTheSameError) {
 }
 
 // A plan drawn at random: by whatever player and method, with whatever options.
-cli::LifePlan AnyPlan(RandomStream& picks) {
-    cli::LifePlan plan;
+play::LifePlan AnyPlan(RandomStream& picks) {
+    play::LifePlan plan;
     plan.seed = 11;
-    plan.player = picks.Below(2) == 0 ? cli::PlayerKind::Automatic : cli::PlayerKind::Random;
+    plan.player = picks.Below(2) == 0 ? play::PlayerKind::Automatic : play::PlayerKind::Random;
     plan.method = picks.Below(2) == 0 ? RollingMethod::True2D : RollingMethod::Roll3Drop1;
     plan.terms = 1 + picks.Below(11);
     for (std::size_t i = 1; i < kOptionCaptions.size(); ++i)
@@ -217,10 +217,10 @@ cli::LifePlan AnyPlan(RandomStream& picks) {
 }
 
 // Records a life and lives its journal again. Returns whether it was mustered out.
-bool RecordAndReplay(Session& session, const cli::LifePlan& plan, std::uint64_t number) {
+bool RecordAndReplay(Session& session, const play::LifePlan& plan, std::uint64_t number) {
     std::string text;
     const auto outcome =
-        cli::Live(session, plan, number, [&text](std::string_view line) { AppendAll(text, line, "\n"); });
+        play::Live(session, plan, number, [&text](std::string_view line) { AppendAll(text, line, "\n"); });
     const auto document = CharacterDocument(session);
     Replayer replayer("life.jsonl", text);
     session.method = replayer.start().method;
@@ -254,7 +254,7 @@ TEST(Replay, AThousandRandomLivesGiveEqualDocuments) {
 
 TEST(Replay, SoDoAThousandOnDataThatHoldsEveryCode) {
     const test::TempFolder folder;
-    cli::WriteEveryCodeData(KORVANE_RULES, folder.path().string());
+    test::WriteEveryCodeData(KORVANE_RULES, folder.path().string());
     RecordAndReplayAThousand(folder.held());
 }
 

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "base/error.h"
+#include "output/page_file.h"
 #include "support/environment.h"
 #include "support/temp_folder.h"
 #include "support/world.h"
@@ -38,9 +39,9 @@ TEST_F(PageExport, EachTagIsReplacedWhereALineHoldsItFirst) {
     EXPECT_EQ(Filled("|AGE| and |AGE|, |age| |NOTES||RACE|"), "34 and |AGE|, |age| Other stuffImperial Human");
     EXPECT_EQ(FillTemplate({"|AGE|", "|AGE|\r"}, session, ""), (Names{"34", "34\r"})) << "in every line";
     EXPECT_EQ(Filled("|NAME||AGE|", "<b>|AGE|"), "<b>34|AGE|") << "a value may hold a tag that comes later";
-    character().HomeWorld = "|NAME| |TRAITS| |PENSION|";
+    character().HomeWorld[0] = "|NAME| |TRAITS| |PENSION|";
     session.race.traits = {"", "Brave"};
-    EXPECT_EQ(Filled("|HOMEWORLD|"), "|NAME| Brave |PENSION|") << "but not one that came before";
+    EXPECT_EQ(Filled("|HOMEWORLD|"), "Port: |NAME| Brave |PENSION|") << "but not one that came before";
     EXPECT_EQ(Filled("||NAME|| |STAT7| |STAT01|"), "|Jo| |STAT7| |STAT01|");
 }
 
@@ -82,7 +83,7 @@ TEST_F(PageExport, MasterSkillsFillTheirTagsAloneOrWithSpecialities) {
     EXPECT_EQ(Filled("|PILOT|"), "Pilot 0<br>" + in + "Pilot (Spacecraft) 2<br>" + in + "Pilot (Small Craft) 1<br>");
     EXPECT_EQ(Filled("|GUNNER|"), "Gunner 0<br>" + in + "Gunner (Turret) 1<br>") << "the held skill is the head";
     EXPECT_EQ(Filled("|GUNS|"), "Gun 0<br>" + in + "Gunner 0<br>" + in + "Gunner (Turret) 1<br>");
-    FindSkill(character(), "Gunner")->Level = 2;
+    character().Skills.Find("Gunner")->Level = 2;
     EXPECT_EQ(Filled("|GUNNER|"), "Gunner 2<br>Gunner 0<br>" + in + "Gunner (Turret) 1<br>");
     session.masterSkills = {"", "Gunner||G*", "Admin||G|"};
     EXPECT_EQ(Filled("|G||G|"), "0Gunner 2<br>Gunner 0<br>" + in + "Gunner (Turret) 1<br>") << "plain tags come first";
@@ -94,7 +95,7 @@ TEST_F(PageExport, ListsAreJoinedAndEmptyOnesAreEmpty) {
     Hold("Admin", 1);
     Hold("Gone", 3);
     Hold("Pilot (Spacecraft)", 0);
-    FindSkill(character(), "Gone")->Name.clear();
+    character().Skills.Find("Gone")->Name.clear();
     for (const auto* benefit : {"Blade", " ", "TAS Membership"})
         character().Benefits.Add(benefit);
     character().Contacts = 2;

@@ -7,10 +7,10 @@
 #include "base/files.h"
 #include "base/text.h"
 #include "character/characteristics.h"
-#include "cli/players.h"
 #include "engine/selection.h"
 #include "engine/term_loop.h"
 #include "output/page_export.h"
+#include "play/players.h"
 
 namespace korvane {
 namespace {
@@ -57,7 +57,7 @@ TEST(ShippedTemplates, LeaveNoTagVisible) {
     Display display;
     for (std::uint64_t seed = 1; seed <= 10; ++seed) {
         SeededDice dice(seed, 1);
-        cli::PolicyPlayer player(RandomStream(seed), 9);
+        play::PolicyPlayer player(RandomStream(seed), 9);
         Session session(DataFolder(kRules), {&dice, &player, &display});
         session.masterSkills = LoadMasterSkills(kRules);
         session.options.Set(Option::AutomaticGeneration);

@@ -1,4 +1,4 @@
-// The choice service: asked and automatic, limits, flags for one question.
+// The choice service: numbers and texts of answers, automatic mode, its limits.
 
 #include "skills/choice.h"
 
@@ -8,63 +8,50 @@ namespace korvane {
 namespace {
 
 using test::Drawn;
-using Choice = test::World;
+using Texts = std::vector<std::string_view>;
 
-TEST_F(Choice, NumberCountsFromOneWhenAskedAndFromZeroWhenDrawn) {
+class Choices : public test::World {
+  protected:
+    int Number(const Texts& texts) { return ChooseOption(session, "Pick", texts); }
+};
+
+TEST_F(Choices, NumberCountsFromOneWhenAskedAndFromZeroWhenDrawn) {
+    player.ExpectChoice("Pick", "A//C", 2);
+    EXPECT_EQ(Number({"A", "", "C"}), 2) << "an empty alternative is one";
     player.ExpectChoice("Pick", "A/B/C", 2);
-    EXPECT_EQ(ChooseOption(session, "Pick", "A/B/C"), 2);
-    EXPECT_EQ(session.choice.PickText, "B");
-    EXPECT_EQ(session.choice.PickPlace, 2);
-
+    EXPECT_EQ(Choose(session, "Pick", Texts{"A", "B", "C"}).text, "B");
     Tick(Option::AutomaticGeneration);
-    dice.Expect({Drawn(3, 1)});
-    EXPECT_EQ(ChooseOption(session, "Pick", "A/B/C"), 1);
+    dice.Expect({Drawn(3, 1), Drawn(3, 2), Drawn(1, 0)});
+    EXPECT_EQ(Number({"A", "B", "C"}), 1);
     EXPECT_EQ(session.choice.PickIndex, 1);
     EXPECT_EQ(session.choice.PickText, "B") << "the text always names the alternative that was really chosen";
-    EXPECT_EQ(session.choice.PickPlace, 2);
+    EXPECT_EQ(Choose(session, "Pick", Texts{"A", "B", "C"}).place, 3) << "and so does the place";
+    EXPECT_EQ(Number({"One"}), 0);
 }
 
-TEST_F(Choice, OneAlternativeIsAQuestionAndADraw) {
-    player.ExpectChoice("Only", "One", 1);
-    EXPECT_EQ(ChooseOption(session, "Only", "One"), 1);
+TEST_F(Choices, MoreThan24AlternativesFailBeforeAnythingIsAskedOrDrawn) {
+    Texts texts(24, "x");
+    player.ExpectChoice("Pick", "*", 24);
+    EXPECT_EQ(Number(texts), 24);
+    texts.emplace_back("x");
+    EXPECT_THROW(Number(texts), RuleError);
     Tick(Option::AutomaticGeneration);
-    dice.Expect({Drawn(1, 0)});
-    EXPECT_EQ(ChooseOption(session, "Only", "One"), 0);
-    EXPECT_EQ(session.choice.PickText, "One");
+    EXPECT_THROW(Number(texts), RuleError);
 }
 
-TEST_F(Choice, EmptyAlternativesAreKept) {
-    player.ExpectChoice("Gaps", "A//B/", 2);
-    EXPECT_EQ(ChoosePlace(session, "Gaps", "A//B/"), 2);
-    EXPECT_EQ(session.choice.PickText, "");
-    EXPECT_EQ(AlternativeAt("A//B/", 3), "B");
-}
-
-TEST_F(Choice, MoreThan24AlternativesFailBeforeAnythingIsAskedOrDrawn) {
-    std::string options = "1";
-    for (int i = 2; i <= 24; ++i)
-        options += "/" + std::to_string(i);
-    player.ExpectChoice("Many", options, 24);
-    EXPECT_EQ(ChooseOption(session, "Many", options), 24);
-    EXPECT_THROW(ChooseOption(session, "Many", options + "/25"), RuleError);
-    Tick(Option::AutomaticGeneration);
-    EXPECT_THROW(ChooseOption(session, "Many", options + "/25"), RuleError);
-}
-
-TEST_F(Choice, FlagsHoldForOneQuestion) {
+TEST_F(Choices, FlagsHoldForOneQuestion) {
     session.choice.automaticOnce = true;
     session.choice.focusPreset = 2;
     dice.Expect({Drawn(2, 0)});
-    EXPECT_EQ(ChooseOption(session, "Pick", "A/B"), 0);
+    EXPECT_EQ(Number({"A", "B"}), 0);
     player.ExpectChoice("Pick", "A/B", 1);
-    EXPECT_EQ(ChooseOption(session, "Pick", "A/B"), 1);
+    EXPECT_EQ(Number({"A", "B"}), 1);
     EXPECT_EQ(player.lastFocus, 0) << "the automatic answer spent the preset";
-
     session.choice.focusPreset = 1;
     player.ExpectChoice("Pick", "A/B", 1).ExpectChoice("Pick", "A/B", 1);
-    ChooseOption(session, "Pick", "A/B");
+    Number({"A", "B"});
     EXPECT_EQ(player.lastFocus, 1);
-    ChooseOption(session, "Pick", "A/B");
+    Number({"A", "B"});
     EXPECT_EQ(player.lastFocus, 0);
 }
 

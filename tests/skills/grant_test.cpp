@@ -80,7 +80,7 @@ TEST_F(Grants, PlusRaisesACharacteristicToAtMost15) {
 TEST_F(Grants, SpecialityIsAskedAboveLevelZeroAndFreesTheBareEntry) {
     ExpectPilot(2);
     EXPECT_EQ(Granted({"Pilot-0", "Admin-0", "Pilot-2"}), (Lines{"Pilot-0", "Admin-0", "Pilot (Spacecraft)-2"}));
-    EXPECT_EQ(character().Skills[1].Name, "Pilot (Spacecraft)") << "the new name takes the slot that became free";
+    EXPECT_EQ(character().Skills.all()[0].Name, "Pilot (Spacecraft)") << "the new name takes the slot that became free";
     ExpectPilot(2);
     EXPECT_EQ(Granted({"Pilot=0", "Pilot (Spacecraft)", "pilot", "Pilot=2"}),
               (Lines{"Pilot-0", "Pilot (Spacecraft)-3", "pilot-1", "Skill Pilot=2 already held"}));
@@ -106,7 +106,7 @@ TEST_F(Grants, CapRefusesLevelsAddedBeyond4AndOffersAnotherSkill) {
     Hold("Zeal", 32767);
     EXPECT_EQ(ErrorOf("Zeal"), "overflow") << "before the refusal";
     Tick(Option::AutomaticGeneration);
-    FindSkill(character(), "Admin")->Level = 3;
+    character().Skills.Find("Admin")->Level = 3;
     dice.Expect({Drawn(38, 20), Drawn(38, 20), Drawn(38, 20)});
     EXPECT_EQ(Granted({"Medic", "Medic", "Admin"}), Lines{"Admin-4"}) << "refused as a replacement, it ends there";
 }

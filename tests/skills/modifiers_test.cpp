@@ -27,9 +27,9 @@ TEST_F(Modifiers, ExactNameThenSpecialitiesThenUnskilled) {
             EXPECT_EQ(SkillModifier(character(), name), 0) << name;
         EXPECT_EQ(SkillModifier(character(), "Art"), 2);
     }
-    EXPECT_EQ(BestSkillModifier(session, "Medic/Art/Art (Song)"), 2);
+    EXPECT_EQ(BestSkillModifier(session, std::vector<std::string_view>{"Medic", "Art", "Art (Song)"}), 2);
     EXPECT_EQ(session.choice.PickText, "Art") << "the first of equals";
-    EXPECT_EQ(BestSkillModifier(session, "Zeal"), 0);
+    EXPECT_EQ(BestSkillModifier(session, std::vector<std::string_view>{"Zeal"}), 0);
 }
 
 TEST_F(Modifiers, ImprovementOffersEachHeldSkillAtOneLevelMore) {
@@ -46,7 +46,7 @@ TEST_F(Modifiers, ImprovementOffersEachHeldSkillAtOneLevelMore) {
     dice.Expect({Rolled(1, 2, 2), Drawn(4, 0), Rolled(1, 2, 1)});
     ImproveHeldSkill(session);
     ImproveHeldSkill(session);
-    FindSkill(character(), "Pilot (Capital)")->Level = 4;
+    character().Skills.Find("Pilot (Capital)")->Level = 4;
     ImproveHeldSkill(session);  // all are at the cap
     EXPECT_EQ(History(), (std::vector<std::string>{"medic-5", "Pilot (Capital)-1", "Admin-4"}));
 }

@@ -15,13 +15,11 @@ World::World() : session(DataFolder(HeldPath(KORVANE_RULES)), {&dice, &player, &
 }
 
 void World::Hold(const std::string& name, int level) {
-    auto* const slot = TakeSkillSlot(character());
-    slot->Name = name;
-    slot->Level = level;
+    character().Skills.Take(name, level);
 }
 
 int World::LevelOf(const std::string& name) const {
-    const auto* const skill = FindSkill(session.character, name);
+    const auto* const skill = session.character.Skills.Find(name);
     return skill == nullptr ? -1 : int{skill->Level};
 }
 

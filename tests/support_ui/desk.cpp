@@ -3,11 +3,11 @@
 namespace korvane::test {
 
 Desk::Desk(const HeldPath& data) : session(DataFolder(data), {}), window(session, guard) {
-    session.seams = {&dice, &window.player(), &window};
+    session.seams = {&dice, &window.player(), &window.display()};
     session.programTitle = "Korvane on trial";
     window.Load();
     window.show();
-    window.ControlsLocked(false);
+    window.Unlock();
 }
 
 std::vector<std::string> Desk::Shown(const QString& list) const {

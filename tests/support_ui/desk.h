@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "app/kvn_gen.h"
+#include "desktop/kvn_gen.h"
 #include "support_ui/robot.h"
 
 namespace korvane::test {

@@ -45,8 +45,7 @@ class CareerDialogs : public test::DialogStage {
 };
 
 TEST_F(CareerDialogs, TablesShowTheirColumnsAndWhatIsHeld) {
-    session.character.Skills[1] = {"Gun Combat", Count(2)};
-    session.character.SkillSlotsUsed = 1;
+    session.character.Skills.Take("Gun Combat", 2);
     robot.Then("KVNTables", [](QWidget& dialog) {
         EXPECT_EQ(dialog.windowTitle(), "Korvane on trial");
         EXPECT_EQ(Child<QLabel>(dialog, "instruction").text(), "Select a skill from the above tables");
@@ -74,9 +73,8 @@ TEST_F(CareerDialogs, TablesShowTheirColumnsAndWhatIsHeld) {
 }
 
 TEST_F(CareerDialogs, EndOfTermMirrorsEveryBoxAtOnce) {
-    session.character.Skills[1] = {"Admin", Count(0)};
-    session.character.Skills[2] = {"Medic", Count(3)};
-    session.character.SkillSlotsUsed = 2;
+    session.character.Skills.Take("Admin", 0);
+    session.character.Skills.Take("Medic", 3);
     session.character.History.Add("-- Term 1 --");
     player.optionsChanged = [this](const Options& options) { session.options = options; };
     Options before;
@@ -135,7 +133,7 @@ TEST_F(CareerDialogs, TransferNeedsACareerToAccept) {
 
 TEST_F(CareerDialogs, MusteringOutStaysOpenBetweenItsPresses) {
     const auto muster = [&] { return Child<QWidget>(window, "KVNMuster").isVisible(); };
-    MusterQuestion question{"Army", 3, 2, true, true, false, true, {}};
+    MusterQuestion question{"Army", 3, 2, true, true, false, true, {}, {}};
     robot.Then("KVNMuster", [](QWidget& dialog) {
         EXPECT_EQ(Child<QLabel>(dialog, "rolls").text(), "Muster Out for Army 3 rolls remaining");
         EXPECT_EQ(Child<QLabel>(dialog, "bonuses").text(), "2 times you can add +1");
@@ -151,10 +149,12 @@ TEST_F(CareerDialogs, MusteringOutStaysOpenBetweenItsPresses) {
     EXPECT_TRUE(press.gambler);
     EXPECT_TRUE(muster());
     session.character.History.Add("Contact: Mustering Out");
-    const std::vector<std::string> results = {"Cr5,000", "Scout Ship", "Crystal Skull"};
+    const std::vector<std::string> cash = {"Cr5,000"};
+    const std::vector<std::string> benefits = {"Scout Ship", "Crystal Skull"};
     question.rolls = 0;
     question.gamblerEnabled = question.cashEnabled = question.materialEnabled = false;
-    question.results = results;
+    question.cash = cash;
+    question.benefits = benefits;
     robot.Then("KVNMuster", [](QWidget& dialog) {
         EXPECT_EQ(Child<CopyList>(dialog, "cashResults").Lines(), QStringList{"Cr5,000"});
         EXPECT_EQ(Child<CopyList>(dialog, "materialResults").Lines(), (QStringList{"Scout Ship", "Crystal Skull"}));
@@ -174,7 +174,7 @@ TEST_F(CareerDialogs, MusteringOutStaysOpenBetweenItsPresses) {
 }
 
 TEST_F(CareerDialogs, ANoToAbandoningRollsKeepsTheDialogAsItWas) {
-    const MusterQuestion question{"Army", 1, 0, true, true, false, true, {}};
+    const MusterQuestion question{"Army", 1, 0, true, true, false, true, {}, {}};
     robot.Then("KVNMuster", [](QWidget& dialog) {
         RealClick(dialog, "gambler");
         RealClick(dialog, "done");

@@ -7,8 +7,8 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
-#include "app/exporter.h"
 #include "character/characteristics.h"
+#include "desktop/exporter.h"
 #include "pdf/page_pdf.h"
 #include "support/environment.h"
 #include "support/temp_folder.h"

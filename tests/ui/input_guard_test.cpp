@@ -6,7 +6,7 @@
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 
-#include "app/exporter.h"
+#include "desktop/exporter.h"
 #include "support_ui/desk.h"
 
 namespace korvane {

@@ -1,8 +1,6 @@
 // Whole lives through the windows: what the engine lives without them is lived again at the real dialogs, and must come
 // out the same.
 
-#include "cli/lives.h"
-
 #include <gtest/gtest.h>
 #include <sstream>
 
@@ -10,6 +8,7 @@
 #include "output/character_document.h"
 #include "output/journal/recorder.h"
 #include "output/journal/replayer.h"
+#include "play/life_plan.h"
 #include "support/temp_folder.h"
 #include "support_ui/desk.h"
 #include "support_ui/journal_robot.h"
@@ -25,11 +24,11 @@ struct Life {
 };
 
 // Lives without windows.
-Life LiveHeadless(const cli::LifePlan& plan, std::uint64_t number) {
+Life LiveHeadless(const play::LifePlan& plan, std::uint64_t number) {
     Display display;
     Session session(DataFolder(HeldPath(KORVANE_RULES)), {nullptr, nullptr, &display});
     Lines journal;
-    const auto outcome = cli::Live(session, plan, number, [&](std::string_view line) { journal.emplace_back(line); });
+    const auto outcome = play::Live(session, plan, number, [&](std::string_view line) { journal.emplace_back(line); });
     const bool finished = outcome.end == LifeEnd::MusteredOut;
     return {journal, finished ? CharacterDocument(session) : ""};
 }
@@ -53,7 +52,7 @@ std::set<std::string> ExpectTheSameLife(const Life& life) {
     std::string document;
     desk.window.characterFinished = [&] { document = CharacterDocument(desk.session); };
     SetUp(desk, dice.start());
-    desk.session.seams = {&recorder, &recorder, &desk.window};
+    desk.session.seams = {&recorder, &recorder, &desk.window.display()};
     recorder.Begin(desk.session);
     desk.Click("roll");
     desk.Click("startCareer");
@@ -70,9 +69,9 @@ TEST(Lives, AtTheWindowsAreThoseWithoutThem) {
     int finished = 0;
     for (std::uint64_t number = 1; number <= 16; ++number) {
         SCOPED_TRACE(number);
-        cli::LifePlan plan;
+        play::LifePlan plan;
         plan.seed = 7;
-        plan.player = cli::PlayerKind::Random;
+        plan.player = play::PlayerKind::Random;
         plan.method = number % 2 == 0 ? RollingMethod::True2D : RollingMethod::Roll3Drop1;
         plan.options.Set(Option::CapSkillsAt4, number % 3 == 0);
         plan.options.Set(Option::SortSkillsByValue, number % 4 == 0);
@@ -87,7 +86,7 @@ TEST(Lives, AtTheWindowsAreThoseWithoutThem) {
 }
 
 TEST(Lives, AutomaticOnesLeaveThreeDialogs) {
-    cli::LifePlan plan;
+    play::LifePlan plan;
     plan.seed = 3;
     plan.career = "Scout";
     const auto life = LiveHeadless(plan, 1);
@@ -96,9 +95,9 @@ TEST(Lives, AutomaticOnesLeaveThreeDialogs) {
 }
 
 TEST(Lives, ScrappedAtAQuestionEndThere) {
-    cli::LifePlan plan;
+    play::LifePlan plan;
     plan.seed = 3;
-    plan.player = cli::PlayerKind::Random;
+    plan.player = play::PlayerKind::Random;
     auto life = LiveHeadless(plan, 1);
     const auto is_table = [](const std::string& line) { return line.starts_with("{\"table\""); };
     const auto place = std::ranges::find_if(life.journal, is_table);

@@ -16,7 +16,7 @@
 #include <gtest/gtest.h>
 
 #include "base/files.h"
-#include "character/summary.h"
+#include "output/summary_texts.h"
 #include "support/temp_folder.h"
 #include "support_ui/desk.h"
 #include "ui/kvn_about.h"
@@ -73,7 +73,7 @@ class MainWindow : public ::testing::Test {
             EXPECT_EQ(desk.Get<QWidget>(name).isEnabled(), enabled) << name;
         return enabled;
     }
-    bool IsBlank() const { return session.character.TermsTotal == 0 && HeldSkills(session.character).empty(); }
+    bool IsBlank() const { return session.character.TermsTotal == 0 && session.character.Skills.Held().empty(); }
 
     test::Desk desk{HeldPath(KORVANE_RULES)};
     Session& session = desk.session;
@@ -210,7 +210,7 @@ TEST_F(MainWindow, HistoryShowsItsNewestLineAndWrapsLongOnes) {
     for (int i = 0; i < 60; ++i)
         last += " and on";
     session.character.History.Add(last);
-    window.HistoryChanged();
+    window.display().HistoryChanged();
     window.Refresh();
     const auto& history = desk.Get<ui::CopyList>("history");
     const auto newest_in_view = [&] {
@@ -226,7 +226,7 @@ TEST_F(MainWindow, CopyTakesTheMarkedLinesOrAll) {
     session.character.History.Add("-- Term 1 --");
     session.character.History.Add("Enlist Scout Courier");
     session.character.History.Add("Admin-0");
-    window.HistoryChanged();
+    window.display().HistoryChanged();
     window.Refresh();
     auto& history = desk.Get<ui::CopyList>("history");
     history.setFocus();
@@ -344,7 +344,7 @@ TEST_F(MainWindow, EveryControlHasAnAccessibleName) {
     player.PickTable(tables);
     player.EndOfTerm({1, {}});
     player.Transfer({Names{"Army"}, {}});
-    player.Muster({"Army", 1, 0, true, true, true, true, {}});
+    player.Muster({"Army", 1, 0, true, true, true, true, {}, {}});
     ui::KVNAbout about("About", &window);
     about.show();
     ExpectNames(about);

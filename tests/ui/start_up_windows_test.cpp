@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 
-#include "app/desktop_windows.h"
+#include "desktop/desktop_windows.h"
 #include "support/temp_folder.h"
 #include "support_ui/robot.h"
 
@@ -21,7 +21,7 @@ class StartUpWindowsTest : public ::testing::Test {
     StartUpWindowsTest() {
         setenv("WINDIR", folder.path().c_str(), 1);
         rules.CopyRules();
-        session.seams = {&dice, &window.player(), &window};
+        session.seams = {&dice, &window.player(), &window.display()};
     }
     ~StartUpWindowsTest() override { unsetenv("WINDIR"); }
 

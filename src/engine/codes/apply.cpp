@@ -16,7 +16,7 @@
 #include "skills/list_choice.h"
 #include "skills/modifiers.h"
 
-namespace korvane {
+namespace korvane::codes {
 
 namespace {
 
@@ -59,14 +59,14 @@ void Apply(Session& session, const Pick& effect) {
 }
 
 void Apply(Session& session, const Choose& effect) {
-    const auto skill = AlternativeAt(effect.options, ChoosePlace(session, effect.title, effect.options));
+    const auto skill = korvane::Choose(session, effect.title, effect.options).text;
     if (!effect.line.empty())
         AddHistory(session, effect.line);
     GrantSkill(session, skill);
 }
 
 void Apply(Session& session, const ChooseInVain& effect) {
-    ChoosePlace(session, effect.title, effect.options);
+    korvane::Choose(session, effect.title, effect.options);
 }
 
 void Apply(Session& session, const AnySkill& /*effect*/) {
@@ -129,11 +129,11 @@ void Apply(Session& session, const SufferMishap& /*effect*/) {
 // ---- Branches
 
 void Apply(Session& session, const Either& effect) {
-    ScratchText options;
+    Texts texts;
     for (const auto& alternative : effect.alternatives)
-        options.Append(&alternative == &effect.alternatives.front() ? "" : "/", alternative.text);
-    const int place = ChoosePlace(session, effect.title, options);
-    ApplyAll(session, effect.alternatives[static_cast<std::size_t>(place - 1)].effects);
+        texts.push_back(alternative.text);
+    const auto place = static_cast<std::size_t>(korvane::Choose(session, effect.title, texts).place);
+    ApplyAll(session, effect.alternatives[place - 1].effects);
 }
 
 void Apply(Session& session, const Ask& effect) {
@@ -182,4 +182,4 @@ void ApplyAll(Session& session, const Effects& effects) {
         std::visit([&](const auto& kind) { Apply(session, kind); }, effect.kind);
 }
 
-}  // namespace korvane
+}  // namespace korvane::codes

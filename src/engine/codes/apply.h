@@ -4,9 +4,9 @@
 #include "character/KVNDeclare.h"
 #include "engine/codes/effects.h"
 
-namespace korvane {
+namespace korvane::codes {
 
 // Carries the effects out, in their order.
 void ApplyAll(Session& session, const Effects& effects);
 
-}  // namespace korvane
+}  // namespace korvane::codes

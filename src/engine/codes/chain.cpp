@@ -6,7 +6,7 @@
 
 #include "engine/codes/apply.h"
 
-namespace korvane {
+namespace korvane::codes {
 
 Chain::Chain(std::string_view name, std::vector<Row> rows) : name_(name), rows_(std::move(rows)) {
     // A row that has something to do also where its code doesn't occur is never ruled out.
@@ -37,16 +37,15 @@ std::vector<Row> Joined(const std::vector<std::vector<Row>>& groups) {
     return rows;
 }
 
-void RunChain(Session& session, const Chain& chain, std::string_view codes) {
-    const auto fingerprint = Chain::Fingerprint(codes);
-    const auto end = chain.rows().size();
-    for (auto i = chain.NextConcerned(0, fingerprint); i < end; i = chain.NextConcerned(i + 1, fingerprint)) {
-        const auto& row = chain.rows()[i];
+void Chain::Run(Session& session, std::string_view codes) const {
+    const auto fingerprint = Fingerprint(codes);
+    for (auto i = NextConcerned(0, fingerprint); i < rows_.size(); i = NextConcerned(i + 1, fingerprint)) {
+        const auto& row = rows_[i];
         const bool occurs = codes.find(row.code) != std::string_view::npos;
-        if (occurs)
-            session.seams.display->CodeCarriedOut(chain.name(), i);
+        if (occurs && session.seams.observer != nullptr)
+            session.seams.observer->CarriedOut(row);
         ApplyAll(session, occurs ? row.effects : row.otherwise);
     }
 }
 
-}  // namespace korvane
+}  // namespace korvane::codes

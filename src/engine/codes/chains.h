@@ -3,9 +3,9 @@
 
 #include "engine/codes/chain.h"
 
-namespace korvane {
+namespace korvane::codes {
 
 const Chain& MishapChain();
 const Chain& EventChain();
 
-}  // namespace korvane
+}  // namespace korvane::codes

@@ -2,6 +2,7 @@
 // how it is carried out, in apply.cpp.
 #pragma once
 
+#include <concepts>
 #include <string_view>
 #include <utility>
 #include <variant>
@@ -9,10 +10,11 @@
 
 #include "character/KVNDeclare.h"
 
-namespace korvane {
+namespace korvane::codes {
 
 struct Effect;
 using Effects = std::vector<Effect>;
+using Texts = std::vector<std::string_view>;
 
 // A number of the character.
 using Field = Count CharacterNumbers::*;
@@ -64,20 +66,20 @@ struct Grant {
 // Has the player pick one skill string of a list, and grants it.
 struct Pick {
     std::string_view title;
-    std::vector<std::string_view> items;
+    Texts items;
 };
 
 // Has the player choose one skill string, and grants it; a line may stand between the answer and the grant.
 struct Choose {
     std::string_view title;
-    std::string_view options;
+    Texts options;
     std::string_view line = {};
 };
 
 // Asks such a question and does nothing with the answer.
 struct ChooseInVain {
     std::string_view title;
-    std::string_view options;
+    Texts options;
 };
 
 // Any basic skill; the second asks in automatic mode too.
@@ -147,15 +149,15 @@ struct Check {
 
 // A roll against a skill, or the best of one such roll for each of several skills.
 struct SkillTest {
-    std::vector<std::string_view> skills;
+    Texts skills;
     int target;
     Effects success;
     Effects failure;
 };
 
-// 2D6 with the best modifier among skills separated by "/", against a target.
+// 2D6 with the best modifier among skills, against a target.
 struct BestTest {
-    std::string_view skills;
+    Texts skills;
     int target;
     Effects success;
     Effects failure;
@@ -178,9 +180,10 @@ struct Repeat {
     Effects effects;
 };
 
-// ---- What no other effect says: a function of the rules.
+// ---- What no other effect says: a function of the rules, and in words what it does.
 struct Call {
     void (*function)(Session& session);
+    std::string_view words;
 };
 
 struct Effect {
@@ -189,9 +192,9 @@ struct Effect {
                               SufferMishap, Either, Ask, Check, SkillTest, BestTest, OnRoll, Repeat, Call>;
 
     template <typename Which>
-    Effect(Which which) : kind(std::move(which)) {}
+    requires std::constructible_from<Kind, Which> Effect(Which which) : kind(std::move(which)) {}
 
     Kind kind;
 };
 
-}  // namespace korvane
+}  // namespace korvane::codes

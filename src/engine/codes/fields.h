@@ -3,7 +3,7 @@
 
 #include "engine/codes/effects.h"
 
-namespace korvane::rows {
+namespace korvane::codes {
 
 inline constexpr Field kLeave = &CharacterNumbers::LeaveCareer;
 inline constexpr Field kMusterRolls = &CharacterNumbers::MusterRolls;
@@ -17,8 +17,8 @@ inline constexpr Field kAdvancement = &CharacterNumbers::AdvancementDM;
 inline constexpr Field kEnemies = &CharacterNumbers::Enemies;
 
 // An alternative that is itself the skill string that it grants.
-inline Alternative Gain(std::string_view skill) {
+inline Alternative GainOf(std::string_view skill) {
     return {skill, {Grant{skill}}};
 }
 
-}  // namespace korvane::rows
+}  // namespace korvane::codes

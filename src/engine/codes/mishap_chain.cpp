@@ -4,11 +4,9 @@
 #include "engine/codes/odd_codes.h"
 #include "engine/life_events.h"
 
-namespace korvane {
+namespace korvane::codes {
 
 namespace {
-
-using namespace rows;
 
 // clang-format off
 
@@ -24,7 +22,7 @@ std::vector<Row> GenericMishaps() {
         {"MINUS1SOC", {Lower{kSoc, 1}}},
         {"MINUS1END", {Lower{kEnd, 1}}},
         {"IMPRISON",  {Set{kLeave, 1}, GoToPrison{}}},
-        {"BETRAY",    {Call{BetrayContactOrAlly}}},
+        {"BETRAY",    {Call{BetrayContactOrAlly, "a contact becomes a rival; without contacts an ally becomes an enemy; with neither an enemy or a rival appears"}}},
     };
 }
 
@@ -32,7 +30,7 @@ std::vector<Row> AgentMishaps() {
     return {
         {"AGTDEAL", {Either{"Criminal Offers Deal", {{"Accept deal from Criminal", {Set{kLeave, 1}, Add{kMusterRolls, -1}}},
                                                      {"Refuse",                    {Hurt{InjuryDice::WorstOfTwo}, Enemy{"Criminal"}, AnySkill{}}}}}}},
-        {"AGTWRNG", {Call{AnswerAccusation}}},
+        {"AGTWRNG", {Call{AnswerAccusation, "2D6 and Advocate: 8 or more (the character leaves the career), else (the benefit roll of the term is lost too), at most 2 (and prison)"}}},
         {"AGTKNOW", {Enemy{"Know too much"}, Grant{"Deception=1"}}},
     };
 }
@@ -51,8 +49,8 @@ std::vector<Row> ArmyMishaps() {
 std::vector<Row> PrisonMishaps() {
     return {
         {"PRIPAR2",    {Add{kParole, 2}}},
-        // "Fight Back" is the one that doesn't: kept so.
-        {"PRIASSAULT", {Either{"Assaulted by Prison Gang", {{"Fight Back",       {Line{"Didn't fight back"}, Call{LoseRollForEachTerm}}},
+        // The answer "Fight Back" is the one that doesn't, as players know this gang.
+        {"PRIASSAULT", {Either{"Assaulted by Prison Gang", {{"Fight Back",       {Line{"Didn't fight back"}, Call{LoseRollForEachTerm, "benefit rolls minus the terms served"}}},
                                                             {"Don't Fight Back", {SkillTest{{"Melee (Unarmed)"}, 8,
                                                                                      {Line{"Fought back and won"}, Enemy{"Prison Gang Member"}, Add{kParole, 1}},
                                                                                      {Line{"Fought back but failed"}, Hurt{InjuryDice::WorstOfTwo}}}}}}}}},
@@ -75,7 +73,7 @@ std::vector<Row> CitizenMishaps() {
 std::vector<Row> DrifterAndEntertainerMishaps() {
     return {
         {"DRIGANGENEMY", {Enemy{"Criminal Gang, Corrupt Bureacrat etc"}}},
-        {"ENTSTRAND",    {Choose{"Stranded Far from Home", "Survival=1/Pilot=1/Persuade=1/Streetwise=1"}}},
+        {"ENTSTRAND",    {Choose{"Stranded Far from Home", {"Survival=1", "Pilot=1", "Persuade=1", "Streetwise=1"}}}},
         {"ENTFORCE",     {Add{kQualification, 2}}},
     };
 }
@@ -83,7 +81,7 @@ std::vector<Row> DrifterAndEntertainerMishaps() {
 std::vector<Row> MarineMishaps() {
     return {
         {"MARMISTREATED", {Enemy{"Enemy Jailer"}, Reduce{kStr, 1}, Reduce{kDex, 1}}},
-        {"MARSTRANDED",   {Choose{"Stranded behind enemy lines", "Stealth/Survival"}}},
+        {"MARSTRANDED",   {Choose{"Stranded behind enemy lines", {"Stealth", "Survival"}}}},
         {"MARBLACK",      {Ask{"Ordered on Black Ops against conscience. Accept?",
                                {Enemy{"Lone survivor of Black Ops Mission"}, Set{kLeave, 0}},
                                {}}}},
@@ -101,9 +99,9 @@ std::vector<Row> MerchantMishaps() {
 
 std::vector<Row> NavyMishaps() {
     return {
-        {"NAVFROZ",    {Call{ReviveFrozen}, Set{kLeave, 0}}},
-        {"NAVBATTLE",  {Call{FaceCourtMartial}}},
-        {"NAVBLAMED",  {Either{"Blamed for accident that caused deaths", {{"Responsible",    {Call{GrantServiceRow}}},
+        {"NAVFROZ",    {Call{ReviveFrozen, "choose Str, Dex or End (\"Frozen Watch revive problem. Choose a stat to reduce by 1\"): -1 or care as a debt"}, Set{kLeave, 0}}},
+        {"NAVBATTLE",  {Call{FaceCourtMartial, "for the assignments Crew, Engineer Gunner and Flight 2D6 and the best of their skills: below 0 (\"Court-Martialled\" is written), else (\"Honourable discharge\" is written; benefit rolls +1)"}}},
+        {"NAVBLAMED",  {Either{"Blamed for accident that caused deaths", {{"Responsible",    {Call{GrantServiceRow, "a row of the career's service table, by a die"}}},
                                                                           {"Not your fault", {Enemy{"Officer who blamed you for accident"}, Add{kBenefitRolls, 1}}}}}}},
         {"NAVQUARREL", {Rival{"Quarreled-with Officer or Fellow Crewman"}}},
     };
@@ -111,20 +109,20 @@ std::vector<Row> NavyMishaps() {
 
 std::vector<Row> NobleMishaps() {
     return {
-        {"NOBWAR",       {BestTest{"Stealth/Deception", 8, {Line{"Escape unhurt"}}, {Hurt{}}}}},
-        {"NOBPOLITICAL", {Choose{"Political Manouvreings", "Diplomat/Advocate"}, Rival{"Political Manouvreings"}}},
+        {"NOBWAR",       {BestTest{{"Stealth", "Deception"}, 8, {Line{"Escape unhurt"}}, {Hurt{}}}}},
+        {"NOBPOLITICAL", {Choose{"Political Manouvreings", {"Diplomat", "Advocate"}}, Rival{"Political Manouvreings"}}},
         {"NOBASS",       {Check{"End 8+", {Line{"Assassin escaped"}}, {Hurt{}}}}},
     };
 }
 
 std::vector<Row> RogueMishaps() {
-    constexpr std::string_view kFlight = "Deception=1/Pilot (Small Craft)=1/Pilot (Spacecraft)=1/Athletics (Dexterity)=1/Gunner=1";
+    const Texts kFlight = {"Deception=1", "Pilot (Small Craft)=1", "Pilot (Spacecraft)=1", "Athletics (Dexterity)=1", "Gunner=1"};
     return {
         // The code holds BETRAY, which is carried out too, before this.
-        {"ROGBETRAY", {OnRoll{1, 2, {{1, {Enemy{"Betrayed"}}}, {2, {Rival{"Betrayed"}}}}}, Call{LoseAllyOrContact},
+        {"ROGBETRAY", {OnRoll{1, 2, {{1, {Enemy{"Betrayed"}}}, {2, {Rival{"Betrayed"}}}}}, Call{LoseAllyOrContact, "an ally or else a contact is lost"},
                        OnRoll{2, 6, {{2, {GoToPrison{}}}}}}},
         {"ROGFLEE",   {Choose{"Forced to Flee", kFlight}}},
-        // The same question, but the answer isn't granted: kept so.
+        // The same question, but here the answer brings nothing.
         {"ROGCOP",    {ChooseInVain{"Forced to Flee", kFlight}, Enemy{"Cop or Ciminal hunting you down"}}},
     };
 }
@@ -133,7 +131,7 @@ std::vector<Row> ScholarMishaps() {
     return {
         {"SCHDISASTER",   {Hurt{InjuryDice::BetterOfTwo}, Rival{"Survivor of your disaster"}}},
         {"SCHINTERFERE",  {Grant{"Science"}, Lower{kSoc, 2}}},
-        {"SCIEXPEDITION", {Choose{"Stranded in the Wilderness", "Survival=1/Athletics (Dexterity)=1/Athletics (Endurance)=1"}}},
+        {"SCIEXPEDITION", {Choose{"Stranded in the Wilderness", {"Survival=1", "Athletics (Dexterity)=1", "Athletics (Endurance)=1"}}}},
         {"SCISABOTAGE",   {Ask{"Work Sabotaged. Salvage some and leave or start over?",
                                {Add{kBenefitRolls, 1}},
                                {Set{kLeave, 0}},
@@ -144,10 +142,10 @@ std::vector<Row> ScholarMishaps() {
 
 std::vector<Row> ScoutMishaps() {
     return {
-        // "INT -1" lowers Edu: kept so.
+        // What the button calls "INT -1" lowers Edu.
         {"SCODAMAGE",   {Either{"Psychological Damage", {{"INT -1", {Alter{kEdu, -1}}},
                                                          {"Soc -1", {Alter{kSoc, -1}}}}},
-                         Call{ShowSummary}}},
+                         Call{ShowSummary, ""}}},
         {"SCOHITCH",    {Repeat{3, {Enemy{"Hitch-hiked across the stars"}}}, Repeat{6, {Contact{"Hitch-hiked across the stars"}}}}},
         {"SCOCONFLICT", {Grant{"Diplomat"}, Rival{"Inadvertent conflict caused"}}},
     };
@@ -165,4 +163,4 @@ const Chain& MishapChain() {
     return chain;
 }
 
-}  // namespace korvane
+}  // namespace korvane::codes

@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
+#include <vector>
 
 #include "base/text.h"
+#include "engine/codes/effects.h"
 #include "engine/injury.h"
 #include "engine/prison.h"
 #include "engine/skill_roll.h"
@@ -11,7 +14,7 @@
 #include "skills/grant.h"
 #include "skills/modifiers.h"
 
-namespace korvane {
+namespace korvane::codes {
 
 namespace {
 
@@ -20,31 +23,33 @@ int ChooseStake(Session& session, std::string_view title) {
     constexpr int kMostStake = 23;
     const auto& character = session.character;
     const int most = std::clamp(character.TermsTotal + character.Rank / 2, 1, kMostStake);
-    ScratchText options;
+    std::vector<std::string> stakes;
     for (int stake = 1; stake <= most; ++stake)
-        options.Append(stake, " benefits/");
-    options.Append("Do not gamble");
-    const int place = ChoosePlace(session, title, options);
+        stakes.push_back(Concat(stake, " benefits"));
+    stakes.emplace_back("Do not gamble");
+    const int place = korvane::Choose(session, title, Texts(stakes.begin(), stakes.end())).place;
     return place > most ? 0 : place;
 }
 
 void SettleStake(Session& session, int stake, bool wins) {
     const int rolls = wins ? (stake + 1) / 2 : stake;
-    const ScratchText outcome(wins ? "Success! Gain " : "Failed! Lose ", rolls, " benefit rolls");
+    const auto outcome = Concat(wins ? "Success! Gain " : "Failed! Lose ", rolls, " benefit rolls");
     AddHistory(session, outcome);
     Tell(session, outcome);
     session.character.BenefitRollsModifier += wins ? rolls : -rolls;
 }
 
-// The skills with which the navy's battle stations are manned; empty for other assignments.
-std::string_view BattleSkills(std::string_view assignment) {
-    if (assignment == "Crew")
-        return "Electronics (Sensors)/Gunner (Turret)/Gunner (Ortillery)/Gunner (Screen)/Gunner (Capital)";
-    if (assignment == "Engineer Gunner")
-        return "Mechanic/Vacc Suit";
-    if (assignment == "Flight")
-        return "Pilot (Small Craft)/Pilot (Spacecraft)/Tactics (Naval)";
-    return {};
+// The skills with which the navy's battle stations are manned; none for other assignments.
+const Texts& BattleSkills(std::string_view assignment) {
+    static const Texts crew = {"Electronics (Sensors)", "Gunner (Turret)", "Gunner (Ortillery)", "Gunner (Screen)",
+                               "Gunner (Capital)"};
+    static const Texts engineers = {"Mechanic", "Vacc Suit"};
+    static const Texts pilots = {"Pilot (Small Craft)", "Pilot (Spacecraft)", "Tactics (Naval)"};
+    static const Texts none;
+    return assignment == "Crew"              ? crew
+           : assignment == "Engineer Gunner" ? engineers
+           : assignment == "Flight"          ? pilots
+                                             : none;
 }
 
 }  // namespace
@@ -86,13 +91,14 @@ void LoseRollForEachTerm(Session& session) {
 
 void ReviveFrozen(Session& session) {
     const auto& value = session.character.Characteristic;
-    const ScratchText options("Str ", value[kStr], "/Dex ", value[kDex], "/End ", value[kEnd]);
-    const int slot = ChoosePlace(session, "Frozen Watch revive problem. Choose a stat to reduce by 1", options);
-    ReduceCharacteristic(session, slot, 1);
+    const std::array values = {Concat("Str ", value[kStr]), Concat("Dex ", value[kDex]), Concat("End ", value[kEnd])};
+    const auto choice = korvane::Choose(session, "Frozen Watch revive problem. Choose a stat to reduce by 1",
+                                        Texts(values.begin(), values.end()));
+    ReduceCharacteristic(session, choice.place, 1);
 }
 
 void FaceCourtMartial(Session& session) {
-    const auto skills = BattleSkills(session.selection.assignment);
+    const auto& skills = BattleSkills(session.selection.assignment);
     if (skills.empty())
         return;
     if (Roll(session, 2, 6) + BestSkillModifier(session, skills) < 0) {
@@ -109,9 +115,9 @@ void GrantServiceRow(Session& session) {
 }
 
 void TakeSidesInUpheaval(Session& session) {
-    constexpr std::string_view kSkills = "Advocate=1/Persuade=1/Explosives=1/Streetwise=1";
+    constexpr std::array<std::string_view, 4> kSkills = {"Advocate=1", "Persuade=1", "Explosives=1", "Streetwise=1"};
     auto& character = session.character;
-    const auto skill = AlternativeAt(kSkills, ChoosePlace(session, "Political Upheaval", kSkills));
+    const auto skill = korvane::Choose(session, "Political Upheaval", kSkills).text;
     GrantSkill(session, skill);
     if (SkillRoll(session, SplitFirst(skill, "=").first, 8) >= 0) {
         AddHistory(session, "On the winning side");
@@ -125,7 +131,7 @@ void TakeSidesInUpheaval(Session& session) {
 void RiskDeal(Session& session) {
     const int stake = ChooseStake(session, "Chance to risk on a possible deal");
     if (stake > 0)
-        SettleStake(session, stake, Roll(session, 2, 6) + BestSkillModifier(session, "Gambler/Broker") > 7);
+        SettleStake(session, stake, Roll(session, 2, 6) + BestSkillModifier(session, Texts{"Gambler", "Broker"}) > 7);
 }
 
 void GambleAmongRogues(Session& session) {
@@ -135,11 +141,12 @@ void GambleAmongRogues(Session& session) {
 }
 
 void ChooseScience(Session& session) {
-    constexpr std::string_view kFields =
-        "Archaeology/Astronomy/Biology/Chemistry/Cosmology/Cybernetics/Economics/Genetics/History/Linguistics/"
-        "Philosophy/Physics/Planetology/Psionicology/Psychology/Robotics/Sophontology/Xenology";
-    const auto field = AlternativeAt(kFields, ChoosePlace(session, "Select a Science skill", kFields));
-    GrantSkill(session, ScratchText("Science (", field, ")"));
+    constexpr std::array<std::string_view, 18> kFields = {
+        "Archaeology", "Astronomy",    "Biology",    "Chemistry",   "Cosmology",    "Cybernetics",
+        "Economics",   "Genetics",     "History",    "Linguistics", "Philosophy",   "Physics",
+        "Planetology", "Psionicology", "Psychology", "Robotics",    "Sophontology", "Xenology"};
+    const auto field = korvane::Choose(session, "Select a Science skill", kFields).text;
+    GrantSkill(session, Concat("Science (", field, ")"));
 }
 
-}  // namespace korvane
+}  // namespace korvane::codes

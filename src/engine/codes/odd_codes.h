@@ -3,7 +3,7 @@
 
 #include "character/KVNDeclare.h"
 
-namespace korvane {
+namespace korvane::codes {
 
 // Mishaps
 void BetrayContactOrAlly(Session& session);
@@ -19,4 +19,4 @@ void RiskDeal(Session& session);
 void GambleAmongRogues(Session& session);
 void ChooseScience(Session& session);
 
-}  // namespace korvane
+}  // namespace korvane::codes

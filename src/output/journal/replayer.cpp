@@ -117,7 +117,7 @@ void Replayer::ExpectErrorEnd(std::string_view kind) {
 
 void Replayer::Diverge(std::string_view asked) const {
     constexpr std::size_t kMostAsked = 300;
-    throw Divergence(Concat(name_, ":", read_, ": the journal holds ", Shown(line_), ", the engine asked ",
+    throw Divergence(Concat(Printable(name_, 300), ":", read_, ": the journal holds ", Shown(line_), ", the engine asked ",
                             Printable(asked, kMostAsked)));
 }
 
@@ -255,9 +255,7 @@ MusterPress Replayer::Muster(const MusterQuestion& question) {
     Match(MusterRequest(question));
     const auto button = static_cast<MusterButton>(OneOf("press", kMusterCaptions));
     const bool gambler = Truth("gambler");
-    const std::array<bool, 4> enabled = {question.cashEnabled, question.materialEnabled, question.threeCashEnabled,
-                                         true};
-    if (!enabled.at(static_cast<std::size_t>(button)) || (gambler && !question.gamblerEnabled))
+    if (!question.Enabled(button) || (gambler && !question.gamblerEnabled))
         Reject("a control that is enabled", Shown(line_));
     return {button, gambler};
 }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "character/KVNDeclare.h"
+#include "character/player_texts.h"
 
 namespace korvane::journal {
 
@@ -29,8 +30,6 @@ Json MusterRequest(const MusterQuestion& question);
 // The captions of the ticked boxes.
 std::vector<std::string_view> TickedCaptions(const Options& options);
 
-inline constexpr std::array<std::string_view, 4> kMusterCaptions = {"Cash", "Material", "3 Cash, rest Material",
-                                                                    "Done"};
 inline constexpr std::string_view kMusteredOut = "mustered out";
 inline constexpr std::string_view kScrapped = "scrapped";
 inline constexpr std::string_view kError = "error";

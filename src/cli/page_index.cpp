@@ -1,0 +1,71 @@
+#include "cli/page_index.h"
+
+#include "base/encoding.h"
+#include "base/text.h"
+#include "output/summary_texts.h"
+
+namespace korvane::cli {
+
+namespace {
+
+// A text that shows as it is: what HTML would take for a mark is spelt out.
+std::string Escaped(std::string_view text) {
+    std::string escaped;
+    for (const char c : DecodeWord(std::string(text))) {
+        if (c == '&')
+            escaped += "&amp;";
+        else if (c == '<')
+            escaped += "&lt;";
+        else if (c == '>')
+            escaped += "&gt;";
+        else
+            escaped += c;
+    }
+    return escaped;
+}
+
+constexpr std::string_view kIndexHead = R"(<!DOCTYPE html>
+<html lang="en">
+<head>
+<meta charset="utf-8">
+<meta name="viewport" content="width=device-width, initial-scale=1">
+<meta name="color-scheme" content="light dark">
+<title>Characters</title>
+<style>
+:root { color-scheme: light dark; }
+body { font: 1rem/1.5 sans-serif; max-width: 60rem; margin: 2rem auto; padding: 0 1rem; }
+table { border-collapse: collapse; width: 100%; }
+th, td { border-bottom: 1px solid; padding: 0.3rem 0.6rem; text-align: left; }
+</style>
+</head>
+<body>
+<main>
+<h1>Characters</h1>
+)";
+
+constexpr std::string_view kTableHead = R"(<table>
+<thead>
+<tr><th scope="col">Name</th><th scope="col">Career</th><th scope="col">Age</th><th scope="col">Terms</th>
+<th scope="col">Rank</th></tr>
+</thead>
+<tbody>
+)";
+
+}  // namespace
+
+void PageIndex::Add(const Session& session, std::string_view name, const std::string& file) {
+    const auto& character = session.character;
+    const auto shown = IsBlank(name) ? std::string_view("Nameless") : name;
+    const auto rank = RankText(character, session.assignment);
+    AppendAll(rows_, R"(<tr><th scope="row"><a href=")", file, R"(">)", Escaped(shown), "</a></th><td>",
+              Escaped(Concat(Trim(session.selection.career), ", ", Trim(session.selection.assignment))), "</td><td>",
+              character.Age, "</td><td>", character.TermsTotal, "</td><td>", Escaped(rank), "</td></tr>\n");
+}
+
+std::string PageIndex::Page() const {
+    const auto list =
+        rows_.empty() ? "<p>No character was finished.</p>\n" : Concat(kTableHead, rows_, "</tbody>\n</table>\n");
+    return Concat(kIndexHead, list, "</main>\n</body>\n</html>\n");
+}
+
+}  // namespace korvane::cli

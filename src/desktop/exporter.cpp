@@ -1,0 +1,84 @@
+#include "desktop/exporter.h"
+
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QMessageBox>
+#include <QUrl>
+#include <exception>
+#include <utility>
+
+#include "engine/names.h"
+#include "output/page_export.h"
+#include "output/page_file.h"
+#include "pdf/page_pdf.h"
+#include "ui/message_boxes.h"
+#include "ui/qt_text.h"
+
+namespace korvane {
+
+using ui::ToQt;
+
+template <typename Action>
+void Exporter::Guard(QWidget& dialog, const Action& action) {
+    if (std::exchange(working_, true))
+        return;
+    try {
+        action();
+    } catch (const std::exception& error) {
+        ui::ShowError(guard_, &dialog, ToQt(session_.programTitle), QString::fromStdString(error.what()),
+                      QObject::tr("The character is still here; you can try again."));
+    }
+    working_ = false;
+}
+
+void Exporter::Show() {
+    QStringList templates;
+    for (const auto& name : TemplateNames(session_.data.location()))
+        templates << ToQt(name);
+    ui::KVNExport dialog(ToQt(session_.programTitle), templates, &window_);
+    dialog.rollName = [&] { Guard(dialog, [&] { RollName(dialog); }); };
+    dialog.exportPage = [&] { Guard(dialog, [&] { Export(dialog); }); };
+    dialog.endProgram = [&] {
+        if (working_)
+            return;
+        dialog.reject();
+        guard_.EndProgram(0);
+    };
+    guard_.Run(dialog);
+}
+
+void Exporter::RollName(ui::KVNExport& dialog) {
+    if (const auto name = korvane::RollName(session_))
+        dialog.SetName(ToQt(*name));
+}
+
+void Exporter::Export(ui::KVNExport& dialog) {
+    const auto title = ToQt(session_.programTitle);
+    const auto form = session_.data.location() + dialog.templateName().toStdString();
+    const auto outcome = ExportCharacter(session_, form, dialog.name().toStdString());
+    if (outcome.path.empty()) {
+        ui::ShowMessage(guard_, &dialog, title, ToQt(outcome.message), Icon::None);
+        return;
+    }
+    const auto page = QString::fromStdString(outcome.path);
+    TellExported(dialog, ToQt(outcome.message), page);
+    if (!dialog.wantsPdf())
+        return;
+    const auto printed = pdf::PdfNameOf(page);
+    pdf::WritePdf(page, printed);
+    TellExported(dialog, QObject::tr("PDF file written to %1").arg(printed), printed);
+}
+
+void Exporter::TellExported(QWidget& dialog, const QString& message, const QString& page) const {
+    QMessageBox box(QMessageBox::Information, ToQt(session_.programTitle), message, QMessageBox::Ok, &dialog);
+    box.setTextFormat(Qt::PlainText);
+    const auto* const open = box.addButton(QObject::tr("&Open"), QMessageBox::ActionRole);
+    box.setDefaultButton(QMessageBox::Ok);
+    box.setEscapeButton(QMessageBox::Ok);
+    guard_.Run(box);
+    if (box.clickedButton() == open && !QDesktopServices::openUrl(QUrl::fromLocalFile(page)))
+        ui::ShowMessage(guard_, &dialog, ToQt(session_.programTitle),
+                        QObject::tr("No program was found that opens %1").arg(page), Icon::Exclamation);
+}
+
+}  // namespace korvane

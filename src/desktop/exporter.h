@@ -1,0 +1,35 @@
+// The end of a generation: the finished character goes onto a page.
+#pragma once
+
+#include <QWidget>
+
+#include "character/KVNDeclare.h"
+#include "ui/input_guard.h"
+#include "ui/kvn_export.h"
+
+namespace korvane {
+
+class Exporter {
+  public:
+    Exporter(Session& session, QWidget& window, ui::InputGuard& guard)
+        : session_(session), window_(window), guard_(guard) {}
+
+    // Shows the export dialog for the session's character until the player closes it.
+    void Show();
+
+  private:
+    void RollName(ui::KVNExport& dialog);
+    void Export(ui::KVNExport& dialog);
+    // Tells that a page was written, and opens it when the player wants to see it.
+    void TellExported(QWidget& dialog, const QString& message, const QString& page) const;
+    // Carries out what a button asks for; an error is shown, and the dialog stays, so that nothing is lost.
+    template <typename Action>
+    void Guard(QWidget& dialog, const Action& action);
+
+    Session& session_;
+    QWidget& window_;
+    ui::InputGuard& guard_;
+    bool working_ = false;  // a button's work asks something itself
+};
+
+}  // namespace korvane

@@ -1,0 +1,94 @@
+#include "desktop/generation_controller.h"
+
+#include <utility>
+
+#include "character/characteristics.h"
+#include "character/summary.h"
+#include "engine/selection.h"
+#include "output/summary_texts.h"
+
+namespace korvane {
+
+bool GenerationController::mayStart() const {
+    const auto& selection = session_.selection;
+    return state_ != State::Running && !selection.career.empty() && !selection.assignment.empty();
+}
+
+GenerationController::Changes GenerationController::TakeChanges() {
+    return std::exchange(changes_, {});
+}
+
+void GenerationController::ChangeAll() {
+    changes_ = {true, true, true, true, true, true};
+}
+
+void GenerationController::Enter(State state) {
+    state_ = state;
+    changes_.state = true;
+}
+
+void GenerationController::Load() {
+    ListRaces(session_);
+    ChangeAll();
+}
+
+void GenerationController::SelectRace(const std::string& race) {
+    LoadRace(session_, race);
+    if (state_ == State::Failed)
+        Enter(State::Idle);
+}
+
+void GenerationController::SelectCareer(const std::string& career) {
+    LoadCareer(session_, session_.selection.race, career);
+}
+
+void GenerationController::SelectAssignment(const std::string& assignment) {
+    LoadAssignment(session_, session_.selection.race, session_.selection.career, assignment);
+}
+
+void GenerationController::Roll(RollingMethod method) {
+    session_.method = method;
+    StartNewCharacter(session_);
+    if (state_ == State::Failed)
+        Enter(State::Idle);
+}
+
+void GenerationController::ScrapAndRestart() {
+    ended_.reset();
+    Enter(State::Idle);
+    changes_.history = changes_.skills = true;
+    session_.character.Clear();
+    ShowSummary(session_);
+    StartNewCharacter(session_);
+}
+
+void GenerationController::SetOptions(const Options& options) {
+    session_.options = options;
+    changes_.options = changes_.skills = true;  // one of them orders the skills
+}
+
+LifeEnd GenerationController::StartCareer(const std::function<void()>& finished) {
+    // What an error left was kept to be read; it can't live on.
+    if (state_ == State::Failed)
+        StartNewCharacter(session_);
+    ended_.reset();
+    changes_.history = changes_.skills = true;
+    Enter(State::Failed);  // should an exception leave what follows
+    auto ended = EndedLife{};
+    RunCareer(session_, [&](LifeEnd end) {
+        ended = {end, session_.character, WholeDetailLines(session_)};
+        if (end == LifeEnd::MusteredOut && finished)
+            finished();
+    });
+    ended_ = std::move(ended);
+    Enter(State::Ended);
+    changes_.history = changes_.skills = changes_.summary = true;
+    return ended_->end;
+}
+
+void GenerationController::ControlsLocked(bool locked) noexcept {
+    // What ends a life says how it ended itself; until then it has failed.
+    Enter(locked ? State::Running : State::Failed);
+}
+
+}  // namespace korvane

@@ -1,0 +1,82 @@
+// What the main window controls: the set-up of the next character, the life that runs, and the one that has ended.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "character/KVNDeclare.h"
+#include "engine/term_loop.h"
+
+namespace korvane {
+
+// Carries out what the window's controls ask for and notes what has changed, for the window to show when it likes.
+// Every operation throws what its rules throw; none may be called while a life runs, but `SetOptions`.
+class GenerationController : public Display {
+  public:
+    enum class State {
+        Idle,     // a new character waits for its start
+        Running,  // a life runs
+        Ended,    // a life has ended: its character is kept, while the session's is the next one already
+        Failed,   // an error stopped a life: what there is of the character stays in the session, to be read
+    };
+    // A character whose life has ended.
+    struct EndedLife {
+        LifeEnd end = LifeEnd::MusteredOut;
+        CharacterRecord record;
+        std::vector<std::string> details;
+    };
+    struct Changes {
+        bool history = false;
+        bool skills = false;
+        bool summary = false;
+        bool selection = false;
+        bool options = false;
+        bool state = false;
+    };
+
+    explicit GenerationController(Session& session) : session_(session) {}
+
+    const Session& session() const { return session_; }
+    State state() const { return state_; }
+    // The last life, from its end to the next start.
+    const std::optional<EndedLife>& ended() const { return ended_; }
+    // The character whose skills and history are to be seen.
+    const CharacterRecord& shown() const { return ended_ ? ended_->record : session_.character; }
+    bool mayRoll() const { return !session_.selection.race.empty(); }
+    bool mayStart() const;
+    // What has changed since this was asked last.
+    Changes TakeChanges();
+    // Has the next `TakeChanges` name everything.
+    void ChangeAll();
+
+    // Lists the races and loads the default one.
+    void Load();
+    void SelectRace(const std::string& race);
+    void SelectCareer(const std::string& career);
+    void SelectAssignment(const std::string& assignment);
+    void Roll(RollingMethod method);
+    void ScrapAndRestart();
+    void SetOptions(const Options& options);
+    // Lives the character's life to its end and starts the next one. `finished` is called with a finished character,
+    // still in the session. Returns how the life ended.
+    LifeEnd StartCareer(const std::function<void()>& finished);
+
+    void HistoryChanged() override { changes_.history = true; }
+    void SkillsChanged() override { changes_.skills = true; }
+    void SummaryChanged() override { changes_.summary = true; }
+    void SelectionChanged() override { changes_.selection = true; }
+    void OptionsChanged() override { changes_.options = true; }
+    void ControlsLocked(bool locked) noexcept override;
+
+  private:
+    void Enter(State state);
+
+    Session& session_;
+    State state_ = State::Idle;
+    Changes changes_;
+    std::optional<EndedLife> ended_;
+};
+
+}  // namespace korvane

@@ -1,0 +1,339 @@
+#include "desktop/kvn_gen.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QMenuBar>
+#include <QScreen>
+#include <QStatusBar>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "character/characteristics.h"
+#include "character/summary.h"
+#include "engine/selection.h"
+#include "engine/term_loop.h"
+#include "output/character_text.h"
+#include "output/summary_texts.h"
+#include "ui/kvn_about.h"
+#include "ui/message_boxes.h"
+#include "ui/qt_text.h"
+
+namespace korvane {
+
+using ui::ToQt;
+
+namespace {
+
+constexpr auto kAdvice = "Roll until you like the characteristics, choose a career, and start it.";
+
+void FillCombo(QComboBox& combo, const Names& names, std::string_view selected) {
+    combo.clear();
+    for (const auto& name : names)
+        combo.addItem(ToQt(name));
+    combo.setCurrentIndex(combo.findText(ToQt(selected)));
+}
+
+// A list under its label.
+QWidget* Labelled(const QString& caption, ui::CopyList& list) {
+    auto* const column = new QWidget;
+    auto* const layout = new QVBoxLayout(column);
+    layout->setContentsMargins({});
+    auto* const label = new QLabel(caption);
+    label->setBuddy(&list);
+    layout->addWidget(label);
+    layout->addWidget(&list, 1);
+    return column;
+}
+
+}  // namespace
+
+KVNGen::KVNGen(Session& session, ui::InputGuard& guard)
+    : session_(session),
+      guard_(guard),
+      controller_(session),
+      player_(session, *this, guard),
+      selectCareer_("Select Career"),
+      statistics_("Statistics"),
+      optionsGroup_("Options"),
+      detailsGroup_("Details"),
+      characteristics_("characteristics", "Statistics"),
+      roll_("Roll"),
+      roll3Drop1_(ToQt(CaptionOf(RollingMethod::Roll3Drop1))),
+      true2D_(ToQt(CaptionOf(RollingMethod::True2D))),
+      startCareer_("Start Career"),
+      scrapAndRestart_("Scrap and Restart"),
+      skills_("skills", "Skills"),
+      history_("history", "History"),
+      options_(kAllOptions, 1),
+      details_("details", "Details") {
+    setObjectName("KVNGen");
+    setWindowTitle("Brisane Farwend Character Generation");
+    SetUpMenu();
+    SetUpSelection();
+    SetUpStatistics();
+    SetUpDetails();
+    LayOut();
+    SetUpHandlers();
+}
+
+void KVNGen::SetUpMenu() {
+    auto* const exit = menuBar()->addAction("&Exit");
+    connect(exit, &QAction::triggered, this, [this] { Do([this] { guard_.EndProgram(0); }); });
+    auto* const about = menuBar()->addAction("&About");
+    connect(about, &QAction::triggered, this, [this] { Do([this] { ShowAbout(); }); });
+}
+
+void KVNGen::SetUpSelection() {
+    auto* const form = new QFormLayout(&selectCareer_);
+    const auto add = [form](const QString& label, QComboBox& combo) {
+        combo.setObjectName(label.toLower());
+        combo.setAccessibleName(label);
+        combo.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        combo.setMinimumContentsLength(14);
+        form->addRow(label, &combo);
+    };
+    form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    add("Race", race_);
+    add("Career", career_);
+    add("Assignment", assignment_);
+}
+
+void KVNGen::SetUpStatistics() {
+    auto* const column = new QVBoxLayout(&statistics_);
+    constexpr int kMostLines = 11;
+    characteristics_.setMaximumHeight(characteristics_.fontMetrics().lineSpacing() * kMostLines);
+    // It is locked while a career runs, and most wanted then.
+    auto palette = characteristics_.palette();
+    palette.setColor(QPalette::Disabled, QPalette::Text, palette.color(QPalette::Active, QPalette::Text));
+    characteristics_.setPalette(palette);
+    column->addWidget(&characteristics_, 1);
+    column->addWidget(&roll_);
+    column->addWidget(&roll3Drop1_);
+    column->addWidget(&true2D_);
+    roll_.setObjectName("roll");
+    roll_.setShortcut(Qt::CTRL | Qt::Key_R);
+    roll_.setToolTip(tr("New characteristics (Ctrl+R)"));
+    roll3Drop1_.setObjectName("roll3Drop1");
+    true2D_.setObjectName("true2D");
+    (session_.method == RollingMethod::True2D ? true2D_ : roll3Drop1_).setChecked(true);
+    startCareer_.setObjectName("startCareer");
+    startCareer_.setShortcut(Qt::CTRL | Qt::Key_Return);
+    startCareer_.setToolTip(tr("Live the character's life (Ctrl+Return)"));
+    scrapAndRestart_.setObjectName("scrapAndRestart");
+}
+
+void KVNGen::SetUpDetails() {
+    auto* const column = new QVBoxLayout(&detailsGroup_);
+    const std::array<std::pair<QLabel*, const char*>, 7> labels = {{{&age_, "age"},
+                                                                    {&rank_, "rank"},
+                                                                    {&allies_, "allies"},
+                                                                    {&enemies_, "enemies"},
+                                                                    {&contacts_, "contacts"},
+                                                                    {&rivals_, "rivals"},
+                                                                    {&medicalDebt_, "medicalDebt"}}};
+    for (const auto& [label, name] : labels) {
+        label->setObjectName(name);
+        label->setTextFormat(Qt::PlainText);
+        label->setWordWrap(true);
+        column->addWidget(label);
+    }
+    column->addWidget(&details_, 1);
+}
+
+void KVNGen::LayOut() {
+    auto* const left = new QWidget;
+    auto* const set_up = new QVBoxLayout(left);
+    set_up->setContentsMargins({});
+    set_up->addWidget(&selectCareer_);
+    set_up->addWidget(&statistics_);
+    set_up->addWidget(&startCareer_);
+    set_up->addWidget(&scrapAndRestart_);
+    set_up->addStretch();
+
+    auto* const right = new QWidget;
+    auto* const facts = new QVBoxLayout(right);
+    facts->setContentsMargins({});
+    facts->addWidget(&detailsGroup_, 1);
+    auto* const boxes = new QVBoxLayout(&optionsGroup_);
+    boxes->addWidget(&options_);
+    facts->addWidget(&optionsGroup_);
+
+    history_.FollowNewest();
+    skills_.setMinimumWidth(skills_.fontMetrics().averageCharWidth() * 24);
+    history_.setMinimumWidth(history_.fontMetrics().averageCharWidth() * 40);
+    splitter_.setObjectName("splitter");
+    splitter_.setChildrenCollapsible(false);
+    splitter_.addWidget(left);
+    splitter_.addWidget(Labelled("Skills", skills_));
+    splitter_.addWidget(Labelled("History", history_));
+    splitter_.addWidget(right);
+    // In characters. The history takes most of what a wide screen has to give.
+    constexpr std::array kWidths = {30, 32, 80, 36};
+    constexpr std::array kStretch = {0, 1, 4, 1};
+    QList<int> sizes;
+    for (int i = 0; i < splitter_.count(); ++i) {
+        const auto place = static_cast<std::size_t>(i);
+        sizes << kWidths.at(place) * fontMetrics().averageCharWidth();
+        splitter_.setStretchFactor(i, kStretch.at(place));
+    }
+    splitter_.setSizes(sizes);
+    auto* const central = new QWidget;
+    auto* const frame = new QVBoxLayout(central);
+    frame->addWidget(&splitter_);
+    setCentralWidget(central);
+    statusBar()->setSizeGripEnabled(false);
+    status_.setObjectName("status");
+    statusBar()->addWidget(&status_, 1);
+    const auto room = screen()->availableGeometry().size();
+    resize(std::min(room.width() * 9 / 10, fontMetrics().averageCharWidth() * 190),
+           std::min(room.height() * 9 / 10, fontMetrics().lineSpacing() * 50));
+}
+
+void KVNGen::SetUpHandlers() {
+    player_.beforeDialog = [this] { Refresh(); };
+    player_.optionsChanged = [this](const Options& options) { Guard([&] { controller_.SetOptions(options); }); };
+    options_.changed = [this](const Options& options) { Do([&] { controller_.SetOptions(options); }); };
+    connect(&race_, &QComboBox::activated, this,
+            [this] { Do([this] { controller_.SelectRace(race_.currentText().toStdString()); }); });
+    connect(&career_, &QComboBox::activated, this,
+            [this] { Do([this] { controller_.SelectCareer(career_.currentText().toStdString()); }); });
+    connect(&assignment_, &QComboBox::activated, this,
+            [this] { Do([this] { controller_.SelectAssignment(assignment_.currentText().toStdString()); }); });
+    const auto roll = [this] {
+        Do([this] { controller_.Roll(true2D_.isChecked() ? RollingMethod::True2D : RollingMethod::Roll3Drop1); });
+    };
+    connect(&roll_, &QPushButton::clicked, this, roll);
+    connect(&roll3Drop1_, &QRadioButton::clicked, this, roll);
+    connect(&true2D_, &QRadioButton::clicked, this, roll);
+    connect(&startCareer_, &QPushButton::clicked, this, [this] { Do([this] { StartCareer(); }); });
+    connect(&scrapAndRestart_, &QPushButton::clicked, this, [this] {
+        Do([this] {
+            Say(tr(kAdvice));
+            controller_.ScrapAndRestart();
+        });
+    });
+}
+
+void KVNGen::Load() {
+    setWindowTitle(ToQt(session_.programTitle));
+    characteristics_.clear();
+    controller_.Load();
+    Refresh();
+    startCareer_.setFocus();
+    Say(tr(kAdvice));
+}
+
+void KVNGen::StartCareer() {
+    Say(tr("A career is running."));
+    Guard([this] {
+        const auto end = controller_.StartCareer([this] {
+            Refresh();
+            if (characterFinished)
+                characterFinished();
+        });
+        Say(end == LifeEnd::MusteredOut ? tr("The character is finished. The statistics are already the next one's.")
+                                        : tr("The character was scrapped. The statistics are the next one's."));
+    });
+    player_.Finish();  // a scrapped character's mustering out may still be open
+    history_.setFocus();
+}
+
+void KVNGen::Say(const QString& text) {
+    status_.setText(text);
+}
+
+void KVNGen::ShowAbout() {
+    ui::KVNAbout about(windowTitle(), this);
+    guard_.Run(about);
+}
+
+void KVNGen::Do(const std::function<void()>& action) {
+    if (guard_.working()) {
+        controller_.ChangeAll();  // what the control shows of itself isn't so
+        return;
+    }
+    const ui::InputGuard::Working working(guard_);
+    Guard(action);
+}
+
+void KVNGen::Guard(const std::function<void()>& action) {
+    try {
+        action();
+        Refresh();
+    } catch (const RuleError& error) {
+        player_.Finish();
+        Refresh();
+        Say(tr("An error stopped the generation."));
+        ui::ShowError(guard_, this, windowTitle(), ToQt(error.what()),
+                      tr("The generation stops here. What there is of the character stays in the window until the next "
+                         "one is rolled."));
+    } catch (const std::exception& error) {
+        EndProgram(QString::fromStdString(error.what()));
+    }
+}
+
+void KVNGen::EndProgram(const QString& error) {
+    player_.Finish();
+    Refresh();
+    const bool living = session_.character.TermsTotal > 0;
+    ui::ShowError(guard_, this, windowTitle(), error,
+                  living ? tr("Korvane ends now. The details hold the character as far as it got, to be copied.")
+                         : tr("Korvane ends now."),
+                  living ? ToQt(CharacterText(session_)) : QString());
+    guard_.EndProgram(1);
+}
+
+void KVNGen::Refresh() {
+    const auto changes = controller_.TakeChanges();
+    const auto& shown = controller_.shown();
+    if (changes.selection)
+        ShowSelection();
+    if (changes.selection || changes.state)
+        ShowState();
+    if (changes.options)
+        options_.Show(session_.options);
+    if (changes.skills)
+        skills_.SetLines(SkillLines(shown, session_.options[Option::SortSkillsByValue]));
+    if (changes.history)
+        history_.SetLines(shown.History.lines());
+    if (changes.summary || changes.selection)  // the rank's title is the assignment's
+        ShowLabels();
+    if (changes.summary || changes.history || changes.skills)
+        ShowDetails();
+}
+
+void KVNGen::ShowSelection() {
+    FillCombo(race_, *session_.selection.races, session_.selection.race);
+    FillCombo(career_, *session_.selection.careers, session_.selection.career);
+    FillCombo(assignment_, *session_.selection.assignments, session_.selection.assignment);
+}
+
+void KVNGen::ShowState() {
+    const bool running = controller_.state() == GenerationController::State::Running;
+    selectCareer_.setEnabled(!running);
+    statistics_.setEnabled(!running);
+    startCareer_.setEnabled(controller_.mayStart());
+    roll_.setEnabled(controller_.mayRoll());
+}
+
+void KVNGen::ShowLabels() {
+    const auto& character = session_.character;
+    characteristics_.SetLines(CharacteristicLines(character));
+    age_.setText(ToQt(AgeLabel(character)));
+    rank_.setText(ToQt(RankLabel(character, session_.assignment)));
+    allies_.setText(ToQt(AlliesLabel(character)));
+    enemies_.setText(ToQt(EnemiesLabel(character)));
+    contacts_.setText(ToQt(ContactsLabel(character)));
+    rivals_.setText(ToQt(RivalsLabel(character)));
+    medicalDebt_.setText(ToQt(MedicalDebtLabel(character)));
+}
+
+void KVNGen::ShowDetails() {
+    const auto& ended = controller_.ended();
+    details_.SetLines(ended ? ended->details : DetailLines(session_.character));
+}
+
+}  // namespace korvane

@@ -1,0 +1,101 @@
+// The main window: race, career and characteristics are chosen here, the career is started, and the character is read.
+#pragma once
+
+#include <QButtonGroup>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSplitter>
+#include <array>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "character/KVNDeclare.h"
+#include "desktop/generation_controller.h"
+#include "ui/choice_combo.h"
+#include "ui/copy_list.h"
+#include "ui/dialog_player.h"
+#include "ui/option_boxes.h"
+
+namespace korvane {
+
+// Routes each control to the controller and shows what has changed: before the next dialog, and when what was asked for
+// is done.
+class KVNGen : public QMainWindow {
+  public:
+    KVNGen(Session& session, ui::InputGuard& guard);
+
+    // The player whose dialogs belong to this window, and the display that it shows.
+    Player& player() { return player_; }
+    Display& display() { return controller_; }
+    // Called with the finished character, still in the session, when a life has run to its end.
+    std::function<void()> characterFinished;
+
+    // Fills the window when it is shown first: the title, the races. Throws FileError for a malformed rule file.
+    void Load();
+    // Puts the controls into the state in which a character is set up.
+    void Unlock() { Refresh(); }
+    // Shows what has changed.
+    void Refresh();
+
+  private:
+    void SetUpMenu();
+    void SetUpSelection();
+    void SetUpStatistics();
+    void SetUpDetails();
+    void SetUpHandlers();
+    void LayOut();
+
+    void StartCareer();
+    void ShowAbout();
+    // Carries out what a control asks for, unless the rules run already: then nothing acts but the dialog that asks.
+    void Do(const std::function<void()>& action);
+    // Carries out a part of that. An error is shown and goes no further: a rule's error ends what was asked for, any
+    // other the program.
+    void Guard(const std::function<void()>& action);
+    void EndProgram(const QString& error);
+
+    void ShowSelection();
+    void ShowState();
+    void ShowLabels();
+    void ShowDetails();
+    void Say(const QString& text);
+
+    Session& session_;
+    ui::InputGuard& guard_;
+    GenerationController controller_;
+    ui::DialogPlayer player_;
+    // The boxes come before what stands in them.
+    QSplitter splitter_;
+    QGroupBox selectCareer_;
+    QGroupBox statistics_;
+    QGroupBox optionsGroup_;
+    QGroupBox detailsGroup_;
+
+    ui::ChoiceCombo race_;
+    ui::ChoiceCombo career_;
+    ui::ChoiceCombo assignment_;
+    ui::CopyList characteristics_;
+    QPushButton roll_;
+    QRadioButton roll3Drop1_;
+    QRadioButton true2D_;
+    QPushButton startCareer_;
+    QPushButton scrapAndRestart_;
+    ui::CopyList skills_;
+    ui::CopyList history_;
+    ui::OptionBoxes options_;
+    QLabel age_;
+    QLabel rank_;
+    QLabel allies_;
+    QLabel enemies_;
+    QLabel contacts_;
+    QLabel rivals_;
+    QLabel medicalDebt_;
+    ui::CopyList details_;
+    QLabel status_;
+};
+
+}  // namespace korvane

@@ -1,0 +1,158 @@
+#include "output/summary_texts.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+#include "base/text.h"
+
+namespace korvane {
+
+namespace {
+
+void AddMoney(std::vector<std::string>& lines, std::string_view label, std::int64_t amount, std::string_view unit) {
+    if (amount != 0)
+        lines.push_back(Concat(label, "Cr", FormatThousands(amount), unit));
+}
+
+// A modifier that waits for its roll.
+void AddModifier(std::vector<std::string>& lines, std::string_view roll, int modifier) {
+    if (modifier == kAutomaticSuccess)
+        lines.push_back(Concat("Next ", roll, ": succeeds"));
+    else if (modifier != 0)
+        lines.push_back(Concat("Next ", roll, ": ", SignedNumber(modifier)));
+}
+
+void AddEducation(std::vector<std::string>& lines, int graduated) {
+    if (graduated > 0)
+        lines.emplace_back(graduated == 1 ? "Graduated" : "Graduated with honours");
+}
+
+void AddCareers(std::vector<std::string>& lines, const CharacterRecord& character) {
+    if (character.CareersServed.empty())
+        return;
+    std::string careers = "Careers:";
+    for (const auto& career : character.CareersServed.lines())
+        AppendAll(careers, careers.ends_with(':') ? " " : ", ", career);
+    lines.push_back(std::move(careers));
+}
+
+void AddHomeWorld(std::vector<std::string>& lines, const HomeWorldFacts& facts) {
+    if (facts.front().empty())
+        return;
+    lines.emplace_back("Home world");
+    for (std::size_t i = 0; i < facts.size(); ++i)
+        lines.push_back(Concat("  ", kWorldTableNames.at(i), ": ", facts.at(i)));
+}
+
+}  // namespace
+
+std::vector<std::string> CharacteristicLines(const CharacterRecord& character) {
+    std::vector<std::string> lines;
+    for (int i = 1; i <= character.CharacteristicCount; ++i)
+        lines.push_back(Concat(character.CharacteristicName[i], " ", character.Characteristic[i], "  (",
+                               SignedNumber(character.CharacteristicDM[i]), ")"));
+    return lines;
+}
+
+std::string AgeLabel(const CharacterRecord& character) {
+    return Concat("Age: ", character.Age, " ", character.TermsTotal, " terms total");
+}
+
+std::string RankText(const CharacterRecord& character, const AssignmentRecord& assignment) {
+    const int rank = character.Rank;
+    auto label = std::string(RankTitle(assignment, rank));
+    if (rank >= 1 && rank <= 6)
+        AppendAll(label, " (E", rank, ")");
+    if (rank > 6)
+        AppendAll(label, " (O", rank - 6, ")");
+    return label;
+}
+
+std::string RankLabel(const CharacterRecord& character, const AssignmentRecord& assignment) {
+    return Concat("Rank: ", RankText(character, assignment));
+}
+
+std::string HomeWorldText(const CharacterRecord& character) {
+    std::string text;
+    for (std::size_t i = 0; i < character.HomeWorld.size(); ++i)
+        if (const auto& fact = character.HomeWorld.at(i); !fact.empty())
+            AppendAll(text, text.empty() ? "" : "; ", kWorldTableNames.at(i), ": ", fact);
+    return text;
+}
+
+std::string_view RankTitle(const AssignmentRecord& assignment, int rank) {
+    const auto place = static_cast<std::size_t>(rank);
+    if (place >= assignment.rankTitle.size())
+        throw RuleError(RuleError::Kind::Subscript, Concat("there is no rank number ", rank));
+    return assignment.rankTitle.at(place);
+}
+
+std::string AlliesLabel(const CharacterRecord& character) {
+    return Concat("Allies: ", character.Allies);
+}
+
+std::string EnemiesLabel(const CharacterRecord& character) {
+    return Concat("Enemies: ", character.Enemies);
+}
+
+std::string ContactsLabel(const CharacterRecord& character) {
+    return Concat("Contacts: ", character.Contacts);
+}
+
+std::string RivalsLabel(const CharacterRecord& character) {
+    return Concat("Rivals: ", character.Rivals);
+}
+
+std::string MedicalDebtLabel(const CharacterRecord& character) {
+    if (character.MedicalDebt <= 0)
+        return "Medical Debt:";
+    return "Medical Debt: Cr" + FormatThousands(static_cast<double>(character.MedicalDebt));
+}
+
+std::vector<std::string> SkillLines(const CharacterRecord& character, bool sorted) {
+    auto held = character.Skills.Held();
+    if (sorted)
+        std::ranges::stable_sort(held, [](const Skill* a, const Skill* b) { return a->Level > b->Level; });
+    std::vector<std::string> lines;
+    lines.reserve(held.size());
+    for (const auto* const skill : held)
+        lines.push_back(Concat(skill->Name, "-", skill->Level));
+    return lines;
+}
+
+std::vector<std::string> DetailLines(const CharacterRecord& character) {
+    std::vector<std::string> lines;
+    AddEducation(lines, character.Graduated);
+    AddCareers(lines, character);
+    if (character.ParoleThreshold > 0)
+        lines.push_back(Concat("In prison; parole threshold ", character.ParoleThreshold));
+    AddModifier(lines, "qualification", character.QualificationDM);
+    AddModifier(lines, "survival", character.SurvivalDM);
+    AddModifier(lines, "commission", character.CommissionDM);
+    AddModifier(lines, "advancement", character.AdvancementDM);
+    AddMoney(lines, "Cash: ", character.Cash, "");
+    AddMoney(lines, "Pension: ", character.Pension, "/year");
+    for (const auto& benefit : character.Benefits.lines())
+        lines.push_back(Concat("Benefit: ", benefit));
+    AddHomeWorld(lines, character.HomeWorld);
+    return lines;
+}
+
+std::vector<std::string> WholeDetailLines(const Session& session) {
+    const auto& character = session.character;
+    const auto& selection = session.selection;
+    std::vector<std::string> lines = {Concat(selection.race, ", ", selection.career, ", ", selection.assignment),
+                                      AgeLabel(character), RankLabel(character, session.assignment)};
+    std::ranges::move(CharacteristicLines(character), std::back_inserter(lines));
+    for (auto* const label : {AlliesLabel, EnemiesLabel, ContactsLabel, RivalsLabel, MedicalDebtLabel})
+        lines.push_back(label(character));
+    std::ranges::move(DetailLines(character), std::back_inserter(lines));
+    return lines;
+}
+
+std::string SignedNumber(int number) {
+    return number >= 0 ? Concat("+", number) : Concat(number);
+}
+
+}  // namespace korvane

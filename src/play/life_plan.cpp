@@ -1,0 +1,72 @@
+#include "play/life_plan.h"
+
+#include <random>
+#include <utility>
+
+#include "character/seams_guard.h"
+#include "data/known_names.h"
+#include "play/players.h"
+
+namespace korvane::play {
+
+namespace {
+
+// The chance that isn't the rules': picks for the selection and a player's answers.
+RandomStream StreamFor(const LifePlan& plan, std::uint64_t number) {
+    constexpr std::uint64_t kNotTheDice = 0x504C4159;
+    static const std::uint64_t unseeded = std::random_device{}();
+    return RandomStream(RandomStream::Mix(plan.seed.value_or(unseeded) ^ kNotTheDice) + RandomStream::Mix(number));
+}
+
+// The wanted name, or any of those there are but "Prisoner"; empty when there is none.
+std::string Pick(RandomStream& stream, const std::string& wanted, const Names& names) {
+    if (!wanted.empty())
+        return wanted;
+    const auto* const any = AnyOf(stream, names, kPrisoner);
+    return any == nullptr ? std::string() : *any;
+}
+
+struct Picked {
+    std::string race;
+    std::string career;
+    std::string assignment;
+};
+
+Picked PickSelection(Session& session, const LifePlan& plan, RandomStream& stream) {
+    auto race = Pick(stream, plan.race, *session.data.RaceNames());
+    auto career = Pick(stream, plan.career, *session.data.CareerNames(race));
+    auto assignment = Pick(stream, plan.assignment, *session.data.AssignmentNames(race, career));
+    return {std::move(race), std::move(career), std::move(assignment)};
+}
+
+LifeOutcome Run(Session& session, const journal::Recorder::Sink& journal) {
+    if (!journal)
+        return LiveOut(session);
+    journal::Recorder recorder(journal, *session.seams.dice, *session.seams.player);
+    session.seams.dice = &recorder;
+    session.seams.player = &recorder;
+    return LiveRecorded(session, recorder);
+}
+
+}  // namespace
+
+LifeOutcome Live(Session& session, const LifePlan& plan, std::uint64_t number, const journal::Recorder::Sink& journal) {
+    auto stream = StreamFor(plan, number);
+    session.method = plan.method;
+    session.options = plan.options;
+    session.options.Set(Option::AutomaticGeneration, plan.player == PlayerKind::Automatic);
+    const auto selection = PickSelection(session, plan, stream);
+    SeededDice seeded(plan.seed.value_or(0), number);
+    ClockDice clock;
+    Dice& dice = plan.seed ? static_cast<Dice&>(seeded) : clock;
+    PolicyPlayer policy(stream, plan.terms);
+    RandomPlayer random(stream);
+    Player& player = plan.player == PlayerKind::Automatic ? static_cast<Player&>(policy) : random;
+    const SeamsGuard guard(session.seams);
+    session.seams.dice = &dice;
+    session.seams.player = &player;
+    Select(session, selection.race, selection.career, selection.assignment);
+    return Run(session, journal);
+}
+
+}  // namespace korvane::play
