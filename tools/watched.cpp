@@ -97,6 +97,10 @@ class BoxWatcher : public QObject {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
+        if (const auto* const dialog = qobject_cast<QDialog*>(watched);
+            dialog != nullptr && (event->type() == QEvent::Hide || event->type() == QEvent::Close))
+            std::cerr << dialog->objectName().toStdString() << (event->type() == QEvent::Hide ? " hides" : " closes")
+                      << (event->spontaneous() ? " by the system " : " ") << dialog->result() << std::endl;
         if (const auto* const box = qobject_cast<QMessageBox*>(watched)) {
             if (event->type() == QEvent::Show && box->icon() == QMessageBox::Critical)
                 Fault("an error box: " + box->text().toStdString());

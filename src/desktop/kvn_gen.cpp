@@ -238,6 +238,7 @@ void KVNGen::StartCareer() {
                                         : tr("The character was scrapped. The statistics are the next one's."));
     });
     player_.Finish();  // a scrapped character's mustering out may still be open
+    activateWindow();  // where two dialogs close at once, nobody else gives the input back
     history_.setFocus();
 }
 

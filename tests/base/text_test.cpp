@@ -36,15 +36,6 @@ TEST(Text, StrictCountIsDigitsWithASignAndBlanksAround) {
         EXPECT_THROW(StrictCount(text), RuleError) << '"' << text << '"';
 }
 
-TEST(Text, AmountsAreGroupedInThousandsAndNumbersWrittenShort) {
-    std::string shown;
-    for (const double amount : {0.0, 0.4, -0.4, 7.0, 999.0, 999.6, 1234.4, 100000.0, 1002003.0, -999.0, -123456.0})
-        shown += FormatThousands(amount) + "|";
-    EXPECT_EQ(shown, "|||7|999|1,000|1,234|100,000|1,002,003|-999|-123,456|");
-    for (const auto& [text, number] : Cases<float>{{"0", 0}, {"2500", 2500}, {"0.1", 0.1F}, {"10000000", 1E7F}})
-        EXPECT_EQ(ShortestNumber(number), text);
-}
-
 TEST(Text, CharactersAreCountedNotBytes) {
     EXPECT_EQ(CharacterCount("Größe €𝄞"), 8U);
     EXPECT_EQ(AfterCharacters("äöü12", 3), "12");

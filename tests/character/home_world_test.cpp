@@ -3,7 +3,6 @@
 
 #include "character/home_world.h"
 
-
 #include "support/temp_folder.h"
 #include "support/world.h"
 
@@ -41,14 +40,12 @@ TEST_F(HomeWorlds, RollsFollowTheOrderOfTheFileAndCarryTheShiftsOfRowsBefore) {
                  "Table Population\n2 to 7: g | port at most 5\n8 to 12: h\n"
                  "Table Law level\n2 to 7: i | port at least 7, population +3\n8 to 12: j | population -20\n"
                  "Table Tech level\n2 to 7: k | port -2, law level at most 7\n8 to 12: l | port +2, port +1\n");
-    EXPECT_EQ(WorldOf({7, 12, 5, 7, 7, 7, 2}), "bdefhik")
-        << "law at most 7, population 8, port at least 7";
+    EXPECT_EQ(WorldOf({7, 12, 5, 7, 7, 7, 2}), "bdefhik") << "law at most 7, population 8, port at least 7";
     EXPECT_EQ(WorldOf({8, 12, 12, 2, 2, 2, 12}), "adefgjl")
         << "a total below the table takes its first row; port 15, but at most 5";
     EXPECT_EQ(WorldOf({8, 7, 4, 2, 2, 2, 12}), "bdefgil")
         << "of two limits that contradict each other \"at least\" holds";
-    EXPECT_EQ(WorldOf({8, 7, 5, 2, 2, 2, 12}), "cdefhil")
-        << "a total beyond the table takes its last row";
+    EXPECT_EQ(WorldOf({8, 7, 5, 2, 2, 2, 12}), "cdefhil") << "a total beyond the table takes its last row";
 }
 
 TEST_F(HomeWorlds, WithoutTablesNothingIsRolled) {
@@ -65,7 +62,7 @@ TEST(ShippedWorlds, HangTogether) {
     for (int i = 0; i < 2000; ++i) {
         RollHomeWorld(session);
         const auto& [port, size, air, water, people, law, tech] = session.character.HomeWorld;
-        if (air == "none") {
+        if (air.starts_with("none")) {
             ++airless;
             EXPECT_TRUE(water.starts_with("dry")) << water;
             EXPECT_TRUE(tech.find("sails") == std::string::npos && tech.find("flint") == std::string::npos) << tech;

@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "cli/run_cli.h"
+#include "cli/terminal_player.h"
 #include "support/temp_folder.h"
 
 namespace korvane::cli {
@@ -45,23 +46,6 @@ TEST(CommandLine, UnknownNamesListWhatThereIs) {
     EXPECT_EQ(Generate({"--player", "random", "--option", "Automatic Generation"}).status, 1);
 }
 
-TEST(CommandLine, MethodNeedsNoTrailingBlank) {
-    const auto with = Generate({"--method", "True 2D ", "--format", "json"});
-    EXPECT_EQ(with.status, 0);
-    EXPECT_EQ(with.out, Generate({"--method", "True 2D", "--format", "json"}).out);
-    EXPECT_NE(with.out, Generate({"--method", "Roll 3 drop 1", "--format", "json"}).out);
-}
-
-TEST(CommandLine, EveryCommandHasHelp) {
-    EXPECT_EQ(RunCli({"--help"}).status, 0);
-    for (const std::string command : {"generate", "play", "replay"}) {
-        const auto help = RunCli({command, "--help"});
-        EXPECT_EQ(help.status, 0);
-        EXPECT_NE(help.out.find("--data"), std::string::npos) << command;
-    }
-    EXPECT_EQ(RunCli({}).status, 1);
-}
-
 TEST(CommandLine, FilesInFoldersHoldWhatTheStreamShows) {
     const test::TempFolder folder;
     const auto outcome = Generate({"--count", "2", "--format", "json", "--out", (folder.path() / "out").string(),
@@ -86,28 +70,6 @@ struct Broken {
     }
 };
 
-TEST(CommandLine, BrokenDataIsNamedWithFileAndLine) {
-    const Broken race;
-    auto text = race.folder.Read("Imperial Human.eri");
-    text.replace(text.find("Str 2"), 5, "Str x");
-    race.folder.Write("Imperial Human.eri", text);
-    const auto letter = race.Generate();
-    EXPECT_EQ(letter.status, 1);
-    EXPECT_NE(letter.err.find("Imperial Human.eri:5: expected one digit"), std::string::npos) << letter.err;
-
-    const Broken career;
-    auto lines = LinesOf(career.folder.Read("Imperial Human-Army.ecf"));
-    std::string cut;
-    for (std::size_t i = 0; i < 40; ++i)
-        cut += lines[i] + "\n";
-    career.folder.Write("Imperial Human-Army.ecf", cut);
-    const auto short_file = career.Generate({"--career", "Army"});
-    EXPECT_EQ(short_file.status, 1);
-    EXPECT_NE(short_file.err.find("Imperial Human-Army.ecf:41: expected the title of a skill table, found the end"),
-              std::string::npos)
-        << short_file.err;
-}
-
 TEST(CommandLine, MissingAssignmentFileIsNamed) {
     const Broken data;
     std::filesystem::remove(data.folder.path() / "Imperial Human-Army-Infantry.eas");
@@ -121,13 +83,6 @@ TEST(CommandLine, MissingAssignmentFileIsNamed) {
     const auto none = data.Generate({"--career", "Army"});
     EXPECT_EQ(none.status, 1);
     EXPECT_NE(none.err.find("there is no assignment ("), std::string::npos) << none.err;
-}
-
-TEST(CommandLine, PlayFailsWhenTheInputEnds) {
-    const auto outcome =
-        RunCli({"play", "--data", KORVANE_RULES, "--career", "Army", "--assignment", "Infantry"}, "1\n");
-    EXPECT_EQ(outcome.status, 1);
-    EXPECT_NE(outcome.err.find("the input ended"), std::string::npos) << outcome.err;
 }
 
 TEST(CommandLine, TheHandbookOfCodesIsTheOneInTheDocuments) {
@@ -237,6 +192,21 @@ TEST(CommandLine, NumbersAndEmptyValuesAreTakenAtTheirWord) {
                                folder.path().string(), "--name=", "--terms", "1"});
     EXPECT_EQ(named.status, 0) << named.err;
     EXPECT_TRUE(std::filesystem::exists(folder.path() / ".htm")) << "a name without letters, not \"--terms\"";
+}
+
+TEST(CommandLine, PlayTakesScrapHoldsLimitsAndChangesOptions) {
+    std::istringstream in("none\n3 3 4\n9\ncancel\nscrap\nn\n2\nscrap\ny\n5\n7\n10\n1\n");
+    std::ostringstream out;
+    TerminalPlayer player(in, out);
+    const std::vector<std::string_view> items = {"Admin", "Art", "Drive", "Medic"};
+    EXPECT_TRUE(player.Select({"Take", 1, 1, items}).empty());
+    for (const auto* const refusal : {"Too many items selected; limit is 1", "Please type numbers of the list."})
+        EXPECT_NE(out.str().find(refusal), std::string::npos) << refusal;
+    EXPECT_EQ(player.Choose({"Pick", items}), 2) << "after a No to the scrapping";
+    EXPECT_THROW(player.Choose({"Pick", items}), CharacterScrapped);
+    const auto answer = player.EndOfTerm({2, {}});
+    EXPECT_TRUE(answer.options[Option::CapSkillsAt4]);
+    EXPECT_EQ(answer.choice, EndOfTermChoice::ReEnlist);
 }
 
 }  // namespace

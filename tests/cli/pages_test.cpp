@@ -99,22 +99,6 @@ TEST_F(Pages, TemplatesAreFoundInTheDataFolderOrByTheirPath) {
               std::string::npos);
 }
 
-TEST_F(Pages, OptionsThatDoNotGoTogetherAreErrors) {
-    const auto fails = [](const Files& arguments, const std::string& message) {
-        const auto outcome = RunCli(arguments);
-        EXPECT_EQ(outcome.status, 1);
-        EXPECT_NE(outcome.err.find(message), std::string::npos) << outcome.err;
-    };
-    fails({"generate", "--format", "html"}, "--out FOLDER");
-    fails({"replay", "life.jsonl", "--format", "html"}, "--out FOLDER");
-    fails({"replay", "life.jsonl", "--out", "x"}, "\"--out\" goes with");
-    for (const Files& option : {Files{"--pdf"}, Files{"--name", ""}, Files{"--template", "t.htm"}}) {
-        Files arguments = {"generate", "--format", "json"};
-        arguments.insert(arguments.end(), option.begin(), option.end());
-        fails(arguments, "go with \"--format html\" alone");
-    }
-}
-
 TEST_F(Pages, PdfFilesAreMadeByTheProgramForThem) {
     const auto program = folder.Write("bin/korvane-pdf", "#!/bin/sh\ncp \"$1\" \"${1%.htm}.pdf\"\n");
     std::filesystem::permissions(program, std::filesystem::perms::owner_all);

@@ -18,6 +18,8 @@ T = TypeVar("T")
 
 PATIENCE = 20.0  # seconds; only a machine that stands still needs more
 POLL = 0.02
+# A dialog takes no press within the double-click interval after it came.
+SETTLED = 0.45
 
 # What a user can work; each of these needs a name.
 CONTROL_ROLES = {
@@ -69,10 +71,6 @@ class Control:
     @property
     def focused(self) -> bool:
         return pyatspi.STATE_FOCUSED in self.states
-
-    @property
-    def checked(self) -> bool:
-        return pyatspi.STATE_CHECKED in self.states
 
     def now(self) -> Control:
         return Control.read(self.node)
@@ -174,12 +172,10 @@ class Window:
 class Session:
     """One run of the program. Leaving the `with` block ends it, if it hasn't ended by itself."""
 
-    deactivations = 0  # how often a window other than the main one lost the input
-
     def __init__(self, program: Path, folder: Path, artifacts: Path, environment: dict[str, str] | None = None) -> None:
         self.artifacts = artifacts
-        # The toolkit tells of a lost input only to those who ask for the gained one too.
-        pyatspi.Registry.registerEventListener(self._count, "window:activate", "window:deactivate")
+        # The toolkit tells which window has the input only to those who listen.
+        pyatspi.Registry.registerEventListener(lambda event: None, "window:activate", "window:deactivate")
         self.process = subprocess.Popen([program], cwd=folder, env=os.environ | (environment or {}))
 
     def __enter__(self) -> Session:
@@ -192,16 +188,6 @@ class Session:
         finally:
             self.process.kill()
             self.process.wait()
-
-    def _count(self, event: Any) -> None:
-        if event.type != "window:deactivate":
-            return
-        try:
-            is_main = event.source.getRole() == pyatspi.ROLE_FRAME
-        except GLib.GError:
-            is_main = False  # a message box that has gone already
-        if not is_main:
-            self.deactivations += 1
 
     def wait_for(self, what: str, probe: Callable[[], T | None], seconds: float = PATIENCE) -> T:
         """Polls until the probe returns something true, and returns it. Raises Failure when that takes too long."""
@@ -253,44 +239,13 @@ class Session:
         left, top, width, height = places[-1]
         run_tool("xdotool", "mousemove", str(left + width // 2), str(top + height // 2), "click", "1")
 
+    def settle(self) -> None:
+        """Waits until a dialog that has just come takes an answer."""
+        time.sleep(SETTLED)
+
     def keys(self, *keys: str) -> None:
         """Types keys, named as xdotool does, into the window that has the input."""
         run_tool("xdotool", "key", "--clearmodifiers", *keys)
-
-    def answer(self, window: Window, act: Callable[[], None]) -> None:
-        """Acts on a dialog and waits until it has been left, if only for a moment, or says something else."""
-        self._dispatch_events()
-        before = self.deactivations
-        texts = window.texts()
-
-        def has_moved_on() -> bool:
-            return self.deactivations > before or Window(window.frame).texts() != texts
-
-        act()
-        self.wait_for(f'an effect of the answer in "{window.title}"', has_moved_on)
-
-    def repeat_until(self, what: str, act: Callable[[], None], condition: Callable[[], bool], times: int) -> None:
-        """Acts until the condition holds, for what may take more than once. Each time has a second to take effect."""
-        for _ in range(times - 1):
-            act()
-            try:
-                self.wait_for(what, condition, seconds=1.0)
-                return
-            except Failure:
-                continue
-        act()
-        self.wait_for(what, condition)
-
-    def choose(self, combo_box: Control, item: str) -> None:
-        """Picks an item of a combo box by mouse."""
-        self.click(combo_box)
-
-        def shown_item() -> Control | None:
-            popup = Control.read(combo_box.node.getChildAtIndex(0))
-            return next((entry for entry in combo_box.items() if entry.name == item), None) if popup.showing else None
-
-        self.click(self.wait_for(f'the item "{item}"', shown_item))
-        self.wait_for(f'"{item}" chosen', lambda: combo_box.now().name == item)
 
     def screenshot(self, name: str) -> None:
         run_tool("import", "-window", "root", str(self.artifacts / f"{name}.png"))

@@ -2,11 +2,11 @@
 // rows themselves are held by the handbook, docs/codes.md, which a test of the command line compares, and by the pinned
 // signature on data that holds every code.
 
+#include "data/record_files.h"
 #include "engine/codes/apply.h"
 #include "engine/codes/chains.h"
 #include "engine/codes/fields.h"
 #include "engine/codes/odd_codes.h"
-#include "data/record_files.h"
 #include "engine/hazards.h"
 #include "support/world.h"
 
@@ -80,7 +80,8 @@ TEST_F(Codes, PeopleInjuriesPrisonAndMishaps) {
     player.ExpectChoice("Lose 1 from which stat?", "Str/Dex/End", 1)
         .ExpectAsk("Stat Str currently 7 reduced by 1. Take Cr5000 medical debt to avoid?", false)
         .ExpectAsk("Stat Dex currently 7 reduced by 2. Take Cr10000 medical debt to avoid?", false);
-    player.ExpectTell("You have been imprisoned. Terms will be served until you make your parole roll or die of old age")
+    player
+        .ExpectTell("You have been imprisoned. Terms will be served until you make your parole roll or die of old age")
         .ExpectMuster(MusterButton::Done);
     character().TermsInCareer = 0;
     character().BenefitRollsModifier = 0;
@@ -98,14 +99,14 @@ TEST_F(Codes, BranchesFollowAnswersAndDice) {
     EXPECT_EQ(LinesOf({Either{"Which", {{"A", yes}, {"B", no}}}, Ask{"Sure?", yes, no}}), (Lines{"no", "no"}));
     SetCharacteristic(kSoc, 9);
     Hold("Recon", 1);
-    // A check adds the modifier of its slot; a roll for a skill of at most the target succeeds, the best counts; the best
-    // modifier counts towards the target.
+    // A check adds the modifier of its slot; a roll for a skill of at most the target succeeds, the best counts; the
+    // best modifier counts towards the target.
     dice.Expect({Rolled(2, 6, 7), Rolled(2, 6, 6), Rolled(2, 6, 9), Rolled(2, 6, 8), Rolled(2, 6, 9), Rolled(2, 6, 7),
                  Rolled(2, 6, 6), Rolled(1, 6, 3), Rolled(1, 6, 6), Rolled(1, 3, 2)});
     EXPECT_EQ(LinesOf({Check{"Edu 8+", yes, no}, Check{"Edu 8+", yes, no}, SkillTest{{"Melee", "Stealth"}, 8, yes, no},
                        SkillTest{{"Melee"}, 8, yes, no}, BestTest{{"Admin", "Recon"}, 8, yes, no},
-                       BestTest{{"Recon"}, 8, yes, no}, OnRoll{1, 6, {{2, no}, {4, yes}}}, OnRoll{1, 6, {{2, no}, {4, yes}}},
-                       Repeat{3, yes}}),
+                       BestTest{{"Recon"}, 8, yes, no}, OnRoll{1, 6, {{2, no}, {4, yes}}},
+                       OnRoll{1, 6, {{2, no}, {4, yes}}}, Repeat{3, yes}}),
               (Lines{"yes", "no", "yes", "no", "yes", "no", "yes", "yes", "yes"}));
 }
 
@@ -128,7 +129,8 @@ TEST_F(Codes, StandInTheirOrderAndMayHoldEachOther) {
     dice.Expect({Rolled(1, 6, 3), Rolled(1, 2, 1), Rolled(2, 6, 3)});
     session.career.mishapTable[3] = "Sold/ROGBETRAY NOEJEC";
     RollMishap(session);
-    EXPECT_EQ(History(), (Lines{"Sold", "Contact betrays you, becomes a Rival", "Enemy: Betrayed", "Betrayed by Ally"}));
+    EXPECT_EQ(History(),
+              (Lines{"Sold", "Contact betrays you, becomes a Rival", "Enemy: Betrayed", "Betrayed by Ally"}));
     session.career.eventTable[7] = "Ordered/PRO2 PROA PRIWARDEN";
     dice.Expect({Rolled(2, 6, 7)});
     RollCareerEvent(session);
@@ -150,10 +152,12 @@ TEST_F(Codes, AnEntryOutlivesTheCareerThatItStandsIn) {
     ReplaceCareer(session.career, ReadCareer(std::make_shared<const TextFile>("own.ecf", [] {
                       std::string text;
                       for (int line = 1; line <= 71; ++line)
-                          AppendAll(text, line == 51 ? "A long text that is no short string/IMPRISON PRIGUARD" : "1", "\n");
+                          AppendAll(text, line == 51 ? "A long text that is no short string/IMPRISON PRIGUARD" : "1",
+                                    "\n");
                       return text;
                   }())));
-    player.ExpectTell("You have been imprisoned. Terms will be served until you make your parole roll or die of old age")
+    player
+        .ExpectTell("You have been imprisoned. Terms will be served until you make your parole roll or die of old age")
         .ExpectMuster(MusterButton::Done);
     character().BenefitRollsModifier = 0;
     dice.Expect({Rolled(1, 6, 3), Rolled(1, 6, 1)});
@@ -190,7 +194,8 @@ TEST_F(Codes, OddOnesOfMishaps) {
         .ExpectAsk("Stat End currently 7 reduced by 1. Take Cr5000 medical debt to avoid?", false);
     EXPECT_EQ(after(ReviveFrozen), "End reduced by 1 to 6");
     EXPECT_EQ(after(FaceCourtMartial), "") << "no battle station";
-    for (const auto& [assignment, skill] : {std::pair("Crew", "Gunner (Turret)"), std::pair("Engineer Gunner", "Mechanic")}) {
+    for (const auto& [assignment, skill] :
+         {std::pair("Crew", "Gunner (Turret)"), std::pair("Engineer Gunner", "Mechanic")}) {
         session.selection.assignment = assignment;
         dice.Expect({Rolled(2, 6, 2)});
         EXPECT_EQ(after(FaceCourtMartial), "Court-Martialled") << assignment;

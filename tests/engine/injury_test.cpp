@@ -114,23 +114,6 @@ TEST_F(Injuries, CoverGoesByTheRollAndTheTermsServed) {
     EXPECT_EQ(character().Characteristic[kInt], 7);
 }
 
-TEST_F(Injuries, CoverPaysAllOrThreeQuartersOrHalfOrNothing) {
-    const auto pay = [this](int percent) {
-        character().History.Clear();
-        session.career.medicalCover[2] = percent;
-        Offer("Soc currently 7 reduced by 3", 15000, true);
-        dice.Expect({Rolled(2, 6, 9)});
-        ReduceCharacteristic(session, kSoc, 3);
-        return History();
-    };
-    EXPECT_EQ(pay(100), Lines{"Soc 7 reduced by 3, service pays for full recovery"});
-    EXPECT_EQ(pay(75), (Lines{"Soc 7 reduced by 3, service pays for 75%", "Cr 3750 medical debt incurred"}));
-    EXPECT_EQ(pay(50), (Lines{"Soc 7 reduced by 3, service pays for 50%", "Cr 7500 medical debt incurred"}));
-    for (const int percent : {0, 60})
-        EXPECT_EQ(pay(percent), Lines{"Cr 15000 medical debt incurred"});
-    EXPECT_EQ(player.lastAsk.title, "") << "the program's own";
-}
-
 TEST_F(Injuries, WhatIsRefusedIsLostWithoutAFloor) {
     SetCharacteristic(kStr, 1);
     Offer("Str currently 1 reduced by 1", 5000, false);

@@ -48,45 +48,5 @@ TEST_F(LifeEvents, EachTotalBringsItsOwn) {
     EXPECT_EQ(Live(12), "t12|* More details later| 2222 222");
 }
 
-TEST_F(LifeEvents, BetrayalAddsAFoeAndTakesAnAllyBeforeAContact) {
-    EXPECT_EQ(Live(8, {Rolled(1, 2, 1)}), "t8|Enemy: Betrayed|Betrayed by Ally| 3212 222");
-    EXPECT_EQ(Live(8, {Rolled(1, 2, 2)}, 1, 0), "t8|Rival: Betrayed|Betrayed by Ally| 2300 222");
-    EXPECT_EQ(Live(8, {Rolled(1, 2, 2)}, 0, 1), "t8|Rival: Betrayed|Betrayed by Contact| 2300 222");
-    EXPECT_EQ(Live(8, {Rolled(1, 2, 1)}, 0, 0), "t8|Enemy: Betrayed| 3200 222");
-}
-
-TEST_F(LifeEvents, AnAccusationCostsABenefitRollOrMeansPrison) {
-    const std::string crime = "You commit or are the victim (or are accused) of a crime";
-    player.ExpectChoice("Accused of a Crime; Choose Option", "Lose 1 Benefit roll/Serve a term in Prison", 1);
-    EXPECT_EQ(Live(11), crime + "; lose 1 benefit roll| 2222 221");
-    Tick(Option::AutomaticGeneration);
-    player.ExpectTell(
-        "You have been imprisoned. Terms will be served until you make your parole roll or die of old age");
-    player.ExpectMuster(MusterButton::Done);
-    EXPECT_EQ(Live(11, {Drawn(2, 1), Rolled(1, 6, 3)}),
-              crime + " and are sent to prison|Imprisoned; parole threshold 7| 2222 220");
-}
-
-using Associates = test::World;
-
-TEST_F(Associates, EachIsCountedWrittenAndBoundedByItsRange) {
-    const auto expect = [this](auto add, Count CharacterNumbers::*count, const std::string& name) {
-        auto& numbers = character();
-        numbers.Clear();
-        add(session, "An old friend");
-        add(session, "An old friend");
-        EXPECT_EQ(numbers.*count, 2);
-        EXPECT_EQ(numbers.Enemies + numbers.Contacts + numbers.Rivals + numbers.Allies, 2) << "no other is counted";
-        numbers.*count = 32767;
-        EXPECT_THROW(add(session, "One too many"), RuleError);
-        EXPECT_EQ(numbers.*count, 32767);
-        EXPECT_EQ(History(), std::vector<std::string>(2, name + ": An old friend"));
-    };
-    expect(AddEnemy, &CharacterNumbers::Enemies, "Enemy");
-    expect(AddContact, &CharacterNumbers::Contacts, "Contact");
-    expect(AddRival, &CharacterNumbers::Rivals, "Rival");
-    expect(AddAlly, &CharacterNumbers::Allies, "Ally");
-}
-
 }  // namespace
 }  // namespace korvane

@@ -47,7 +47,8 @@ class Mustering : public test::World {
             player.ExpectChoice(title, options, pick);
         TakeBenefit(session, benefit);
         const auto owned = Joined(character().Benefits);
-        EXPECT_TRUE(owned.empty() || (owned == History().front() + ";" && owned == Joined(session.musterResults.benefits)));
+        EXPECT_TRUE(owned.empty() ||
+                    (owned == History().front() + ";" && owned == Joined(session.musterResults.benefits)));
         return (owned.empty() ? "" : "*") + Joined(character().History);
     }
 

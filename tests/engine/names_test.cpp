@@ -71,27 +71,5 @@ TEST_F(RolledNames, AreOfferedByTensUntilOneIsChosen) {
     EXPECT_EQ(RollName(session), "Ka");
 }
 
-TEST_F(RolledNames, WithoutSyllablesAreNone) {
-    player.ExpectTell("Names.dat is missing from the data folder, so there are no names to choose from");
-    EXPECT_EQ(RollName(session), std::nullopt);
-    EXPECT_EQ(RollNameOf(session), "");
-}
-
-TEST_F(RolledNames, OfTheShippedFileAreManyAndOfTwoWords) {
-    session.data = DataFolder(HeldPath(KORVANE_RULES), DataFolder::Reading::Once);
-    SeededDice seeded(1, 1);
-    session.seams.dice = &seeded;
-    constexpr std::size_t kMany = 10000;
-    for (const auto& table : session.data.NamesOfRaces()->tables) {
-        session.race.kind = table.name;
-        std::set<std::string> names;
-        for (std::size_t i = 0; i < 2 * kMany; ++i)
-            names.insert(RollNameOf(session));
-        EXPECT_GE(names.size(), kMany) << table.name;
-        for (const auto& name : names)
-            EXPECT_TRUE(name.size() > 4 && name.find(' ') != std::string::npos) << name;
-    }
-}
-
 }  // namespace
 }  // namespace korvane

@@ -211,7 +211,9 @@ TEST_F(Life, ACareerLocksTheControlsAndHandsOverWhoMusteredOut) {
         dice.Expect(test::HomeWorldRolls());
     };
     int handed = 0;
-    const auto hand_over = [&](LifeEnd end) { handed += end == LifeEnd::MusteredOut ? int{character().TermsTotal} : 0; };
+    const auto hand_over = [&](LifeEnd end) {
+        handed += end == LifeEnd::MusteredOut ? int{character().TermsTotal} : 0;
+    };
     Start(kShortLife).ExpectTable(1).ExpectEndOfTerm(End::MusterOut).ExpectMuster(MusterButton::Done);
     expect_new_character();
     RunCareer(session, hand_over);

@@ -48,23 +48,5 @@ TEST_F(Document, HoldsTheRecordInItsOrder) {
     EXPECT_NE(CharacterDocument(session).find(R"("medicalDebt":150000,)"), std::string::npos);
 }
 
-TEST_F(Document, TextCanBeRead) {
-    character().Cash = 12500;
-    character().Pension = 10000;
-    character().MedicalDebt = 5000;
-    Hold("Admin", 0);
-    Hold("Pilot (Spacecraft)", 2);
-    AddHistory(session, "-- Term 1 --");
-    auto text = CharacterText(session);
-    EXPECT_NE(text.find("Imperial Human, Army (Infantry), age 0, 0 terms\n"), std::string::npos) << text;
-    EXPECT_NE(text.find("Skills: Admin-0, Pilot (Spacecraft)-2\n"), std::string::npos) << text;
-    EXPECT_NE(text.find("Benefits: none\n"), std::string::npos) << text;
-    EXPECT_NE(text.find("Cash Cr12,500, pension Cr10,000 a year, medical debt Cr5,000\n"), std::string::npos) << text;
-    EXPECT_NE(text.find("History:\n  1. -- Term 1 --\n"), std::string::npos) << text;
-    Tick(Option::SortSkillsByValue);
-    text = CharacterText(session);
-    EXPECT_NE(text.find("Skills: Pilot (Spacecraft)-2, Admin-0\n"), std::string::npos) << text;
-}
-
 }  // namespace
 }  // namespace korvane

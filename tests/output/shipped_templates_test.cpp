@@ -28,31 +28,6 @@ std::set<std::string> TagsOf(std::string_view line) {
     return tags;
 }
 
-TEST(ShippedTemplates, HoldEachTagSomewhereAndNoneTwiceInALine) {
-    std::set<std::string> found;
-    const auto names = TemplateNames(kRules);
-    EXPECT_EQ(names, (Names{"template-plain.htm", "template-story.htm", "template.htm"}));
-    for (const auto& name : names)
-        for (const auto& line : ReadTemplate(kRules + name).lines) {
-            const auto tags = TagsOf(line);
-            EXPECT_LE(tags.size(), 1U) << name << ": " << line;
-            found.insert(tags.begin(), tags.end());
-        }
-    std::set<std::string> expected = {"|NAME|",     "|ASSIGNMENT|", "|RACE|",    "|HITS|",      "|SKILLS|",
-                                      "|BENEFITS|", "|AGE|",        "|RANK|",    "|NOTES|",     "|ALLIES|",
-                                      "|RIVALS|",   "|PORTRAIT|",   "|HISTORY|", "|CONTACTS|",  "|ENEMIES|",
-                                      "|DEBT|",     "|MONEY|",      "|PENSION|", "|HOMEWORLD|", "|TRAITS|"};
-    for (int i = 1; i <= 6; ++i)
-        for (const auto* const form : {"", "BON", "NAME", "BOXES"})
-            expected.insert(Concat("|STAT", i, form, "|"));
-    for (const auto& line : LoadMasterSkills(kRules))
-        if (auto tag = std::string(SplitFirst(line, "|").second); !tag.empty()) {
-            std::ranges::replace(tag, '*', '|');
-            expected.insert(tag);
-        }
-    EXPECT_EQ(found, expected);
-}
-
 TEST(ShippedTemplates, LeaveNoTagVisible) {
     Display display;
     for (std::uint64_t seed = 1; seed <= 10; ++seed) {

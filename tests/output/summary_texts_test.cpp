@@ -1,8 +1,8 @@
 // The summary's texts, and the modifiers that it recomputes.
 
-#include "character/summary.h"
-
 #include "output/summary_texts.h"
+
+#include "character/summary.h"
 #include "support/world.h"
 
 namespace korvane {
@@ -40,6 +40,25 @@ TEST_F(Summary, TextsShowCharacteristicsRankAgeAssociatesAndDebt) {
     };
     EXPECT_EQ(debt(0) + debt(-5000), "Medical Debt:Medical Debt:");
     EXPECT_EQ(debt(750) + debt(1234567), "Medical Debt: Cr750Medical Debt: Cr1,234,567");
+}
+
+TEST_F(Summary, DetailsTellWhatTheLabelsDoNot) {
+    character().Graduated = 2;
+    character().CareersServed.Add("Army");
+    character().CareersServed.Add("Scout");
+    character().ParoleThreshold = 6;
+    character().CommissionDM = kAutomaticSuccess;
+    character().AdvancementDM = -1;
+    character().Cash = 1500;
+    character().Pension = 10000;
+    character().Benefits.Add("Blade");
+    character().HomeWorld = {"p", "s", "a", "h", "n", "l", "t"};
+    EXPECT_EQ(DetailLines(character()),
+              (std::vector<std::string>{"Graduated with honours", "Careers: Army, Scout",
+                                        "In prison; parole threshold 6", "Next commission: succeeds",
+                                        "Next advancement: -1", "Cash: Cr1,500", "Pension: Cr10,000/year",
+                                        "Benefit: Blade", "Home world", "  Port: p", "  Size: s", "  Atmosphere: a",
+                                        "  Hydrographics: h", "  Population: n", "  Law level: l", "  Tech level: t"}));
 }
 
 }  // namespace

@@ -44,34 +44,6 @@ class CareerDialogs : public test::DialogStage {
     const Names careers = {"Army", "Broken", "Scout"};
 };
 
-TEST_F(CareerDialogs, TablesShowTheirColumnsAndWhatIsHeld) {
-    session.character.Skills.Take("Gun Combat", 2);
-    robot.Then("KVNTables", [](QWidget& dialog) {
-        EXPECT_EQ(dialog.windowTitle(), "Korvane on trial");
-        EXPECT_EQ(Child<QLabel>(dialog, "instruction").text(), "Select a skill from the above tables");
-        EXPECT_EQ(Child<CopyList>(dialog, "held").Lines(), QStringList{"Gun Combat-2"});
-        EXPECT_EQ(Captions(dialog),
-                  (QStringList{"Personal", "Service", "Advanced Edu 8+", "Officer", "R&&D Corps", ""}));
-        for (int i = 1; i <= 6; ++i) {
-            const auto& button = Child<QPushButton>(dialog, QString("table%1").arg(i));
-            EXPECT_TRUE(test::ShowsAll(button)) << i;
-            EXPECT_EQ(button.isEnabled(), i == 1 || i == 2 || i == 5) << i;
-            EXPECT_EQ(Child<CopyList>(dialog, QString("rows%1").arg(i)).isEnabled(), button.isEnabled());
-        }
-        EXPECT_EQ(Child<CopyList>(dialog, "rows5").Lines(),
-                  (QStringList{"Str +1", "Admin", "Art or Drive", "R&D", "", "Stealth"}));
-        EXPECT_EQ(Child<CopyList>(dialog, "rows4").count() + Child<CopyList>(dialog, "rows6").count(), 0);
-        for (const auto key : {Qt::Key_3, Qt::Key_4, Qt::Key_6, Qt::Key_7})
-            PressKey(dialog, key);
-        EXPECT_TRUE(dialog.isVisible()) << "those columns can't be picked";
-        Child<CopyList>(dialog, "rows2").setFocus();
-        PressKey(dialog, Qt::Key_5);
-    });
-    EXPECT_EQ(PickTable(), 5);
-    robot.Then("KVNTables", [](QWidget& dialog) { RealClick(dialog, "table2"); });
-    EXPECT_EQ(PickTable(), 2);
-}
-
 TEST_F(CareerDialogs, EndOfTermMirrorsEveryBoxAtOnce) {
     session.character.Skills.Take("Admin", 0);
     session.character.Skills.Take("Medic", 3);

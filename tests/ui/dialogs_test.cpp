@@ -56,21 +56,6 @@ TEST_F(Dialogs, ChoiceHasTheSizesItIsTold) {
     EXPECT_EQ(Choose("Select", {"Str", "Dex", "Endu"}), 3);
 }
 
-TEST_F(Dialogs, ChoiceShowsEveryCaptionWhole) {
-    const auto all_shown = [](QWidget& dialog) {
-        for (const auto* const button : dialog.findChildren<QPushButton*>())
-            EXPECT_TRUE(!button->isVisible() || test::ShowsAll(*button)) << button->text().toStdString();
-        const auto& title = Child<QLabel>(dialog, "title");
-        EXPECT_LE(title.sizeHint().width(), title.width()) << title.text().toStdString();
-        EXPECT_TRUE(dialog.screen()->availableGeometry().contains(dialog.geometry()));
-        PressKey(dialog, Qt::Key_1);
-    };
-    robot.Then("SPICKBOX", all_shown).Then("SPICKBOX", all_shown).Then("SPICKBOX", all_shown);
-    Choose("Select", {"WWWWWWWWWWWWWWWWWWWWWWWW", "MMMM", "@@@@@@@@"});
-    Choose("WWWWWW MMMMMM WWWWWW MMMMMM", {"WW", "&&"});
-    Choose("Select a Skill", std::vector<std::string_view>(24, "Electronics (Remote Ops)"));
-}
-
 TEST_F(Dialogs, ChoiceTakesKeysClicksAndTheFocus) {
     robot.Then("SPICKBOX", [](QWidget& dialog) { RealClick(dialog, "pick24"); });
     EXPECT_EQ(Choose("Many", std::vector<std::string_view>(24, "A")), 24);
@@ -173,68 +158,6 @@ TEST_F(Dialogs, ListFindsMarksAndClears) {
     robot.Then("SLIST1", [](QWidget& dialog) { RealClick(dialog, "selectAll"); });
     robot.ThenKey("SLIST1", Qt::Key_Escape);
     EXPECT_TRUE(Select(1, 9).empty());
-}
-
-TEST_F(Dialogs, ListKeepsWithinTheScreenAndFillsItsDialog) {
-    const auto screen = window.screen()->availableGeometry().size();
-    robot.Then("SLIST1", [](QWidget& dialog) {
-        dialog.resize(2000, 2000);
-        PressKey(dialog, Qt::Key_Escape);
-    });
-    Select(1, 1);
-    robot.Then("SLIST1", [screen](QWidget& dialog) {
-        // On a small screen the row of buttons needs more than its half.
-        EXPECT_LE(dialog.width(), std::max(screen.width() / 2, dialog.minimumSizeHint().width()));
-        EXPECT_LE(dialog.height(), screen.height() * 3 / 4);
-        const auto& list = Child<QListWidget>(dialog, "items");
-        const auto& ok = Child<QPushButton>(dialog, "ok");
-        for (const QSize size : {QSize(600, 300), QSize(700, 650)}) {
-            dialog.resize(size);
-            const int margin = list.x();
-            EXPECT_NEAR(list.width(), size.width() - 2 * margin, 1);
-            EXPECT_NEAR(ok.geometry().bottom(), size.height() - margin, 2);
-            EXPECT_LT(ok.y() - list.geometry().bottom(), 2 * margin);
-        }
-        PressKey(dialog, Qt::Key_Escape);
-    });
-    Select(1, 1);
-}
-
-TEST_F(Dialogs, AboutShowsItsNotices) {
-    ui::KVNAbout about("Korvane on trial", &window);
-    robot.Then("KVNAbout", [](QWidget& dialog) {
-        EXPECT_EQ(dialog.windowTitle(), "Korvane on trial");
-        EXPECT_FALSE(Child<QLabel>(dialog, "heading").text().isEmpty());
-        const auto notices = dialog.findChildren<QPlainTextEdit*>();
-        EXPECT_EQ(notices.size(), 4);
-        for (const auto* const notice : notices)
-            EXPECT_TRUE(notice->isReadOnly() && !notice->toPlainText().isEmpty());
-        EXPECT_EQ(Child<QPushButton>(dialog, "agree").text(), "I Agree");
-        PressKey(dialog, Qt::Key_Return);
-    });
-    EXPECT_EQ(guard.Run(about), QDialog::Accepted);
-}
-
-TEST_F(Dialogs, MessagesHaveTheirIconsAndDefaults) {
-    const auto shows = [this](const QString& title, QMessageBox::Icon icon, Qt::Key key) {
-        robot.Then("QMessageBox", [=](QWidget& dialog) {
-            const auto& box = dynamic_cast<QMessageBox&>(dialog);
-            EXPECT_EQ(box.windowTitle(), title);
-            EXPECT_EQ(box.icon(), icon);
-            EXPECT_EQ(box.textFormat(), Qt::PlainText);
-            PressKey(dialog, key);
-        });
-    };
-    shows("Korvane on trial", QMessageBox::NoIcon, Qt::Key_Return);
-    player.Tell({"Released <b>from</b> prison", Icon::None});
-    shows("Korvane on trial", QMessageBox::Warning, Qt::Key_Escape);
-    player.Tell({"Ejected", Icon::Exclamation});
-    shows("Korvane on trial", QMessageBox::Question, Qt::Key_Return);
-    EXPECT_TRUE(player.Ask({"Accept?"}));
-    shows("Korvane on trial", QMessageBox::Question, Qt::Key_Escape);
-    EXPECT_FALSE(player.Ask({"Accept?"}));
-    shows("Draft", QMessageBox::Warning, Qt::Key_Return);
-    EXPECT_FALSE(player.Ask({"Abandon?", "Draft", Icon::Warning, false}));
 }
 
 }  // namespace

@@ -1,8 +1,10 @@
 // The export dialog: a name, a template, a page on disk, and its PDF file.
 
 #include <QCheckBox>
+#include <QImage>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QProcess>
 #include <QPushButton>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -116,15 +118,6 @@ TEST_F(ExportTest, AFaultIsShownAndLosesNothing) {
     exporter.Show();
 }
 
-TEST_F(ExportTest, WithoutAProfileFolderNothingIsWritten) {
-    const test::Environment no_profile({});
-    ExportAs("Jo");
-    robot.ThenMessage("Your device needs a USERPROFILE env variable", QMessageBox::Ok);
-    Close();
-    exporter.Show();
-    EXPECT_FALSE(std::filesystem::exists(PathOf("Jo.htm")));
-}
-
 TEST_F(ExportTest, PdfKeepsLinesThatStandInNoRow) {
     const auto page = profile.Write("p.htm", "<p>x</p><table width=100% border=1>before<br></table>");
     const auto plain = profile.Write("q.htm", "<p>x</p><table width=100% border=1></table>");
@@ -138,6 +131,18 @@ TEST_F(ExportTest, PdfKeepsLinesThatStandInNoRow) {
     EXPECT_THROW(pdf::WritePdf(source, source + "/p.pdf"), IoError) << "the page is no folder";
     const auto picture = profile.Write("p.jpg", "bytes");
     EXPECT_THROW(pdf::WritePdf(QString::fromStdString(picture.string()), "p.pdf"), IoError) << "a picture is no page";
+}
+
+TEST_F(ExportTest, TheProgramForPdfFilesPrintsEveryPageWithItsPicture) {
+    const auto first = profile.Write("a.htm", "<p>a</p>");
+    const auto second = profile.Write("b.htm", "<p>b</p><img src=b.png>");
+    QImage picture(200, 200, QImage::Format_RGB32);
+    for (int i = 0; i < 40000; ++i)
+        picture.setPixel(i % 200, i / 200, static_cast<uint>(i * 7919));
+    picture.save(QString::fromStdString((profile.path() / "b.png").string()));
+    EXPECT_EQ(QProcess::execute(KORVANE_PDF, {QString::fromStdString(first), QString::fromStdString(second)}), 0);
+    EXPECT_LT(std::filesystem::file_size(profile.path() / "a.pdf") + 10000,
+              std::filesystem::file_size(profile.path() / "b.pdf"));
 }
 
 }  // namespace

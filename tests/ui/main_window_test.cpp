@@ -81,40 +81,6 @@ class MainWindow : public ::testing::Test {
     test::Robot robot;
 };
 
-template <typename Widget>
-QStringList Captions(const QWidget& window) {
-    QStringList captions;
-    for (const auto* const widget : window.findChildren<Widget*>())
-        if constexpr (std::is_same_v<Widget, QGroupBox>)
-            captions << widget->title();
-        else if (!widget->text().isEmpty())
-            captions << widget->text();
-    captions.sort();
-    return captions;
-}
-
-TEST_F(MainWindow, CaptionsAreThoseOfTheRules) {
-    EXPECT_EQ(KVNGen(session, desk.guard).windowTitle(), "Brisane Farwend Character Generation")
-        << "before it is loaded";
-    EXPECT_EQ(window.windowTitle(), "Korvane on trial");
-    EXPECT_EQ(Captions<QGroupBox>(window), (QStringList{"Details", "Options", "Select Career", "Statistics"}));
-    EXPECT_EQ(Captions<QPushButton>(window), (QStringList{"Roll", "Scrap and Restart", "Start Career"}));
-    EXPECT_EQ(Captions<QRadioButton>(window), (QStringList{"Roll 3 drop 1", "True 2D "}));
-    EXPECT_EQ(Captions<QCheckBox>(window),
-              (QStringList{"Add 2 skills for Connections", "Automatic Generation", "Cap Skills at 4",
-                           "Force Academic Success", "Force Promote", "Force no Ejection on Mishap", "Random Skills",
-                           "Select Skill Package", "Sort Skills by Value"}));
-    const auto rank = ui::ToQt(RankLabel(session.character, session.assignment));
-    EXPECT_EQ(Captions<QLabel>(window),
-              (QStringList{"Age: 18 0 terms total", "Allies: 0", "Assignment", "Career", "Contacts: 0", "Enemies: 0",
-                           "History", "Medical Debt:", "Race", rank, "Rivals: 0",
-                           test::Child<QLabel>(window, "status").text(), "Skills"}));
-    QStringList menu;
-    for (const auto* const action : window.menuBar()->actions())
-        menu << action->text();
-    EXPECT_EQ(menu, (QStringList{"&Exit", "&About"}));
-}
-
 TEST_F(MainWindow, CombosLoadWhatIsChosen) {
     const Lines before = desk.Shown("characteristics");
     test::ChooseInCombo(desk.Get<QComboBox>("career"), "Scout");
@@ -163,23 +129,6 @@ TEST_F(MainWindow, ControlsAreLockedWhileACareerRuns) {
     desk.Click("startCareer");
     EXPECT_TRUE(SetUpEnabled());
     EXPECT_TRUE(IsBlank()) << "the next character";
-}
-
-TEST_F(MainWindow, OptionsActAtOnceHereAndAtTheEndOfATerm) {
-    for (std::size_t i = 0; i < kOptionCaptions.size(); ++i) {
-        const auto option = static_cast<Option>(i);
-        Tick(option);
-        EXPECT_TRUE(session.options[option]) << i;
-        Tick(option);
-        EXPECT_FALSE(session.options[option]) << i;
-    }
-    robot.Then("KVNEndTerm", [this](QWidget& dialog) {
-        test::RealClick(dialog, "Cap Skills at 4");
-        EXPECT_TRUE(desk.Get<QCheckBox>("Cap Skills at 4").isChecked());
-        EXPECT_TRUE(session.options[Option::CapSkillsAt4]);
-        PressKey(dialog, Qt::Key_1);
-    });
-    session.seams.player->EndOfTerm({2, session.options});
 }
 
 TEST_F(MainWindow, FinishedCharacterStaysInViewAndCanBeSorted) {
@@ -235,15 +184,6 @@ TEST_F(MainWindow, CopyTakesTheMarkedLinesOrAll) {
     test::RealClick(*history.viewport(), history.visualItemRect(history.item(1)).center());
     PressKey(window, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), "Enlist Scout Courier");
-}
-
-TEST_F(MainWindow, FitsASmallScreen) {
-    const QSize screen(1024, 700);
-    EXPECT_EQ(window.minimumSizeHint().boundedTo(screen), window.minimumSizeHint());
-    window.resize(screen);
-    EXPECT_EQ(window.size(), screen);
-    for (const auto* const name : {"scrapAndRestart", "Force Academic Success", "details", "history"})
-        EXPECT_FALSE(desk.Get<QWidget>(name).visibleRegion().isEmpty()) << name;
 }
 
 TEST_F(MainWindow, RuleErrorStopsTheGenerationAlone) {

@@ -50,13 +50,6 @@ class StartUpWindowsTest : public ::testing::Test {
     test::Robot robot;
 };
 
-TEST_F(StartUpWindowsTest, RaceFileIsChosenOrNot) {
-    Choose(raceFile);
-    EXPECT_EQ(windows.ChooseRaceFile("Imperial Human.eri"), HeldPath(raceFile));
-    Choose(std::nullopt);
-    EXPECT_EQ(windows.ChooseRaceFile("Imperial Human.eri"), std::nullopt);
-}
-
 TEST_F(StartUpWindowsTest, FirstRunEndsInTheMainWindow) {
     robot.Then("QMessageBox", [this](QWidget& dialog) {
         const auto& box = dynamic_cast<QMessageBox&>(dialog);
@@ -73,16 +66,6 @@ TEST_F(StartUpWindowsTest, FirstRunEndsInTheMainWindow) {
     EXPECT_EQ(Child<QComboBox>(window, "race").currentText(), "Imperial Human");
     EXPECT_TRUE(Child<QWidget>(window, "startCareer").isEnabled());
     EXPECT_GT(session.character.CharacteristicCount, 0);
-}
-
-TEST_F(StartUpWindowsTest, NoticeComesBeforeTheMainWindow) {
-    folder.Write("Korvane.ini", "dataloc=" + rules.held().text() + "\r\nLastMonth=10\r\n");
-    robot.Then("KVNAbout", [this](QWidget& dialog) {
-        EXPECT_FALSE(window.isVisible());
-        PressKey(dialog, Qt::Key_Return);
-    });
-    EXPECT_TRUE(StartUp(session, windows, "", 11));
-    EXPECT_TRUE(window.isVisible());
 }
 
 }  // namespace
