@@ -23,7 +23,7 @@ from pathlib import Path
 
 KEYS = (
     ["Return"] * 16 + ["space"] * 6 + ["Down"] * 6 + ["Tab"] * 4 + ["Escape"] * 2 + list("12345") * 8 + ["ctrl+Return"] * 12
-    + ["Up", "shift+Tab", "ctrl+r", "alt+a", "alt+r", "alt+c", "alt+y", "alt+n", "alt+f", "alt+F4", "y", "n"]
+    + ["Up", "shift+Tab", "ctrl+r", "alt+a", "alt+r", "alt+c", "alt+y", "alt+n", "alt+f", "alt+F4", "alt+Tab", "alt+Tab", "y", "n"]
 )
 
 

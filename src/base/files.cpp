@@ -233,7 +233,7 @@ void SyncFolder(const fs::path& folder) {
         syncfs(directory.number());
 }
 
-LineFile::LineFile(fs::path path, Sync sync) : path_(std::move(path)), sync_(sync), descriptor_(-1) {
+LineFile::LineFile(fs::path path, Sync sync) : path_(std::move(path)), sync_(sync) {
     std::error_code error;
     fs::create_directories(FolderOf(path_), error);
     if (const auto kind = fs::status(path_, error).type(); kind == fs::file_type::fifo || kind == fs::file_type::socket)

@@ -59,7 +59,7 @@ class LineFile {
   private:
     std::filesystem::path path_;
     Sync sync_;
-    int descriptor_;
+    int descriptor_ = -1;
 };
 
 }  // namespace korvane

@@ -56,7 +56,7 @@ std::vector<std::string_view> SplitAll(std::string_view text, char mark);
 
 // The amount rounded to a whole number, in groups of three digits joined by ","; zero has no digits at all.
 std::string FormatThousands(double amount);
-std::string FormatWhole(std::int64_t amount);
+std::string FormatWhole(std::int64_t whole);
 template <std::integral Whole>
 std::string FormatThousands(Whole amount) {
     return FormatWhole(amount);

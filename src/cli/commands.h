@@ -56,8 +56,8 @@ struct ReplayCommand {
 };
 int Replay(const ReplayCommand& command, Streams& streams);
 
-// Lists the codes that rule data may carry, in their order; with a count, how often lives carried each out; or describes
-// them, as docs/codes.md does.
+// Lists the codes that rule data may carry, in their order; with a count, how often lives carried each out; or
+// describes them, as docs/codes.md does.
 struct CodesCommand {
     std::string data;
     std::uint64_t count = 0;

@@ -21,7 +21,7 @@ constexpr std::string_view kDefaultTemplate = "template.htm";
 
 // A template: a bare name is one of the data folder, else of the working folder.
 HeldPath TemplatePath(const HeldPath& location, const std::string& wanted) {
-    const HeldPath path(wanted);
+    HeldPath path(wanted);
     if (path.text().find('\\') != std::string::npos)
         return path;
     if (FileExists(location + wanted))

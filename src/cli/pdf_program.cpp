@@ -42,9 +42,11 @@ namespace {
 
 void RunOn(const std::string& program, std::span<const fs::path> pages) {
     std::vector<std::string> words = {program};
+    words.reserve(pages.size() + 1);
     for (const auto& page : pages)
         words.push_back(fs::absolute(page).string());
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (auto& word : words)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);

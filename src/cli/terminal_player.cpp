@@ -155,6 +155,7 @@ EndOfTermAnswer TerminalPlayer::EndOfTerm(const EndOfTermQuestion& question) {
     auto options = question.options;
     while (true) {
         std::vector<Line> lines;
+        lines.reserve(kEndOfTermCaptions.size() + 1);
         for (const auto caption : kEndOfTermCaptions)
             lines.push_back({std::string(caption)});
         lines.push_back({"Change options"});

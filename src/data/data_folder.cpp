@@ -21,8 +21,8 @@ const Value& DataFolder::Cached(Cache<Value>& cache, std::string_view key, const
 }
 
 template <typename Record, typename Parse>
-const std::optional<Record>& DataFolder::ReadIfThere(Optional<Record>& extra, std::string_view name, std::string_view role,
-                                                 const Parse& parse) {
+const std::optional<Record>& DataFolder::ReadIfThere(Optional<Record>& extra, std::string_view name,
+                                                     std::string_view role, const Parse& parse) {
     if (extra.read && reading_ == Reading::Once)
         return extra.record;
     extra.record.reset();

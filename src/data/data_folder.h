@@ -64,7 +64,7 @@ class DataFolder {
     const Value& Cached(Cache<Value>& cache, std::string_view key, const Make& make);
     template <typename Record, typename Parse>
     const std::optional<Record>& ReadIfThere(Optional<Record>& extra, std::string_view name, std::string_view role,
-                                         const Parse& parse);
+                                             const Parse& parse);
     std::shared_ptr<const TextFile> Read(std::string_view name, std::string_view role) const;
     // The middles of the file names that begin with `prefix` and end with `ending`, in any case.
     Names Listed(std::string_view prefix, std::string_view ending) const;

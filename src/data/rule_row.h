@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include "base/error.h"
 #include "base/text_file.h"
@@ -12,8 +13,8 @@ namespace korvane {
 // Runs `rule`, which carries out a row, a text of `file`: an error of the rules that comes of it names the row's place,
 // where none inside it did already. The file stays, as a rule may load another in its place.
 template <typename Rule>
-decltype(auto) CarryOutRow(const std::shared_ptr<const TextFile>& file, std::string_view row, const Rule& rule) {
-    const auto source = file;
+decltype(auto) CarryOutRow(std::shared_ptr<const TextFile> file, std::string_view row, const Rule& rule) {
+    const auto source = std::move(file);
     try {
         return rule();
     } catch (RuleError& error) {

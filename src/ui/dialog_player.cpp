@@ -68,8 +68,15 @@ void DialogPlayer::RunNeeded(NeededDialog& dialog) {
     dialog.mayScrap = [this, &dialog] {
         return AskYesNo(guard_, &dialog, Title(), {kScrapQuestion, {}, Icon::Question, false});
     };
-    if (guard_.Run(dialog) != QDialog::Accepted)
-        throw CharacterScrapped();
+    for (;;) {
+        const int result = guard_.Run(dialog);
+        if (result == QDialog::Accepted)
+            return;
+        // What else hides a dialog, a window manager that kills it say, is no answer. One that is still there was left
+        // because the program ends.
+        if (result == NeededDialog::kScrapped || dialog.isVisible())
+            throw CharacterScrapped();
+    }
 }
 
 QString DialogPlayer::Title() const {
@@ -151,7 +158,7 @@ std::optional<TransferAnswer> DialogPlayer::Transfer(const TransferQuestion& que
             dialog.SetAssignments(ToList(*question.assignmentsOf(career.toStdString())));
         } catch (...) {
             fault = std::current_exception();
-            dialog.done(QDialog::Rejected);
+            dialog.done(NeededDialog::kScrapped);
         }
     };
     try {

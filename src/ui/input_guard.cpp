@@ -133,7 +133,8 @@ bool InputGuard::MayAct(const QWidget& widget) const {
     // A list or menu that hangs from a control is there only because that was allowed.
     if (widget.window()->windowType() == Qt::Popup)
         return true;
-    return !asking_.empty() && asking_.back() && asking_.back()->isVisible() && BelongsTo(&widget, *asking_.back());
+    return !asking_.empty() && asking_.back() != nullptr && asking_.back()->isVisible() &&
+           BelongsTo(&widget, *asking_.back());
 }
 
 bool InputGuard::IsEarly(const QEvent& event) const {

@@ -48,7 +48,8 @@ class InputGuard : public QObject {
     };
     // Whether rules run, or the program is about to end: nothing may begin.
     bool working() const { return working_ > 0 || ended_; }
-    // Ends the program, with its exit status; from now on no input acts, as what was pressed at once with the last would.
+    // Ends the program, with its exit status; from now on no input acts, as what was pressed at once with the last
+    // would.
     void EndProgram(int status);
 
   protected:

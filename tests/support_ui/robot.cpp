@@ -13,6 +13,8 @@
 #include <gtest/gtest.h>
 #include <utility>
 
+#include "ui/dialog.h"
+
 namespace korvane::test {
 
 namespace {
@@ -135,7 +137,7 @@ void Robot::GiveUp(QWidget& dialog, const std::string& why) {
     else if (NameOf(dialog) == "KVNMuster")
         dynamic_cast<QDialog&>(dialog).reject();
     else
-        dynamic_cast<QDialog&>(dialog).done(QDialog::Rejected);
+        dynamic_cast<QDialog&>(dialog).done(ui::NeededDialog::kScrapped);
 }
 
 void Robot::Poll() {

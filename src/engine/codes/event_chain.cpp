@@ -51,7 +51,7 @@ std::vector<Row> ArmyEvents() {
 
 std::vector<Row> CitizenEvents() {
     return {
-        {"LAWREV",     {Call{TakeSidesInUpheaval, "choose Advocate=1, Persuade=1, Explosives=1 or Streetwise=1 (\"Political Upheaval\"), then 2D6: at most 8 (\"On the winning side\" is written; next advancement +2), else (\"On the losing side\" is written; next survival -2)"}}},
+        {"LAWREV",     {Call{TakeSidesInUpheaval, R"(choose Advocate=1, Persuade=1, Explosives=1 or Streetwise=1 ("Political Upheaval"), then 2D6: at most 8 ("On the winning side" is written; next advancement +2), else ("On the losing side" is written; next survival -2))"}}},
         {"CITVEHICLE", {Choose{"Spend Time Working with Vehicles", {"Mechanic", "Drive", "Electronics", "Flyer", "Engineer"}}}},
         {"CITEXPAND",  {Add{kMusterBonus, 1}, AnySkillAsked{}}},
         {"LAWLEARN",   {Either{"You Learn Something You Shouldn't",

@@ -99,8 +99,8 @@ std::vector<Row> MerchantMishaps() {
 
 std::vector<Row> NavyMishaps() {
     return {
-        {"NAVFROZ",    {Call{ReviveFrozen, "choose Str, Dex or End (\"Frozen Watch revive problem. Choose a stat to reduce by 1\"): -1 or care as a debt"}, Set{kLeave, 0}}},
-        {"NAVBATTLE",  {Call{FaceCourtMartial, "for the assignments Crew, Engineer Gunner and Flight 2D6 and the best of their skills: below 0 (\"Court-Martialled\" is written), else (\"Honourable discharge\" is written; benefit rolls +1)"}}},
+        {"NAVFROZ",    {Call{ReviveFrozen, R"(choose Str, Dex or End ("Frozen Watch revive problem. Choose a stat to reduce by 1"): -1 or care as a debt)"}, Set{kLeave, 0}}},
+        {"NAVBATTLE",  {Call{FaceCourtMartial, R"(for the assignments Crew, Engineer Gunner and Flight 2D6 and the best of their skills: below 0 ("Court-Martialled" is written), else ("Honourable discharge" is written; benefit rolls +1))"}}},
         {"NAVBLAMED",  {Either{"Blamed for accident that caused deaths", {{"Responsible",    {Call{GrantServiceRow, "a row of the career's service table, by a die"}}},
                                                                           {"Not your fault", {Enemy{"Officer who blamed you for accident"}, Add{kBenefitRolls, 1}}}}}}},
         {"NAVQUARREL", {Rival{"Quarreled-with Officer or Fellow Crewman"}}},

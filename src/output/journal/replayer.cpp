@@ -117,8 +117,8 @@ void Replayer::ExpectErrorEnd(std::string_view kind) {
 
 void Replayer::Diverge(std::string_view asked) const {
     constexpr std::size_t kMostAsked = 300;
-    throw Divergence(Concat(Printable(name_, 300), ":", read_, ": the journal holds ", Shown(line_), ", the engine asked ",
-                            Printable(asked, kMostAsked)));
+    throw Divergence(Concat(Printable(name_, 300), ":", read_, ": the journal holds ", Shown(line_),
+                            ", the engine asked ", Printable(asked, kMostAsked)));
 }
 
 void Replayer::Reject(std::string_view expected, std::string_view found) const {
