@@ -1,5 +1,6 @@
 // The page: every tag's value, the rule of replacing, and the file that is written.
 
+#include "base/files.h"
 #include "output/page_export.h"
 
 #include <filesystem>

@@ -8,6 +8,7 @@
 
 #include "desktop/exporter.h"
 #include "support_ui/desk.h"
+#include "ui/kvn_about.h"
 
 namespace korvane {
 namespace {
