@@ -11,6 +11,7 @@
 #include "engine/term_loop.h"
 #include "output/journal/recorder.h"
 #include "output/journal/replayer.h"
+#include "play/life.h"
 #include "play/players.h"
 
 namespace korvane {
@@ -48,7 +49,8 @@ struct Lives {
     void Select() {
         const auto& careers = *session.data.CareerNames("Imperial Human");
         const auto& career = careers[static_cast<std::size_t>(number++) % careers.size()];
-        SelectStart(session, "Imperial Human", career, session.data.AssignmentNames("Imperial Human", career)->front());
+        play::Select(session, "Imperial Human", career,
+                     session.data.AssignmentNames("Imperial Human", career)->front());
     }
     // From the new character's dice to the end of the last career.
     void Live() {
@@ -149,14 +151,14 @@ void ReplayJournal(benchmark::State& state) {
     };
     journal::Recorder recorder(write, lives.dice, lives.player);
     lives.session.seams = {&recorder, &recorder, &lives.display};
-    SelectStart(lives.session, "Imperial Human", "Army", "Infantry");
+    play::Select(lives.session, "Imperial Human", "Army", "Infantry");
     recorder.Begin(lives.session);
     StartNewCharacter(lives.session);
     recorder.End(RunLife(lives.session));
     for (auto _ : state) {
         journal::Replayer replayer("journal", text);
         lives.session.seams = {&replayer, &replayer, &lives.display};
-        SelectStart(lives.session, "Imperial Human", "Army", "Infantry");
+        play::Select(lives.session, "Imperial Human", "Army", "Infantry");
         StartNewCharacter(lives.session);
         replayer.ExpectEnd(RunLife(lives.session));
     }

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Runs clang-tidy over the program's sources, bench/ and tools/ (not the tests): one file a floor, as headers cost most.
+# Has clang-tidy read the sources and the tools, a floor at a time.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 

@@ -29,7 +29,8 @@ struct Selection {
 // What the choice service keeps between its calls.
 struct ChoiceState {
     bool automaticOnce = false;  // the next question alone is answered at random
-    int focusPreset = 0;         // above 0: the alternative, from 0, that has the focus in the next question
+    int focusPreset = 0;         // above 0: the alternative, from 0, that has the focus in the next question; no rule
+                                 // asks for one, dialogs and their tests do
     Count PickIndex;             // the number of the last choice, as ChooseOption gave it
     std::string PickText;        // the text of the last choice
     std::string LastSkillGranted;

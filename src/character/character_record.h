@@ -11,6 +11,7 @@
 #include "base/text.h"
 #include "character/skill_list.h"
 #include "data/records.h"
+#include "data/world_tables.h"
 
 namespace korvane {
 
@@ -109,7 +110,7 @@ struct CharacterNumbers {
 };
 
 // What is known of a home world, in the order of the tables; all empty where there are none.
-using HomeWorldFacts = std::array<std::string, 7>;
+using HomeWorldFacts = std::array<std::string, kWorldTableNames.size()>;
 
 struct CharacterRecord : CharacterNumbers {
     PerCharacteristic<std::string> CharacteristicName;

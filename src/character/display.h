@@ -2,6 +2,9 @@
 // rest.
 #pragma once
 
+#include <cstddef>
+#include <string_view>
+
 namespace korvane {
 
 class Display {
@@ -18,16 +21,12 @@ class Display {
     virtual void ControlsLocked(bool /*locked*/) noexcept {}
 };
 
-namespace codes {
-struct Row;
-}
-
 // For those who count what the rules do.
 class Observer {
   public:
     virtual ~Observer() = default;
-    // The row of a code was carried out.
-    virtual void CarriedOut(const codes::Row& row) = 0;
+    // The row of a code was carried out; `row` is its place in the chain of that name, from 0.
+    virtual void CarriedOut(std::string_view chain, std::size_t row) = 0;
 };
 
 }  // namespace korvane

@@ -22,14 +22,19 @@ const Skill* SkillList::Find(std::string_view name) const {
     return name.empty() && used_ < slots_.size() ? &slots_[used_] : nullptr;
 }
 
-Skill* SkillList::Find(std::string_view name) {
-    const auto* const found = std::as_const(*this).Find(name);
-    return found == nullptr ? nullptr : &slots_[static_cast<std::size_t>(found - slots_.data())];
+Count* SkillList::LevelOf(std::string_view name) {
+    const auto* const found = Find(name);
+    return found == nullptr ? nullptr : &slots_[static_cast<std::size_t>(found - slots_.data())].Level;
+}
+
+void SkillList::Free(std::string_view name) {
+    if (const auto* const found = Find(name))
+        slots_[static_cast<std::size_t>(found - slots_.data())].Name.clear();
 }
 
 bool SkillList::Take(std::string_view name, Count level) {
-    auto used = all();
-    auto slot = std::ranges::find_if(used, [](const Skill& skill) { return IsBlank(skill.Name); });
+    const auto used = std::span(slots_).first(used_);
+    const auto slot = std::ranges::find_if(used, [](const Skill& skill) { return IsBlank(skill.Name); });
     if (slot == used.end() && used_ == slots_.size())
         return false;
     auto& taken = slot != used.end() ? *slot : slots_[used_++];

@@ -24,12 +24,14 @@ class SkillList {
   public:
     // The slots that have ever been taken, from the first: free ones among them have blank names.
     std::span<const Skill> all() const { return {slots_.data(), used_}; }
-    std::span<Skill> all() { return {slots_.data(), used_}; }
     // The skills that are held, in slot order.
     std::vector<const Skill*> Held() const;
     // The first slot of exactly that name; nothing when there is none. The empty name finds the first free slot.
     const Skill* Find(std::string_view name) const;
-    Skill* Find(std::string_view name);
+    // The level of that skill, to be changed; nothing when there is none.
+    Count* LevelOf(std::string_view name);
+    // Makes the first slot of that name free.
+    void Free(std::string_view name);
     // Puts a skill into the first free slot. Returns whether there was one.
     bool Take(std::string_view name, Count level);
     // Makes all slots free and forgets their levels.

@@ -4,11 +4,14 @@
 #include <string>
 #include <unordered_map>
 
+#include "base/text.h"
 #include "cli/commands.h"
 #include "cli/data_choice.h"
 #include "engine/codes/chains.h"
 #include "engine/codes/describe.h"
+#include "exception"
 #include "play/life_plan.h"
+#include "utility"
 
 namespace korvane::cli {
 
@@ -17,15 +20,15 @@ namespace {
 // How often each row was carried out.
 class Counter : public Observer {
   public:
-    void CarriedOut(const codes::Row& row) override { ++rows_[&row]; }
+    void CarriedOut(std::string_view chain, std::size_t row) override { ++rows_[{std::string(chain), row}]; }
 
-    std::uint64_t Of(const codes::Row& row) const {
-        const auto place = rows_.find(&row);
+    std::uint64_t Of(std::string_view chain, std::size_t row) const {
+        const auto place = rows_.find({std::string(chain), row});
         return place == rows_.end() ? 0 : place->second;
     }
 
   private:
-    std::unordered_map<const codes::Row*, std::uint64_t> rows_;
+    std::map<std::pair<std::string, std::size_t>, std::uint64_t> rows_;
 };
 
 // Lives the lives, by turns of both players, and counts the errors that ended one, by their texts.
@@ -38,8 +41,10 @@ void LiveAll(const CodesCommand& command, Counter& counter, std::map<std::string
         plan.seed = command.seed;
         plan.player = number % 2 == 0 ? play::PlayerKind::Automatic : play::PlayerKind::Random;
         const auto outcome = play::Live(session, plan, number, {});
+        if (outcome.endedInFileError())
+            std::rethrow_exception(outcome.cause);
         if (!outcome.end)
-            ++errors[outcome.error];
+            ++errors[Concat(outcome.kind, " error: ", outcome.error)];
     }
 }
 
@@ -47,7 +52,7 @@ void ListCodes(const codes::Chain& chain, const Counter& counter, bool counted, 
     for (std::size_t row = 0; row < chain.rows().size(); ++row) {
         out << std::left << std::setw(7) << chain.name() << std::setw(counted ? 16 : 0) << chain.rows()[row].code;
         if (counted)
-            out << std::right << std::setw(10) << counter.Of(chain.rows()[row]);
+            out << std::right << std::setw(10) << counter.Of(chain.name(), row);
         out << '\n';
     }
 }
@@ -83,7 +88,7 @@ int Codes(const CodesCommand& command, Streams& streams) {
     for (const auto* const chain : chains)
         ListCodes(*chain, counter, command.count > 0, streams.out);
     for (const auto& [text, count] : errors)
-        streams.out << count << " lives ended in an error: " << text << '\n';
+        streams.out << count << " lives ended in a " << text << '\n';
     return kSuccess;
 }
 

@@ -265,7 +265,7 @@ int RunCommandLine(const std::vector<std::string>& arguments, Streams& streams) 
             return status;
         streams.err << "korvane-cli: the output can't be written\n";
     } catch (const play::MissingSelection& selection) {
-        streams.err << "korvane-cli: " << Bounded(Told(selection.missing)) << '\n';
+        streams.err << "korvane-cli: " << Bounded(Told(selection.missing())) << '\n';
     } catch (const RuleError& error) {
         streams.err << "korvane-cli: " << NameOf(error.kind()) << " error: " << Bounded(error.what()) << '\n';
     } catch (const FileError& error) {

@@ -36,7 +36,7 @@ struct RaceRecord {
     std::string_view name;
     std::string_view kind;
     Count characteristicCount;
-    Count characteristicCountCopy;
+    Count characteristicCountCopy;  // the summary's own, as race files have always been read
     std::array<std::string_view, kMostCharacteristics + 1> characteristicName;  // three characters each
     std::array<Count, kMostCharacteristics + 1> characteristicDice;
     std::array<std::string_view, kMostCharacteristics + 1> characteristicModifier;  // as "+2"; empty for none

@@ -34,8 +34,8 @@ void GenerationController::Load() {
 
 void GenerationController::SelectRace(const std::string& race) {
     LoadRace(session_, race);
-    if (state_ == State::Failed)
-        Enter(State::Idle);
+    if (!session_.selection.careers->empty())
+        LeaveFailure();
 }
 
 void GenerationController::SelectCareer(const std::string& career) {
@@ -49,8 +49,14 @@ void GenerationController::SelectAssignment(const std::string& assignment) {
 void GenerationController::Roll(RollingMethod method) {
     session_.method = method;
     StartNewCharacter(session_);
-    if (state_ == State::Failed)
-        Enter(State::Idle);
+    LeaveFailure();
+}
+
+void GenerationController::LeaveFailure() {
+    if (state_ != State::Failed)
+        return;
+    Enter(State::Idle);
+    changes_.history = changes_.skills = true;  // those of the life that failed are gone
 }
 
 void GenerationController::ScrapAndRestart() {

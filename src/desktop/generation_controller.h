@@ -38,7 +38,6 @@ class GenerationController : public Display {
 
     explicit GenerationController(Session& session) : session_(session) {}
 
-    const Session& session() const { return session_; }
     State state() const { return state_; }
     // The last life, from its end to the next start.
     const std::optional<EndedLife>& ended() const { return ended_; }
@@ -72,6 +71,8 @@ class GenerationController : public Display {
 
   private:
     void Enter(State state);
+    // A new character has been started: what an error left is in the session no more.
+    void LeaveFailure();
 
     Session& session_;
     State state_ = State::Idle;

@@ -34,6 +34,11 @@ bool LoadRaceRecords(Session& session, std::string_view race) {
     return true;
 }
 
+// The files that would give a name; of any name where none is asked for.
+std::string PathOf(const Session& session, std::string_view before, std::string_view name, std::string_view ending) {
+    return (NativePath(session.data.location()) / Concat(before, name.empty() ? "*" : name, ending)).string();
+}
+
 }  // namespace
 
 void ListRaces(Session& session) {
@@ -85,29 +90,21 @@ bool SelectAssignment(Session& session, std::string_view assignment) {
     return true;
 }
 
-namespace {
-
-std::string PathOf(const Session& session, const std::string& file) {
-    return (NativePath(session.data.location()) / file).string();
-}
-
-}  // namespace
-
 std::optional<Missing> SelectStart(Session& session, std::string_view race, std::string_view career,
                                    std::string_view assignment) {
     const auto& selection = session.selection;
     session.selection.races = session.data.RaceNames();
     if (!Holds(*selection.races, race))
-        return Missing{"race", std::string(race), *selection.races, PathOf(session, Concat(race, ".eri"))};
+        return Missing{"race", std::string(race), *selection.races, PathOf(session, "", race, ".eri")};
     for (auto& title : session.career.skillTableTitle)
         title.clear();
     LoadRaceRecords(session, race);
     if (!SelectCareer(session, career))
         return Missing{"career", std::string(career), *selection.careers,
-                       PathOf(session, Concat(race, "-", career, ".ecf"))};
+                       PathOf(session, Concat(race, "-"), career, ".ecf")};
     if (!SelectAssignment(session, assignment))
         return Missing{"assignment", std::string(assignment), *selection.assignments,
-                       PathOf(session, Concat(race, "-", career, "-", assignment, ".eas"))};
+                       PathOf(session, Concat(race, "-", career, "-"), assignment, ".eas")};
     return std::nullopt;
 }
 

@@ -37,7 +37,7 @@ struct Missing {
 
 // Makes the selection from which a character of `race` starts, as if the race had just been loaded in a new program.
 // Rolls nothing. Gives what is missing, if anything is; throws FileError for a malformed file.
-std::optional<Missing> SelectStart(Session& session, std::string_view race, std::string_view career,
-                                   std::string_view assignment);
+[[nodiscard]] std::optional<Missing> SelectStart(Session& session, std::string_view race, std::string_view career,
+                                                 std::string_view assignment);
 
 }  // namespace korvane

@@ -1,7 +1,10 @@
 #include "play/life.h"
 
+#include "base/encoding.h"
+#include "base/text.h"
 #include "character/seams_guard.h"
 #include "play/players.h"
+#include "utility"
 
 namespace korvane::play {
 
@@ -54,9 +57,12 @@ LifeOutcome LiveAgain(Session& session, journal::Replayer& replayer) {
     return outcome;
 }
 
+MissingSelection::MissingSelection(Missing missing)
+    : std::runtime_error(Concat("unknown ", missing.kind, " ", Quoted(missing.name))), missing_(std::move(missing)) {}
+
 void Select(Session& session, std::string_view race, std::string_view career, std::string_view assignment) {
     if (auto missing = SelectStart(session, race, career, assignment))
-        throw MissingSelection{std::move(*missing)};
+        throw MissingSelection(std::move(*missing));
 }
 
 }  // namespace korvane::play

@@ -11,6 +11,7 @@
 #include "engine/term_loop.h"
 #include "output/journal/recorder.h"
 #include "output/journal/replayer.h"
+#include "stdexcept"
 
 namespace korvane::play {
 
@@ -42,8 +43,13 @@ LifeOutcome LiveRecorded(Session& session, journal::Recorder& recorder, const Be
 LifeOutcome LiveAgain(Session& session, journal::Replayer& replayer);
 
 // A selection that the data doesn't have.
-struct MissingSelection {
-    Missing missing;
+class MissingSelection : public std::runtime_error {
+  public:
+    explicit MissingSelection(Missing missing);
+    const Missing& missing() const { return missing_; }
+
+  private:
+    Missing missing_;
 };
 // Selects what a life starts from. Throws MissingSelection, and FileError for a malformed file.
 void Select(Session& session, std::string_view race, std::string_view career, std::string_view assignment);

@@ -6,12 +6,6 @@
 
 namespace korvane {
 
-namespace {
-
-constexpr std::string_view kFileName = "Korvane.ini";
-
-}  // namespace
-
 HeldPath ConfigurationFolder() {
     namespace fs = std::filesystem;
     const auto windows = GetEnvironmentValue("WINDIR");
@@ -24,7 +18,7 @@ HeldPath ConfigurationFolder() {
 }
 
 HeldPath ConfigurationPath() {
-    return ConfigurationFolder() + kFileName;
+    return ConfigurationFolder() + kConfigurationName;
 }
 
 std::string GetIniValue(const HeldPath& file, std::string_view key) {
@@ -49,7 +43,7 @@ std::string TwoDigits(int month) {
 }
 
 HeldPath ConfiguredDataLocation() {
-    return EnsureTrailingBackslash(HeldPath(GetIniValue(HeldPath(kFileName), "dataloc")));
+    return EnsureTrailingBackslash(HeldPath(GetIniValue(HeldPath(kConfigurationName), "dataloc")));
 }
 
 }  // namespace korvane

@@ -8,6 +8,8 @@
 
 namespace korvane {
 
+inline constexpr std::string_view kConfigurationName = "Korvane.ini";
+
 // The folder of the configuration file, ending in "\": the Windows folder where there is one, else the program's folder
 // in the user's configuration folder.
 HeldPath ConfigurationFolder();

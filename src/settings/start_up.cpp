@@ -5,17 +5,22 @@
 
 #include "base/files.h"
 #include "base/text.h"
+#include "data/known_names.h"
 #include "settings/configuration.h"
 
 namespace korvane {
 
 namespace {
 
-constexpr std::string_view kDefaultRaceFile = "Imperial Human.eri";  // of kImperialHuman
+// The race whose file tells a folder of rule data.
+const std::string& DefaultRaceFile() {
+    static const auto name = Concat(kImperialHuman, ".eri");
+    return name;
+}
 
 // Each call says whether the folder, ending in "\", holds rule data.
 bool HoldsRuleData(const HeldPath& folder) {
-    return FileExists(folder + kDefaultRaceFile);
+    return FileExists(folder + DefaultRaceFile());
 }
 
 // The folder of a path, up to and with its last "\".
@@ -30,7 +35,7 @@ bool SetUp(Session& session, StartUpWindows& windows, int month) {
         "unpacked the files stored in DATA.ZIP to. Once there, select IMPERIAL HUMAN.ERI and click Open. Korvane will "
         "record that as your datafile location.",
         Icon::Information);
-    const auto file = windows.ChooseRaceFile(kDefaultRaceFile);
+    const auto file = windows.ChooseRaceFile(DefaultRaceFile());
     if (!file)
         return false;
     session.data = DataFolder(FolderOf(*file));
@@ -57,7 +62,7 @@ bool FindDataFolder(Session& session, StartUpWindows& windows, int month) {
 
 // Once a month; a first run has just written the month and doesn't show it.
 void ShowMonthlyNotice(const Session& session, StartUpWindows& windows, int month) {
-    if (GetIniValue(HeldPath("Korvane.ini"), "LastMonth") == TwoDigits(month))
+    if (GetIniValue(HeldPath(kConfigurationName), "LastMonth") == TwoDigits(month))
         return;
     windows.ShowAbout();
     WriteSettings(session.data.location(), month);

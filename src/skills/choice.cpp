@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "base/encoding.h"
+
 namespace korvane {
 
 namespace {
@@ -11,7 +13,7 @@ constexpr std::size_t kMostAlternatives = 24;
 Choice Answer(Session& session, std::string_view title, Alternatives alternatives, bool mayLeave) {
     if (alternatives.size() > kMostAlternatives)
         throw RuleError(RuleError::Kind::Subscript,
-                        Concat("the choice \"", title, "\" has more than ", kMostAlternatives, " alternatives"));
+                        Concat("the choice ", Quoted(title), " has more than ", kMostAlternatives, " alternatives"));
     auto& state = session.choice;
     const bool automatic = std::exchange(state.automaticOnce, false) || session.Automatic();
     const int focus = std::exchange(state.focusPreset, 0);

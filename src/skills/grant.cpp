@@ -112,29 +112,23 @@ std::string_view ChooseSpeciality(Session& session, const Speciality& row) {
     });
 }
 
-// A skill that became a speciality is no longer held bare; its level stays in the freed slot.
-void FreeBareSkill(CharacterRecord& character, std::string_view name) {
-    if (auto* const held = character.Skills.Find(name))
-        held->Name.clear();
-}
-
 // Whether the cap lets a gain through.
 enum class Verdict { Granted, Refused };
 
-Verdict ImproveHeld(Session& session, Skill& held, const Gain& gain) {
+Verdict ImproveHeld(Session& session, Count& level, const Gain& gain) {
     if (gain.mode == Mode::Set) {
-        if (held.Level >= gain.level) {
+        if (level >= gain.level) {
             AddHistory(session, "Skill ", gain.text, " already held");
             return Verdict::Granted;
         }
-        held.Level = gain.level;
+        level = gain.level;
     } else {
-        const Count sum = held.Level + gain.level;
+        const Count sum = level + gain.level;
         if (session.options[Option::CapSkillsAt4] && sum > kSkillCap)
             return Verdict::Refused;
-        held.Level = sum;
+        level = sum;
     }
-    AddHistory(session, gain.name, "-", held.Level);
+    AddHistory(session, gain.name, "-", level);
     return Verdict::Granted;
 }
 
@@ -158,11 +152,11 @@ Verdict GainSkill(Session& session, Gain& gain, std::string& fullName) {
     if (gain.level > 0)
         if (const auto* const row = SpecialitiesOf(session.race, gain.name)) {
             AppendAll(fullName, gain.name, " (", ChooseSpeciality(session, *row), ")");
-            FreeBareSkill(session.character, gain.name);
+            session.character.Skills.Free(gain.name);  // it is no longer held bare; its level stays in the slot
             gain.name = fullName;
         }
-    if (auto* const held = session.character.Skills.Find(gain.name))
-        return ImproveHeld(session, *held, gain);
+    if (auto* const level = session.character.Skills.LevelOf(gain.name))
+        return ImproveHeld(session, *level, gain);
     HoldNew(session, gain);
     return Verdict::Granted;
 }
@@ -186,7 +180,8 @@ void GrantResolved(Session& session, std::string_view text) {
 }  // namespace
 
 void GrantSkill(Session& session, std::string_view text) {
-    GrantResolved(session, ResolveAlternatives(session, text));
+    const std::string held(text);  // it may be the text of the last choice, which a question replaces
+    GrantResolved(session, ResolveAlternatives(session, held));
 }
 
 void GrantSkillOf(Session& session, std::string_view& field) {

@@ -16,8 +16,8 @@
 
 namespace korvane {
 
-// Carries out a skill string. Throws RuleError: type for a
-// level that is no number, overflow for one that leaves 16 bits.
+// Carries out a skill string. Throws RuleError: type for a level that is no number, overflow for one that leaves 16
+// bits.
 void GrantSkill(Session& session, std::string_view text);
 
 // The same for a field of a record: where it holds " or ", the chosen side replaces it until its file is loaded again.

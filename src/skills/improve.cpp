@@ -9,7 +9,7 @@ namespace korvane {
 
 void ImproveHeldSkill(Session& session) {
     std::vector<std::string> texts;
-    texts.reserve(kMostSkills);  // the items are views of them
+    texts.reserve(kMostSkills);
     for (const auto& skill : session.character.Skills.all())
         if (!IsBlank(skill.Name) && !(session.options[Option::CapSkillsAt4] && skill.Level >= 4))
             texts.push_back(Concat(skill.Name, "=", skill.Level + 1));

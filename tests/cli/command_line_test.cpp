@@ -8,6 +8,7 @@
 
 #include "cli/run_cli.h"
 #include "cli/terminal_player.h"
+#include "regex"
 #include "support/temp_folder.h"
 
 namespace korvane::cli {
@@ -192,6 +193,15 @@ TEST(CommandLine, NumbersAndEmptyValuesAreTakenAtTheirWord) {
                                folder.path().string(), "--name=", "--terms", "1"});
     EXPECT_EQ(named.status, 0) << named.err;
     EXPECT_TRUE(std::filesystem::exists(folder.path() / ".htm")) << "a name without letters, not \"--terms\"";
+}
+
+TEST(CommandLine, CodesAreCountedOverLives) {
+    const auto counted = RunCli({"codes", "--data", KORVANE_RULES, "--count", "50"});
+    EXPECT_EQ(counted.status, 0);
+    EXPECT_TRUE(std::regex_search(counted.out, std::regex("event  LIFE +[1-9]"))) << counted.out;
+    const Broken data;
+    data.folder.Write("Imperial Human-Scout-Courier.eas", "short");
+    EXPECT_EQ(RunCli({"codes", "--data", data.folder.path().string(), "--count", "50"}).status, 1);
 }
 
 TEST(CommandLine, PlayTakesScrapHoldsLimitsAndChangesOptions) {

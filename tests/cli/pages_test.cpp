@@ -100,14 +100,15 @@ TEST_F(Pages, TemplatesAreFoundInTheDataFolderOrByTheirPath) {
 }
 
 TEST_F(Pages, PdfFilesAreMadeByTheProgramForThem) {
-    const auto program = folder.Write("bin/korvane-pdf", "#!/bin/sh\ncp \"$1\" \"${1%.htm}.pdf\"\n");
+    const auto program = folder.Write("bin/korvane-pdf", "#!/bin/sh\nfor p; do cp \"$p\" \"${p%.htm}.pdf\"; done\n");
     std::filesystem::permissions(program, std::filesystem::perms::owner_all);
     const auto generate = [&](const std::string& path) {
         const test::Environment environment({"PATH=" + path});
-        return Generate({"--pdf", "--name", "Jo", "--out", Native("a folder's")});
+        return Generate({"--pdf", "--name", "Jo", "--count", "2", "--out", Native("a folder's")});
     };
     EXPECT_EQ(generate(Native("bin") + ":/usr/bin:/bin").err, "");
-    EXPECT_EQ(folder.Read("a folder's/Jo.pdf"), folder.Read("a folder's/Jo.htm"));
+    for (const std::string page : {"character-1", "character-2"})
+        EXPECT_EQ(folder.Read("a folder's/" + page + ".pdf"), folder.Read("a folder's/" + page + ".htm"));
     const auto missing = generate("/nowhere");
     EXPECT_EQ(missing.status, 1);
     EXPECT_NE(missing.err.find("korvane-pdf, which makes PDF files, is neither beside"), std::string::npos)

@@ -1,4 +1,4 @@
-// The data folder: its listings, reading each time or once, the master skill list, and the rule data that are shipped.
+// The data folder: its listings, reading each time or once, and the master skill list.
 
 #include "data/data_folder.h"
 

@@ -1,26 +1,23 @@
-// Life events, and the associates that come and go.
+// Life events.
 
 #include "engine/life_events.h"
 
-#include "engine/associates.h"
 #include "support/world.h"
 
 namespace korvane {
 namespace {
 
 using test::Die;
-using test::Drawn;
 using test::Rolled;
 
 class LifeEvents : public test::World {
   protected:
     // What the total brings beyond its dice: the lines, then the numbers that it leaves of people (enemies, rivals,
     // allies, contacts), of qualification, bonuses and rolls, each of which began at 2.
-    std::string Live(int total, const std::vector<Die>& more = {}, int allies = 2, int contacts = 2) {
+    std::string Live(int total, const std::vector<Die>& more = {}) {
         auto& numbers = character();
-        numbers.Enemies = numbers.Rivals = numbers.QualificationDM = numbers.MusterBonusCount = numbers.MusterRolls = 2;
-        numbers.Allies = allies;
-        numbers.Contacts = contacts;
+        numbers.Enemies = numbers.Rivals = numbers.Allies = numbers.Contacts = 2;
+        numbers.QualificationDM = numbers.MusterBonusCount = numbers.MusterRolls = 2;
         numbers.History.Clear();
         session.race.lifeEvents = {"", "t1", "t2", "t3", "t4", "t5", "t6", "t7", "t8", "t9", "t10", "t11", "t12"};
         dice.Expect({Rolled(2, 6, total)});

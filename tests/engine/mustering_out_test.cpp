@@ -88,7 +88,7 @@ TEST_F(Mustering, BonusesAndGamblingRaiseARollToTheLastRowAtMost) {
     const std::string question = " bonuses of +1 for muster rolls. Add +1 to this roll?";
     Hold("Gambler", 0);
     EXPECT_EQ(MusterOutAfter(0, 0), "");
-    character().Skills.Find("Gambler")->Level = 1;
+    *character().Skills.LevelOf("Gambler") = 1;
     character().MusterBonusCount = 3;
     player.ExpectMuster(MusterButton::Material, true).ExpectAsk("You have 3" + question, false);
     player.ExpectMuster(MusterButton::Material).ExpectAsk("You have 3" + question, true);

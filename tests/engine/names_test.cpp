@@ -1,8 +1,6 @@
-// Rolling names of a file's syllables, choosing one of ten, and the names that the shipped file gives.
+// Rolling names of a file's syllables, and choosing one of ten.
 
 #include "engine/names.h"
-
-#include <set>
 
 #include "support/temp_folder.h"
 #include "support/world.h"

@@ -52,7 +52,7 @@ TEST_F(Selecting, TitlesThatAFileDoesNotGiveStayFromWhatWasLoadedBefore) {
     ExpectNewCharacter();
     LoadRace(session, human);
     EXPECT_EQ(title, "Personal Development") << "from the life before";
-    SelectStart(session, human, "Navy", "Flight");
+    EXPECT_FALSE(SelectStart(session, human, "Navy", "Flight"));
     EXPECT_EQ(title, "") << "a start is that of a new program";
 }
 

@@ -30,7 +30,7 @@ TEST_F(Document, HoldsTheRecordInItsOrder) {
     record.CareersServed.Add("Army");
     Hold("Gone", 3);
     Hold("Admin", 1);
-    record.Skills.Find("Gone")->Name.clear();
+    record.Skills.Free("Gone");
     session.assignment.rankTitle[7] = " Ensign ";
     AddHistory(session, "-- \"Term\" 1 --");
     EXPECT_EQ(
@@ -45,6 +45,10 @@ TEST_F(Document, HoldsTheRecordInItsOrder) {
         R"("benefits":["Scout Ship"],"careersServed":["Army"],"skills":[{"name":"Admin","level":1}],)"
         R"("history":["-- \"Term\" 1 --"]})");
     record.MedicalDebt = 150000;
+    EXPECT_EQ(CharacterText(session),
+              "Imperial Human, Army (Infantry), age 34, 4 terms\nRank:  Ensign  (O1)\nCharacteristics: Ki 24 (+0)\n"
+              "Skills: Admin-1\nCareers: Army\nBenefits: Scout Ship\nCash Cr20,000, medical debt Cr150,000\n"
+              "Allies: 0, Enemies: 0, Contacts: 2, Rivals: 0\nHistory:\n  1. -- \"Term\" 1 --\n");
     EXPECT_NE(CharacterDocument(session).find(R"("medicalDebt":150000,)"), std::string::npos);
 }
 

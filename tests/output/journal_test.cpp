@@ -159,6 +159,11 @@ TEST(Replay, AnswersOutOfRangeAreErrors) {
     EXPECT_THROW(ReplayerOf({R"({"roll":[2,6],"result":"7"})"}).Roll(2, 6), FileError);
     EXPECT_THROW(ReplayerOf({R"({"roll":[2,6]})"}).Roll(2, 6), FileError);
     EXPECT_THROW(ReplayerOf({R"({"draw":3,"result":3})"}).Draw(3), FileError);
+    const std::vector<std::string_view> sides = {"A", "B"};
+    for (const std::string picked : {"0", "3", "-1"})
+        EXPECT_THROW(
+            ReplayerOf({R"({"choose":"Take","options":["A","B"],"picked":)" + picked + "}"}).Choose({"Take", sides}),
+            FileError);
     EXPECT_THROW(ReplayerOf({R"({"table":[1],"picked":2})"}).PickTable(column(false)), FileError);
     EXPECT_THROW(ReplayerOf({R"({"end of term":4,"answer":5,"options":[]})"}).EndOfTerm({4, {}}), FileError);
     EXPECT_THROW(ReplayerOf({R"({"ask":"Accept?","answer":"perhaps"})"}).Ask({"Accept?"}), FileError);
@@ -225,7 +230,7 @@ bool RecordAndReplay(Session& session, const play::LifePlan& plan, std::uint64_t
     Replayer replayer("life.jsonl", text);
     session.method = replayer.start().method;
     session.options = replayer.start().options;
-    SelectStart(session, replayer.start().race, replayer.start().career, replayer.start().assignment);
+    play::Select(session, replayer.start().race, replayer.start().career, replayer.start().assignment);
     session.seams.dice = &replayer;
     session.seams.player = &replayer;
     StartNewCharacter(session);

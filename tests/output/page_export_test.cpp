@@ -1,11 +1,11 @@
 // The page: every tag's value, the rule of replacing, and the file that is written.
 
-#include "base/files.h"
 #include "output/page_export.h"
 
 #include <filesystem>
 
 #include "base/error.h"
+#include "base/files.h"
 #include "output/page_file.h"
 #include "support/environment.h"
 #include "support/temp_folder.h"
@@ -84,7 +84,7 @@ TEST_F(PageExport, MasterSkillsFillTheirTagsAloneOrWithSpecialities) {
     EXPECT_EQ(Filled("|PILOT|"), "Pilot 0<br>" + in + "Pilot (Spacecraft) 2<br>" + in + "Pilot (Small Craft) 1<br>");
     EXPECT_EQ(Filled("|GUNNER|"), "Gunner 0<br>" + in + "Gunner (Turret) 1<br>") << "the held skill is the head";
     EXPECT_EQ(Filled("|GUNS|"), "Gun 0<br>" + in + "Gunner 0<br>" + in + "Gunner (Turret) 1<br>");
-    character().Skills.Find("Gunner")->Level = 2;
+    *character().Skills.LevelOf("Gunner") = 2;
     EXPECT_EQ(Filled("|GUNNER|"), "Gunner 2<br>Gunner 0<br>" + in + "Gunner (Turret) 1<br>");
     session.masterSkills = {"", "Gunner||G*", "Admin||G|"};
     EXPECT_EQ(Filled("|G||G|"), "0Gunner 2<br>Gunner 0<br>" + in + "Gunner (Turret) 1<br>") << "plain tags come first";
@@ -96,7 +96,7 @@ TEST_F(PageExport, ListsAreJoinedAndEmptyOnesAreEmpty) {
     Hold("Admin", 1);
     Hold("Gone", 3);
     Hold("Pilot (Spacecraft)", 0);
-    character().Skills.Find("Gone")->Name.clear();
+    character().Skills.Free("Gone");
     for (const auto* benefit : {"Blade", " ", "TAS Membership"})
         character().Benefits.Add(benefit);
     character().Contacts = 2;

@@ -7,9 +7,9 @@
 #include "base/files.h"
 #include "base/text.h"
 #include "character/characteristics.h"
-#include "engine/selection.h"
 #include "engine/term_loop.h"
 #include "output/page_export.h"
+#include "play/life.h"
 #include "play/players.h"
 
 namespace korvane {
@@ -38,7 +38,8 @@ TEST(ShippedTemplates, LeaveNoTagVisible) {
         session.options.Set(Option::AutomaticGeneration);
         const auto careers = *session.data.CareerNames("Imperial Human");
         const auto& career = careers[seed % careers.size()];
-        SelectStart(session, "Imperial Human", career, session.data.AssignmentNames("Imperial Human", career)->front());
+        play::Select(session, "Imperial Human", career,
+                     session.data.AssignmentNames("Imperial Human", career)->front());
         StartNewCharacter(session);
         ASSERT_EQ(RunLife(session), LifeEnd::MusteredOut);
         for (const auto& name : TemplateNames(kRules))

@@ -4,19 +4,37 @@
 #include <cstdint>
 #include <gtest/gtest.h>
 
+#include "algorithm"
 #include "base/checksum.h"
 #include "base/files.h"
+#include "engine/codes/chains.h"
 #include "output/character_document.h"
 #include "play/life_plan.h"
+#include "set"
+#include "string"
 #include "support/every_code_data.h"
 #include "support/temp_folder.h"
+#include "utility"
 
 namespace korvane {
 namespace {
 
-std::uint64_t Signature(const HeldPath& rules) {
+// Which rows of the chains were carried out.
+class Met : public Observer {
+  public:
+    void CarriedOut(std::string_view chain, std::size_t row) override { rows_.emplace(chain, row); }
+    std::size_t Of(const codes::Chain& chain) const {
+        return static_cast<std::size_t>(
+            std::ranges::count(rows_, chain.name(), [](const auto& row) { return row.first; }));
+    }
+
+  private:
+    std::set<std::pair<std::string, std::size_t>> rows_;
+};
+
+std::uint64_t Signature(const HeldPath& rules, Observer* observer = nullptr) {
     Display display;
-    Session session(DataFolder(rules, DataFolder::Reading::Once), {nullptr, nullptr, &display});
+    Session session(DataFolder(rules, DataFolder::Reading::Once), {nullptr, nullptr, &display, observer});
     auto sum = kNoText;
     for (std::uint64_t number = 1; number <= 1000; ++number) {
         play::LifePlan plan;
@@ -35,7 +53,10 @@ TEST(Signature, OfAThousandLives) {
 TEST(Signature, OfAThousandLivesOnDataThatHoldsEveryCode) {
     const test::TempFolder folder;
     test::WriteEveryCodeData(KORVANE_RULES, folder.path().string());
-    EXPECT_EQ(Signature(folder.held()), 10939475264914312947U);
+    Met met;
+    EXPECT_EQ(Signature(folder.held(), &met), 10939475264914312947U);
+    for (const auto* const chain : {&codes::MishapChain(), &codes::EventChain()})
+        EXPECT_EQ(met.Of(*chain), chain->rows().size()) << "every code of " << chain->name() << "s is met";
 }
 
 }  // namespace

@@ -106,7 +106,7 @@ TEST_F(Grants, CapRefusesLevelsAddedBeyond4AndOffersAnotherSkill) {
     Hold("Zeal", 32767);
     EXPECT_EQ(ErrorOf("Zeal"), "overflow") << "before the refusal";
     Tick(Option::AutomaticGeneration);
-    character().Skills.Find("Admin")->Level = 3;
+    *character().Skills.LevelOf("Admin") = 3;
     dice.Expect({Drawn(38, 20), Drawn(38, 20), Drawn(38, 20)});
     EXPECT_EQ(Granted({"Medic", "Medic", "Admin"}), Lines{"Admin-4"}) << "refused as a replacement, it ends there";
 }

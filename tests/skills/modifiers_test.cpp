@@ -46,7 +46,7 @@ TEST_F(Modifiers, ImprovementOffersEachHeldSkillAtOneLevelMore) {
     dice.Expect({Rolled(1, 2, 2), Drawn(4, 0), Rolled(1, 2, 1)});
     ImproveHeldSkill(session);
     ImproveHeldSkill(session);
-    character().Skills.Find("Pilot (Capital)")->Level = 4;
+    *character().Skills.LevelOf("Pilot (Capital)") = 4;
     ImproveHeldSkill(session);  // all are at the cap
     EXPECT_EQ(History(), (std::vector<std::string>{"medic-5", "Pilot (Capital)-1", "Admin-4"}));
 }

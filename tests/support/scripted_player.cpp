@@ -149,7 +149,6 @@ std::optional<TransferAnswer> ScriptedPlayer::Transfer(const TransferQuestion& /
 
 MusterPress ScriptedPlayer::Muster(const MusterQuestion& question) {
     lastMuster = question;
-    lastMusterResults.assign(question.benefits.begin(), question.benefits.end());
     const auto step = Next("muster", "", "");
     return {static_cast<MusterButton>(step.number), step.yes};
 }

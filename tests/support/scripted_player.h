@@ -40,7 +40,6 @@ class ScriptedPlayer : public Player {
     TableQuestion lastTable;
     std::vector<std::string> lastTableRows;  // of each column, from the first, joined by "/"
     MusterQuestion lastMuster;
-    std::vector<std::string> lastMusterResults;
     YesNoQuestion lastAsk;
     Icon lastNoticeIcon = Icon::None;
     int lastFocus = 0;

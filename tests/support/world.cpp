@@ -2,11 +2,13 @@
 
 #include "base/files.h"
 #include "engine/selection.h"
+#include "stdexcept"
 
 namespace korvane::test {
 
 World::World() : session(DataFolder(HeldPath(KORVANE_RULES)), {&dice, &player, &display}) {
-    SelectStart(session, "Imperial Human", "Army", "Infantry");
+    if (SelectStart(session, "Imperial Human", "Army", "Infantry"))
+        throw std::logic_error("the shipped data has no infantry");
     character().CharacteristicCount = session.race.characteristicCount;
     for (int i = 1; i <= character().CharacteristicCount; ++i) {
         character().CharacteristicName[i] = session.race.characteristicName.at(static_cast<std::size_t>(i));

@@ -7,14 +7,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPlainTextEdit>
-#include <QScreen>
 #include <QTest>
 #include <algorithm>
 
 #include "support_ui/dialog_stage.h"
-#include "ui/kvn_about.h"
-#include "ui/message_boxes.h"
 
 namespace korvane {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "desktop/generation_controller.h"
 
-#include "engine/selection.h"
+#include "play/life.h"
 #include "support/world.h"
 
 namespace korvane {
@@ -14,7 +14,7 @@ class Controller : public test::World {
   protected:
     Controller() {
         session.seams = {&anyDice, &player, &controller};
-        SelectStart(session, "Imperial Human", "Army", "Infantry");
+        play::Select(session, "Imperial Human", "Army", "Infantry");
         controller.Roll(RollingMethod::True2D);
         session.character.QualificationDM = kAutomaticSuccess;
     }
@@ -46,8 +46,11 @@ TEST_F(Controller, AFailedLifeStaysToBeReadAndARollBeginsAnew) {
     EXPECT_THROW(controller.StartCareer({}), RuleError);
     EXPECT_EQ(controller.state(), State::Failed);
     EXPECT_FALSE(controller.shown().History.empty());
+    controller.TakeChanges();
     controller.Roll(RollingMethod::True2D);
     EXPECT_EQ(controller.state(), State::Idle);
+    const auto changes = controller.TakeChanges();
+    EXPECT_TRUE(changes.history && changes.skills && changes.summary) << "nothing of the failed life stays in view";
     const auto rolled = session.character.Characteristic.all();
     session.career.qualification = "Str 5";
     Begin();

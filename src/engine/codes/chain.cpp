@@ -43,7 +43,7 @@ void Chain::Run(Session& session, std::string_view codes) const {
         const auto& row = rows_[i];
         const bool occurs = codes.find(row.code) != std::string_view::npos;
         if (occurs && session.seams.observer != nullptr)
-            session.seams.observer->CarriedOut(row);
+            session.seams.observer->CarriedOut(name_, i);
         ApplyAll(session, occurs ? row.effects : row.otherwise);
     }
 }

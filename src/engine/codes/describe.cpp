@@ -6,30 +6,17 @@
 
 #include "base/text.h"
 #include "engine/codes/fields.h"
+#include "stdexcept"
 
 namespace korvane::codes {
 
 namespace {
 
-struct FieldName {
-    Field field;
-    std::string_view name;
-};
-
-const FieldName* NameOf(Field field) {
-    static const std::array<FieldName, 10> names = {{
-        {kLeave, "leaving the career"},
-        {kMusterRolls, "benefit rolls of this career"},
-        {kBenefitRolls, "benefit rolls"},
-        {kMusterBonus, "bonuses of +1 to a benefit roll"},
-        {kParole, "parole threshold"},
-        {kQualification, "next qualification"},
-        {kSurvival, "next survival"},
-        {kCommission, "next commission"},
-        {kAdvancement, "next advancement"},
-        {kEnemies, "enemies"},
-    }};
-    return std::ranges::find(names, field, &FieldName::field);
+std::string_view NameOf(Field field) {
+    const auto* const named = std::ranges::find(kFieldNames, field, &FieldName::field);
+    if (named == kFieldNames.end())
+        throw std::logic_error("a number of the character that rows change has no name");
+    return named->name;
 }
 
 std::string Signed(int amount) {
@@ -58,14 +45,14 @@ std::string Tell(const Set& effect) {
     if (effect.field == kLeave)
         return effect.value == 0 ? "the character stays in the career" : "the character leaves the career";
     if (effect.value == kAutomaticSuccess)
-        return Concat(NameOf(effect.field)->name, " succeeds");
-    return Concat(NameOf(effect.field)->name, " set to ", effect.value);
+        return Concat(NameOf(effect.field), " succeeds");
+    return Concat(NameOf(effect.field), " set to ", effect.value);
 }
 std::string Tell(const Add& effect) {
-    return Concat(NameOf(effect.field)->name, " ", Signed(effect.amount));
+    return Concat(NameOf(effect.field), " ", Signed(effect.amount));
 }
 std::string Tell(const AtLeast& effect) {
-    return Concat(NameOf(effect.field)->name, " at least ", effect.value);
+    return Concat(NameOf(effect.field), " at least ", effect.value);
 }
 std::string Tell(const Alter& effect) {
     return Concat(CharacteristicName(effect.slot), " ", Signed(effect.amount));

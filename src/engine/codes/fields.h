@@ -1,7 +1,9 @@
 // Short names for the numbers and effects that rows speak of; for the tables alone.
 #pragma once
 
+#include "array"
 #include "engine/codes/effects.h"
+#include "string_view"
 
 namespace korvane::codes {
 
@@ -15,6 +17,24 @@ inline constexpr Field kSurvival = &CharacterNumbers::SurvivalDM;
 inline constexpr Field kCommission = &CharacterNumbers::CommissionDM;
 inline constexpr Field kAdvancement = &CharacterNumbers::AdvancementDM;
 inline constexpr Field kEnemies = &CharacterNumbers::Enemies;
+
+// What the handbook calls each of them.
+struct FieldName {
+    Field field;
+    std::string_view name;
+};
+inline constexpr std::array<FieldName, 10> kFieldNames = {{
+    {kLeave, "leaving the career"},
+    {kMusterRolls, "benefit rolls of this career"},
+    {kBenefitRolls, "benefit rolls"},
+    {kMusterBonus, "bonuses of +1 to a benefit roll"},
+    {kParole, "parole threshold"},
+    {kQualification, "next qualification"},
+    {kSurvival, "next survival"},
+    {kCommission, "next commission"},
+    {kAdvancement, "next advancement"},
+    {kEnemies, "enemies"},
+}};
 
 // An alternative that is itself the skill string that it grants.
 inline Alternative GainOf(std::string_view skill) {

@@ -49,7 +49,7 @@ std::vector<Row> ArmyMishaps() {
 std::vector<Row> PrisonMishaps() {
     return {
         {"PRIPAR2",    {Add{kParole, 2}}},
-        // The answer "Fight Back" is the one that doesn't, as players know this gang.
+        // The two answers are crossed, and so are their texts: the rule is known so.
         {"PRIASSAULT", {Either{"Assaulted by Prison Gang", {{"Fight Back",       {Line{"Didn't fight back"}, Call{LoseRollForEachTerm, "benefit rolls minus the terms served"}}},
                                                             {"Don't Fight Back", {SkillTest{{"Melee (Unarmed)"}, 8,
                                                                                      {Line{"Fought back and won"}, Enemy{"Prison Gang Member"}, Add{kParole, 1}},
