@@ -1,17 +1,17 @@
 #include <array>
+#include <exception>
 #include <iomanip>
 #include <map>
 #include <string>
 #include <unordered_map>
+#include <utility>
 
 #include "base/text.h"
 #include "cli/commands.h"
 #include "cli/data_choice.h"
 #include "engine/codes/chains.h"
 #include "engine/codes/describe.h"
-#include "exception"
 #include "play/life_plan.h"
-#include "utility"
 
 namespace korvane::cli {
 

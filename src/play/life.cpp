@@ -1,10 +1,11 @@
 #include "play/life.h"
 
+#include <utility>
+
 #include "base/encoding.h"
 #include "base/text.h"
 #include "character/seams_guard.h"
 #include "play/players.h"
-#include "utility"
 
 namespace korvane::play {
 

@@ -4,6 +4,7 @@
 #include <exception>
 #include <functional>
 #include <optional>
+#include <stdexcept>
 #include <string>
 
 #include "character/characteristics.h"
@@ -11,7 +12,6 @@
 #include "engine/term_loop.h"
 #include "output/journal/recorder.h"
 #include "output/journal/replayer.h"
-#include "stdexcept"
 
 namespace korvane::play {
 

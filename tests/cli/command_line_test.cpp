@@ -4,11 +4,11 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
+#include <regex>
 #include <sstream>
 
 #include "cli/run_cli.h"
 #include "cli/terminal_player.h"
-#include "regex"
 #include "support/temp_folder.h"
 
 namespace korvane::cli {

@@ -1,20 +1,20 @@
 // The pinned signature of behaviour: a checksum of a thousand seeded lives on the shipped rule data. It moves when a
 // rule, a text or the data moves; a commit that moves it says so and why.
 
+#include <algorithm>
 #include <cstdint>
 #include <gtest/gtest.h>
+#include <set>
+#include <string>
+#include <utility>
 
-#include "algorithm"
 #include "base/checksum.h"
 #include "base/files.h"
 #include "engine/codes/chains.h"
 #include "output/character_document.h"
 #include "play/life_plan.h"
-#include "set"
-#include "string"
 #include "support/every_code_data.h"
 #include "support/temp_folder.h"
-#include "utility"
 
 namespace korvane {
 namespace {

@@ -1,8 +1,9 @@
 #include "support/world.h"
 
+#include <stdexcept>
+
 #include "base/files.h"
 #include "engine/selection.h"
-#include "stdexcept"
 
 namespace korvane::test {
 

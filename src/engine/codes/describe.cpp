@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <stdexcept>
 #include <utility>
 
 #include "base/text.h"
 #include "engine/codes/fields.h"
-#include "stdexcept"
 
 namespace korvane::codes {
 

@@ -1,9 +1,10 @@
 // Short names for the numbers and effects that rows speak of; for the tables alone.
 #pragma once
 
-#include "array"
+#include <array>
+#include <string_view>
+
 #include "engine/codes/effects.h"
-#include "string_view"
 
 namespace korvane::codes {
 
