@@ -13,6 +13,7 @@
 #include "output/journal/replayer.h"
 #include "play/life.h"
 #include "play/players.h"
+#include "play/sensible_player.h"
 
 namespace korvane {
 namespace {
@@ -39,11 +40,15 @@ class NotingDice : public Dice {
 struct Lives {
     Display display;
     ClockDice dice;
-    play::PolicyPlayer player{RandomStream(1), 4};
-    Session session{DataFolder(HeldPath(KORVANE_RULES), DataFolder::Reading::Once), {&dice, &player, &display}};
+    Session session{DataFolder(HeldPath(KORVANE_RULES), DataFolder::Reading::Once), {&dice, nullptr, &display}};
+    play::PolicyPlayer policy{session, RandomStream(1), 4};
+    play::SensiblePlayer sensible{session, RandomStream(1), 4};
     int number = 0;
 
-    Lives() { session.options.Set(Option::AutomaticGeneration); }
+    explicit Lives(bool automatic = true) {
+        session.options.Set(Option::AutomaticGeneration, automatic);
+        session.seams.player = automatic ? static_cast<Player*>(&policy) : &sensible;
+    }
 
     // The careers take turns, so that a mean life is measured.
     void Select() {
@@ -65,9 +70,8 @@ struct Lives {
     }
 };
 
-void AutomaticLife(benchmark::State& state) {
+void Measure(benchmark::State& state, Lives& lives) {
     using Clock = std::chrono::steady_clock;
-    Lives lives;
     lives.Warm();
     const auto before = AllocationCount();
     for (auto _ : state) {
@@ -79,7 +83,19 @@ void AutomaticLife(benchmark::State& state) {
     state.counters["allocations"] =
         benchmark::Counter(static_cast<double>(AllocationCount() - before), benchmark::Counter::kAvgIterations);
 }
+
+void AutomaticLife(benchmark::State& state) {
+    Lives lives;
+    Measure(state, lives);
+}
 BENCHMARK(AutomaticLife)->UseManualTime();
+
+// The same, each question answered by the player of sense.
+void SensibleLife(benchmark::State& state) {
+    Lives lives(false);
+    Measure(state, lives);
+}
+BENCHMARK(SensibleLife)->UseManualTime();
 
 // The same, with the selection of race, career and assignment before it.
 void SelectionAndLife(benchmark::State& state) {
@@ -149,7 +165,7 @@ void ReplayJournal(benchmark::State& state) {
         text.append(line).append("\n");
         ++lines;
     };
-    journal::Recorder recorder(write, lives.dice, lives.player);
+    journal::Recorder recorder(write, lives.dice, lives.policy);
     lives.session.seams = {&recorder, &recorder, &lives.display};
     play::Select(lives.session, "Imperial Human", "Army", "Infantry");
     recorder.Begin(lives.session);

@@ -76,7 +76,7 @@ class Camera {
 
 // A life that was lived automatically, shown in the window. Returns the finished character.
 CharacterRecord LiveInWindow(Session& session, KVNGen& window) {
-    play::PolicyPlayer policy(RandomStream(kSeed), 6);
+    play::PolicyPlayer policy(session, RandomStream(kSeed), 6);
     auto* const player = std::exchange(session.seams.player, &policy);
     session.options.Set(Option::AutomaticGeneration);
     session.options.Set(Option::SortSkillsByValue);

@@ -28,6 +28,11 @@ void CharacterRecord::Clear() {
     UniversitySubject.clear();
     for (auto& fact : HomeWorld)
         fact.clear();
+    Education.clear();
+    AcademyService.clear();
+    Connections.clear();
+    SkillPackage.clear();
+    LeftOpen.Clear();
 }
 
 Count ModifierOf(int value) {

@@ -112,6 +112,12 @@ struct CharacterNumbers {
 // What is known of a home world, in the order of the tables; all empty where there are none.
 using HomeWorldFacts = std::array<std::string, kWorldTableNames.size()>;
 
+// A skill learned with somebody's help.
+struct Connection {
+    std::string skill;
+    std::string with;  // empty: the player didn't say
+};
+
 struct CharacterRecord : CharacterNumbers {
     PerCharacteristic<std::string> CharacteristicName;
     TextList CareersServed;  // at most kMostCareersServed
@@ -120,6 +126,12 @@ struct CharacterRecord : CharacterNumbers {
     SkillList Skills;
     std::string UniversitySubject;
     HomeWorldFacts HomeWorld;
+
+    std::string Education;                // the course attended before the first career; empty for none
+    std::string AcademyService;           // the career that a graduate of a military academy is an officer of
+    std::vector<Connection> Connections;  // in the order in which they were made
+    std::string SkillPackage;             // the package chosen at the end; empty for none
+    TextList LeftOpen;                    // what the player was asked to pick and didn't
 
     // Makes the record a blank one; its texts keep their room for the next character.
     void Clear();

@@ -19,7 +19,7 @@ namespace {
 struct RawOptions {
     std::string method;
     std::vector<std::string> options;
-    std::string player = "automatic";
+    std::optional<std::string> player;
     std::string format = "text";
 };
 
@@ -96,12 +96,16 @@ CLI::Option* AddNumber(CLI::App& app, const std::string& name, Number& to, std::
     return app.add_option_function<std::string>(name, take, help)->type_name("NUMBER");
 }
 
+void AddNameOptions(CLI::App& app, NameOrder& name) {
+    app.add_option_function<std::string>(
+        "--name", [&name](const std::string& typed) { name.given = DecodeWord(typed); },
+        "Name of the character, exactly as typed (a page's default: one is rolled)");
+    app.add_flag("--names", name.rolled, "Roll a name for each character, as for a page");
+}
+
 void AddPageOptions(CLI::App& app, PageOrder& page) {
     app.add_option("--template", page.templateName,
                    "Template of the pages: a file of the data folder, or a path (default: template.htm)");
-    app.add_option_function<std::string>(
-        "--name", [&page](const std::string& name) { page.name = DecodeWord(name); },
-        "Name on the page, exactly as typed (default: one is rolled)");
     app.add_flag("--pdf", page.pdf, "Have korvane-pdf make a PDF file of each page");
 }
 
@@ -109,7 +113,7 @@ void CheckPages(Format format, const PageOrder& page, const std::string& folder)
     if (format == Format::Html && folder.empty())
         throw UsageError(R"("--format html" writes files: name their folder with "--out FOLDER")");
     if (format != Format::Html && page != PageOrder{})
-        throw UsageError(R"("--template", "--name" and "--pdf" go with "--format html" alone)");
+        throw UsageError(R"("--template" and "--pdf" go with "--format html" alone)");
 }
 
 void AddSelection(CLI::App& app, std::string& data, std::string& race, std::string& career, std::string& assignment,
@@ -128,17 +132,18 @@ void AddGenerate(CLI::App& app, GenerateCommand& command, RawOptions& raw) {
     auto& plan = command.plan;
     AddSelection(app, command.data, plan.race, plan.career, plan.assignment, raw);
     AddNumber(app, "--terms", plan.terms, 1, 100,
-              "Terms of service before mustering out (automatic player; default: 4)");
+              "Terms of service before mustering out (not the random player; default: 4)");
     AddNumber(app, "--count", command.count, 1, kMostLives, "Number of characters (default: 1)");
     AddNumber(app, "--seed", plan.seed, 0, kAnyNumber,
               "Repeats a run exactly: character i depends on the seed and i alone");
-    app.add_option("--player", raw.player, "Who answers: automatic generation, or a random answer to each dialog")
-        ->check(CLI::IsMember({"automatic", "random"}))
-        ->capture_default_str();
+    app.add_option("--player", raw.player,
+                   "Who answers: somebody of sense (default), automatic generation, or a random answer to each dialog")
+        ->check(CLI::IsMember({"sensible", "automatic", "random"}));
     app.add_option("--format", raw.format, "What is printed of each character")
         ->check(CLI::IsMember({"text", "json", "html", "none"}))
         ->capture_default_str();
     app.add_option("--out", command.outFolder, "Folder for a file of each character, in place of standard output");
+    AddNameOptions(app, command.name);
     AddPageOptions(app, command.page);
     app.add_option("--journal", command.journalFolder, "Folder for a journal of each character");
 }
@@ -155,6 +160,7 @@ void AddReplay(CLI::App& app, ReplayCommand& command, RawOptions& raw) {
         ->check(CLI::IsMember({"text", "json", "html"}))
         ->capture_default_str();
     app.add_option("--out", command.outFolder, "Folder for the page of \"--format html\"");
+    AddNameOptions(app, command.name);
     AddPageOptions(app, command.page);
 }
 
@@ -167,14 +173,24 @@ void AddCodes(CLI::App& app, CodesCommand& command) {
     app.add_flag("--describe", command.describe, "Say what each code does, as a page in Markdown");
 }
 
+// The player of that name. The box "Automatic Generation" asks for the automatic one too.
+play::PlayerKind PlayerNamed(const std::optional<std::string>& name, bool automatic) {
+    if (!name)
+        return automatic ? play::PlayerKind::Automatic : play::PlayerKind::Sensible;
+    if (automatic && *name != "automatic")
+        throw UsageError(
+            Concat("the ", *name, " player never uses \"Automatic Generation\"; leave one of the two out"));
+    return *name == "random"      ? play::PlayerKind::Random
+           : *name == "automatic" ? play::PlayerKind::Automatic
+                                  : play::PlayerKind::Sensible;
+}
+
 // The check comes after the parsing, as its texts list what there is.
 void Check(GenerateCommand& command, const RawOptions& raw) {
     auto& plan = command.plan;
     plan.method = MethodNamed(raw.method);
     plan.options = OptionsNamed(raw.options);
-    plan.player = raw.player == "random" ? play::PlayerKind::Random : play::PlayerKind::Automatic;
-    if (plan.player == play::PlayerKind::Random && plan.options[Option::AutomaticGeneration])
-        throw UsageError("the random player never uses \"Automatic Generation\"; leave one of the two out");
+    plan.player = PlayerNamed(raw.player, plan.options[Option::AutomaticGeneration]);
     command.format = FormatNamed(raw.format);
     CheckPages(command.format, command.page, command.outFolder);
     command.progress = isatty(STDERR_FILENO) != 0;

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <istream>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -24,11 +25,20 @@ struct Streams {
 
 enum class Format { Text, Json, Html, None };
 
+// How characters come by their names. A page always has one.
+struct NameOrder {
+    std::optional<std::string> given;  // as typed
+    bool rolled = false;
+
+    bool operator==(const NameOrder&) const = default;
+};
+
 struct GenerateCommand {
     std::string data;
     play::LifePlan plan;
     std::uint64_t count = 1;
     Format format = Format::Text;
+    NameOrder name;
     PageOrder page;             // how a page is made
     std::string outFolder;      // empty: standard output; pages need one
     std::string journalFolder;  // empty: no journals
@@ -51,6 +61,7 @@ struct ReplayCommand {
     std::string journal;
     std::string data;
     Format format = Format::Text;
+    NameOrder name;
     PageOrder page;
     std::string outFolder;  // for a page
 };

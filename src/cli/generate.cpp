@@ -51,6 +51,9 @@ class Generator {
           streams_(streams),
           session_(DataFolder(ChooseDataLocation(command.data), DataFolder::Reading::Once),
                    {nullptr, nullptr, &display_}) {
+        if (command.plan.options[Option::SelectSkillPackage] && !session_.data.Packages())
+            throw UsageError(Concat("\"", CaptionOf(Option::SelectSkillPackage),
+                                    "\" needs packages: the data folder has no ", kSkillPackagesFile));
         if (command.format == Format::Html)
             pages_.emplace(session_, command.page, command.outFolder, command.count > 1);
     }
@@ -67,6 +70,9 @@ class Generator {
             throw;
         }
         FinishFiles();
+        if (finished_ < command_.count)
+            streams_.err << "korvane-cli: " << finished_ << " of " << command_.count
+                         << " characters lived to the end; the others were scrapped or ended in an error\n";
         return status_;
     }
 
@@ -96,8 +102,10 @@ class Generator {
             streams_.err << "korvane-cli: character " << number << ": " << outcome.kind << " error: " << outcome.error
                          << '\n';
             status_ = kFailure;
-        } else if (outcome.finished() && command_.format != Format::None) {
-            Show(number);
+        } else if (outcome.finished()) {
+            ++finished_;
+            if (command_.format != Format::None)
+                Show(number);
         }
     }
     // A journal is written also for a life that an error ends.
@@ -117,15 +125,20 @@ class Generator {
             ShowText(number);
     }
 
+    std::optional<std::string> NameOf(std::uint64_t number) {
+        return NameFor(session_, command_.name, command_.format,
+                       command_.count == 1 ? std::string("Character") : Concat("Character ", number));
+    }
+
     void WritePage(std::uint64_t number) {
         if (command_.count == 1)
-            pages_->Write("Character");
+            pages_->Write(*NameOf(number));
         else
-            pages_->WriteListed(Concat("Character ", number), Stem(number));
+            pages_->WriteListed(*NameOf(number), Stem(number));
     }
 
     void ShowText(std::uint64_t number) {
-        const auto text = Rendered(session_, command_.format);
+        const auto text = Rendered(session_, command_.format, {NameOf(number), number, command_.plan.seed});
         if (!command_.outFolder.empty()) {
             ReplaceFile(FileName(command_.outFolder, number, command_.format == Format::Json ? ".json" : ".txt"), text,
                         Sync::Later);
@@ -148,6 +161,7 @@ class Generator {
     Display display_;
     Session session_;
     std::optional<PageWriter> pages_;
+    std::uint64_t finished_ = 0;
     int status_ = kSuccess;
     bool shown_any_ = false;
 };

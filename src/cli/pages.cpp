@@ -2,15 +2,11 @@
 
 #include <utility>
 
-#include "base/checksum.h"
 #include "base/encoding.h"
 #include "base/error.h"
 #include "base/files.h"
 #include "base/text.h"
-#include "character/seams_guard.h"
 #include "cli/pdf_program.h"
-#include "engine/names.h"
-#include "output/character_document.h"
 #include "output/page_file.h"
 
 namespace korvane::cli {
@@ -49,17 +45,6 @@ PageWriter::PageWriter(Session& session, const PageOrder& order, std::filesystem
     session.masterSkills = LoadMasterSkills(session.data.location());
 }
 
-// A rolled name hangs on the character alone, so that a journal's replay gives the same page.
-std::string PageWriter::NameOf(std::string_view defaultName) {
-    if (order_.name)
-        return *order_.name;
-    SeededDice dice(Checksum(CharacterDocument(session_)), 0);
-    const SeamsGuard guard(session_.seams);
-    session_.seams.dice = &dice;
-    const auto name = RollNameOf(session_);
-    return name.empty() ? std::string(defaultName) : name;
-}
-
 void PageWriter::WriteAs(std::string_view name, const std::string& fileName, Sync sync) {
     const auto file = folder_ / fileName;
     ReplaceFile(file, Page(template_, session_, name), sync);
@@ -67,13 +52,11 @@ void PageWriter::WriteAs(std::string_view name, const std::string& fileName, Syn
         printed_.push_back(file);
 }
 
-void PageWriter::Write(std::string_view defaultName) {
-    const auto name = NameOf(defaultName);
+void PageWriter::Write(std::string_view name) {
     WriteAs(name, PageFileName(name), Sync::Now);
 }
 
-void PageWriter::WriteListed(std::string_view defaultName, const std::string& stem) {
-    const auto name = NameOf(defaultName);
+void PageWriter::WriteListed(std::string_view name, const std::string& stem) {
     WriteAs(name, stem + ".htm", Sync::Later);
     index_.Add(session_, name, stem + ".htm");
 }

@@ -15,9 +15,8 @@
 namespace korvane::cli {
 
 struct PageOrder {
-    std::string templateName;         // a file of the data folder, or a path; empty: "template.htm"
-    std::optional<std::string> name;  // of the character, as typed; none: one is rolled
-    bool pdf = false;                 // have each page made into a PDF file too
+    std::string templateName;  // a file of the data folder, or a path; empty: "template.htm"
+    bool pdf = false;          // have each page made into a PDF file too
 
     bool operator==(const PageOrder&) const = default;
 };
@@ -28,17 +27,16 @@ class PageWriter {
     // UsageError for a template that the data folder doesn't have, and FileError for what can't be read.
     PageWriter(Session& session, const PageOrder& order, std::filesystem::path folder, bool listed);
 
-    // Writes the page of the session's character; the file is called by the letters of its name. `defaultName` serves
-    // where no name is given and none can be rolled. Throws FileError for a page that can't be written.
-    void Write(std::string_view defaultName);
+    // Writes the page of the session's character; the file is called by the letters of the name. Throws FileError for a
+    // page that can't be written.
+    void Write(std::string_view name);
     // The same, into a file of the given name without its ending; the index will lead to it.
-    void WriteListed(std::string_view defaultName, const std::string& stem);
+    void WriteListed(std::string_view name, const std::string& stem);
     // Writes "index.htm" where it is wanted, brings all to the disk and has the PDF files made. Throws as above, and
     // UsageError when a PDF file can't be made.
     void Finish();
 
   private:
-    std::string NameOf(std::string_view defaultName);
     void WriteAs(std::string_view name, const std::string& fileName, Sync sync);
 
     Session& session_;

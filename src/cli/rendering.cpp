@@ -1,12 +1,24 @@
 #include "cli/rendering.h"
 
-#include "output/character_document.h"
 #include "output/character_text.h"
+#include "play/naming.h"
 
 namespace korvane::cli {
 
-std::string Rendered(const Session& session, Format format) {
-    return format == Format::Json ? CharacterDocument(session) + "\n" : CharacterText(session);
+std::optional<std::string> NameFor(Session& session, const NameOrder& order, Format format,
+                                   const std::string& otherwise) {
+    if (order.given)
+        return order.given;
+    if (!order.rolled && format != Format::Html)
+        return std::nullopt;
+    auto name = play::NameOfCharacter(session);
+    return name.empty() ? otherwise : name;
+}
+
+std::string Rendered(const Session& session, Format format, const DocumentLabels& labels) {
+    if (format == Format::Json)
+        return CharacterDocument(session, labels) + "\n";
+    return (labels.name ? *labels.name + "\n" : std::string()) + CharacterText(session);
 }
 
 }  // namespace korvane::cli

@@ -13,7 +13,7 @@ namespace {
 
 void WritePage(Session& session, const ReplayCommand& command) {
     PageWriter pages(session, command.page, command.outFolder, false);
-    pages.Write("Character");
+    pages.Write(*NameFor(session, command.name, command.format, "Character"));
     pages.Finish();
 }
 
@@ -21,7 +21,7 @@ void Show(Session& session, const ReplayCommand& command, std::ostream& out) {
     if (command.format == Format::Html)
         WritePage(session, command);
     else
-        out << Rendered(session, command.format);
+        out << Rendered(session, command.format, {NameFor(session, command.name, command.format, "Character"), {}, {}});
 }
 
 // A journal from a file or, for "-", from standard input.

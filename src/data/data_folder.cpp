@@ -95,4 +95,8 @@ const std::optional<WorldTables>& DataFolder::HomeWorlds() {
     return ReadIfThere(worlds_, "Worlds.dat", "the tables of home worlds", ReadWorldTables);
 }
 
+const std::optional<SkillPackages>& DataFolder::Packages() {
+    return ReadIfThere(packages_, kSkillPackagesFile, "the skill packages", ReadSkillPackages);
+}
+
 }  // namespace korvane

@@ -11,6 +11,7 @@
 #include "base/paths.h"
 #include "data/name_tables.h"
 #include "data/records.h"
+#include "data/skill_packages.h"
 #include "data/world_tables.h"
 
 namespace korvane {
@@ -40,10 +41,11 @@ class DataFolder {
     const CareerFile& Career(std::string_view race, std::string_view career);
     const AssignmentRecord& Assignment(std::string_view race, std::string_view career, std::string_view assignment);
 
-    // The tables of names and of home worlds; nothing where the folder doesn't have their file. Each throws FileError
-    // for a malformed file. The references hold until the next call.
+    // The tables of names and of home worlds, and the skill packages; nothing where the folder doesn't have their file.
+    // Each throws FileError for a malformed file. The references hold until the next call.
     const std::optional<NameTables>& NamesOfRaces();
     const std::optional<WorldTables>& HomeWorlds();
+    const std::optional<SkillPackages>& Packages();
 
   private:
     struct TextHash {
@@ -77,6 +79,7 @@ class DataFolder {
     Cache<AssignmentRecord> assignments_;
     Optional<NameTables> names_;
     Optional<WorldTables> worlds_;
+    Optional<SkillPackages> packages_;
 };
 
 }  // namespace korvane

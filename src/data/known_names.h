@@ -13,5 +13,7 @@ inline constexpr std::string_view kDrifter = "Drifter";    // never ejected, nev
 inline constexpr std::string_view kPrisoner = "Prisoner";  // where the convicted go; never recorded as served
 inline constexpr std::string_view kInmate = "Inmate";
 inline constexpr std::string_view kNoble = "Noble";
+// What a career without commissions has in place of their check.
+inline constexpr std::string_view kNoCommission = "No";
 
 }  // namespace korvane

@@ -10,6 +10,7 @@
 #include "engine/names.h"
 #include "output/page_export.h"
 #include "output/page_file.h"
+#include "output/summary_texts.h"
 #include "pdf/page_pdf.h"
 #include "ui/message_boxes.h"
 #include "ui/qt_text.h"
@@ -35,7 +36,7 @@ void Exporter::Show() {
     QStringList templates;
     for (const auto& name : TemplateNames(session_.data.location()))
         templates << ToQt(name);
-    ui::KVNExport dialog(ToQt(session_.programTitle), templates, &window_);
+    ui::KVNExport dialog(ToQt(session_.programTitle), templates, ToQt(OpenPointsLine(session_.character)), &window_);
     dialog.rollName = [&] { Guard(dialog, [&] { RollName(dialog); }); };
     dialog.exportPage = [&] { Guard(dialog, [&] { Export(dialog); }); };
     dialog.endProgram = [&] {

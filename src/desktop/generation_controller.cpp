@@ -82,7 +82,7 @@ LifeEnd GenerationController::StartCareer(const std::function<void()>& finished)
     Enter(State::Failed);  // should an exception leave what follows
     auto ended = EndedLife{};
     RunCareer(session_, [&](LifeEnd end) {
-        ended = {end, session_.character, WholeDetailLines(session_)};
+        ended = {end, session_.character, WholeDetailLines(session_), OpenPointsLine(session_.character)};
         if (end == LifeEnd::MusteredOut && finished)
             finished();
     });

@@ -26,6 +26,7 @@ class GenerationController : public Display {
         LifeEnd end = LifeEnd::MusteredOut;
         CharacterRecord record;
         std::vector<std::string> details;
+        std::string open;  // what is still to be decided, in one line; empty for nothing
     };
     struct Changes {
         bool history = false;

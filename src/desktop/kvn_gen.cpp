@@ -234,7 +234,7 @@ void KVNGen::StartCareer() {
             if (characterFinished)
                 characterFinished();
         });
-        Say(end == LifeEnd::MusteredOut ? tr("The character is finished. The statistics are already the next one's.")
+        Say(end == LifeEnd::MusteredOut ? WordsAtTheEnd()
                                         : tr("The character was scrapped. The statistics are the next one's."));
     });
     player_.Finish();  // a scrapped character's mustering out may still be open
@@ -242,8 +242,14 @@ void KVNGen::StartCareer() {
     history_.setFocus();
 }
 
+QString KVNGen::WordsAtTheEnd() const {
+    const auto& open = controller_.ended()->open;
+    return open.empty() ? tr("The character is finished. The statistics are already the next one's.")
+                        : tr("The character is finished. Still to decide: %1.").arg(ToQt(open));
+}
+
 void KVNGen::Say(const QString& text) {
-    status_.setText(text);
+    status_.Say(text);
 }
 
 void KVNGen::ShowAbout() {

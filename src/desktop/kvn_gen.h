@@ -18,6 +18,7 @@
 #include "ui/choice_combo.h"
 #include "ui/copy_list.h"
 #include "ui/dialog_player.h"
+#include "ui/elided_label.h"
 #include "ui/option_boxes.h"
 
 namespace korvane {
@@ -62,6 +63,8 @@ class KVNGen : public QMainWindow {
     void ShowState();
     void ShowLabels();
     void ShowDetails();
+    // What is said of a finished character.
+    QString WordsAtTheEnd() const;
     void Say(const QString& text);
 
     Session& session_;
@@ -95,7 +98,7 @@ class KVNGen : public QMainWindow {
     QLabel rivals_;
     QLabel medicalDebt_;
     ui::CopyList details_;
-    QLabel status_;
+    ui::ElidedLabel status_;
 };
 
 }  // namespace korvane

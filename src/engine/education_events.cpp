@@ -1,7 +1,7 @@
 #include "base/text.h"
 #include "character/checks.h"
 #include "engine/associates.h"
-#include "engine/education.h"
+#include "engine/courses.h"
 #include "engine/life_events.h"
 #include "engine/prison.h"
 #include "engine/skill_roll.h"

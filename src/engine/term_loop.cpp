@@ -41,10 +41,16 @@ void ChoosePreCareer(Session& session) {
     session.choice.automaticOnce = session.Automatic();  // as the persistent mode says anyway
     const auto picked = CarryOutRow(session.race.source, session.race.preCareerOptions[1],
                                     [&] { return Choose(session, "Select Pre-Career Education", options).text; });
-    if (picked == "University")
+    if (picked == kUniversity)
         AttendUniversity(session);
-    else if (picked == "Military Academy")
+    else if (picked == kMilitaryAcademy)
         AttendMilitaryAcademy(session);
+}
+
+// Who comes from the academy of the service begins there as an officer.
+void TakeUpCommission(Session& session) {
+    if (session.selection.career == session.character.AcademyService && session.career.commission != kNoCommission)
+        GrantCommission(session);
 }
 
 // Each skill of the career's first table at level 0.
@@ -59,6 +65,7 @@ void ServeOpeningTerm(Session& session) {
     GrantBackgroundSkills(session);
     ChoosePreCareer(session);
     Qualify(session);
+    TakeUpCommission(session);
     TrainBasics(session);
     RecordCareerServed(session, session.selection.career);
     AgeCharacter(session);

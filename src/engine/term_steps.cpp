@@ -2,6 +2,7 @@
 
 #include "character/checks.h"
 #include "character/summary.h"
+#include "data/known_names.h"
 #include "data/rule_row.h"
 #include "engine/transfer.h"
 #include "skills/grant.h"
@@ -64,7 +65,7 @@ void SeekCommission(Session& session) {
     }
     if (character.TermsTotal == 1)  // the first term of service is number 2: never here
         eligible = true;
-    if (session.career.commission == "No")
+    if (session.career.commission == kNoCommission)
         eligible = false;
     if (!eligible)
         return;
@@ -74,9 +75,13 @@ void SeekCommission(Session& session) {
     if (CarryOutRow(career.source, career.commission, [&] { return RollCheck(session, career.commission, modifier); }) <
         0)
         return;
+    GrantCommission(session);
+}
+
+void GrantCommission(Session& session) {
     AddHistory(session, "Commissioned");
-    character.Commissioned = 1;
-    character.Rank = kFirstOfficerRank;
+    session.character.Commissioned = 1;
+    session.character.Rank = kFirstOfficerRank;
     ShowSummary(session);
 }
 

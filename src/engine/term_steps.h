@@ -12,6 +12,9 @@ bool Survives(Session& session);
 // success.
 void SeekCommission(Session& session);
 
+// Makes the character an officer of the first grade.
+void GrantCommission(Session& session);
+
 // The advancement roll; in prison it is the parole roll, and a release leads to a transfer.
 void SeekAdvancement(Session& session);
 

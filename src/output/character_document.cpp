@@ -72,11 +72,27 @@ void AddBenefits(Json& document, const CharacterRecord& character) {
     document["careersServed"] = Texts(character.CareersServed);
 }
 
+// The education, and those who helped on the way: null or an empty list for none.
+void AddCompany(Json& document, const CharacterRecord& character) {
+    const auto text = [](const std::string& held) { return held.empty() ? Json() : Json(held); };
+    document["education"] = text(character.Education);
+    document["connections"] = Json::array();
+    for (const auto& connection : character.Connections)
+        document["connections"].push_back({{"skill", connection.skill}, {"with", text(connection.with)}});
+    document["package"] = text(character.SkillPackage);
+}
+
 }  // namespace
 
-std::string CharacterDocument(const Session& session) {
+std::string CharacterDocument(const Session& session, const DocumentLabels& labels) {
     const auto& character = session.character;
     Json document;
+    if (labels.name)
+        document["name"] = *labels.name;
+    if (labels.number)
+        document["number"] = *labels.number;
+    if (labels.seed)
+        document["seed"] = *labels.seed;
     document["race"] = Trim(session.selection.race);
     document["career"] = Trim(session.selection.career);
     document["assignment"] = Trim(session.selection.assignment);
@@ -86,6 +102,8 @@ std::string CharacterDocument(const Session& session) {
     AddBenefits(document, character);
     document["skills"] = Skills(character);
     document["history"] = Texts(character.History);
+    AddCompany(document, character);
+    document["open"] = OpenPoints(character);
     // A name that isn't UTF-8, from a file system that allows it, is shown as well as can be.
     return document.dump(-1, ' ', false, Json::error_handler_t::replace);
 }

@@ -1,13 +1,22 @@
 // The character document: a finished character as one JSON object.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
 #include "character/KVNDeclare.h"
 
 namespace korvane {
 
-// The document of the session's character, on one line, without a line end.
-std::string CharacterDocument(const Session& session);
+// What a document says of its character that the character doesn't know.
+struct DocumentLabels {
+    std::optional<std::string> name;
+    std::optional<std::uint64_t> number;  // of the character in its run
+    std::optional<std::uint64_t> seed;    // of the run's dice
+};
+
+// The document of the session's character, on one line, without a line end; the labels there are come first.
+std::string CharacterDocument(const Session& session, const DocumentLabels& labels = {});
 
 }  // namespace korvane

@@ -44,11 +44,15 @@ std::string CharacterText(const Session& session) {
     AppendAll(text, RankLabel(character, session.assignment), "\n");
     AppendAll(text, "Characteristics: ", CharacteristicsLine(character), "\n");
     AppendAll(text, "Skills: ", Joined(SkillLines(character, session.options[Option::SortSkillsByValue])), "\n");
+    if (!character.Education.empty())
+        AppendAll(text, "Education: ", character.Education, "\n");
     AppendAll(text, "Careers: ", Joined(lines(character.CareersServed)), "\n");
     AppendAll(text, "Benefits: ", Joined(lines(character.Benefits)), "\n");
     AppendAll(text, MoneyLine(character), "\n");
     AppendAll(text, AlliesLabel(character), ", ", EnemiesLabel(character), ", ", ContactsLabel(character), ", ",
               RivalsLabel(character), "\n");
+    if (const auto open = OpenPointsLine(character); !open.empty())
+        AppendAll(text, "Still to decide: ", open, "\n");
     AppendAll(text, "History:\n");
     int number = 0;
     for (const auto& line : character.History.lines())

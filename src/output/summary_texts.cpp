@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "base/text.h"
+#include "skills/grant.h"
 
 namespace korvane {
 
@@ -23,9 +24,20 @@ void AddModifier(std::vector<std::string>& lines, std::string_view roll, int mod
         lines.push_back(Concat("Next ", roll, ": ", SignedNumber(modifier)));
 }
 
-void AddEducation(std::vector<std::string>& lines, int graduated) {
-    if (graduated > 0)
-        lines.emplace_back(graduated == 1 ? "Graduated" : "Graduated with honours");
+void AddEducation(std::vector<std::string>& lines, const CharacterRecord& character) {
+    if (!character.Education.empty())
+        lines.push_back("Education: " + character.Education);
+    if (character.Graduated > 0)
+        lines.emplace_back(character.Graduated == 1 ? "Graduated" : "Graduated with honours");
+}
+
+// Who helped with which skills, and what the group's package was.
+void AddCompany(std::vector<std::string>& lines, const CharacterRecord& character) {
+    for (const auto& connection : character.Connections)
+        lines.push_back(
+            Concat("Connection: ", connection.skill, connection.with.empty() ? "" : ", with ", connection.with));
+    if (!character.SkillPackage.empty())
+        lines.push_back("Skill package: " + character.SkillPackage);
 }
 
 void AddCareers(std::vector<std::string>& lines, const CharacterRecord& character) {
@@ -123,8 +135,9 @@ std::vector<std::string> SkillLines(const CharacterRecord& character, bool sorte
 
 std::vector<std::string> DetailLines(const CharacterRecord& character) {
     std::vector<std::string> lines;
-    AddEducation(lines, character.Graduated);
+    AddEducation(lines, character);
     AddCareers(lines, character);
+    AddCompany(lines, character);
     if (character.ParoleThreshold > 0)
         lines.push_back(Concat("In prison; parole threshold ", character.ParoleThreshold));
     AddModifier(lines, "qualification", character.QualificationDM);
@@ -135,8 +148,34 @@ std::vector<std::string> DetailLines(const CharacterRecord& character) {
     AddMoney(lines, "Pension: ", character.Pension, "/year");
     for (const auto& benefit : character.Benefits.lines())
         lines.push_back(Concat("Benefit: ", benefit));
+    for (const auto& point : OpenPoints(character))
+        lines.push_back("Still to decide: " + point);
     AddHomeWorld(lines, character.HomeWorld);
     return lines;
+}
+
+std::vector<std::string> OpenPoints(const CharacterRecord& character) {
+    const auto open_speciality = Concat(" (", kPickLater, ")");
+    std::vector<std::string> points;
+    for (const auto* const skill : character.Skills.Held())
+        if (skill->Name.ends_with(open_speciality))
+            points.push_back(
+                Concat("the speciality of ",
+                       std::string_view(skill->Name).substr(0, skill->Name.size() - open_speciality.size()), "-",
+                       skill->Level));
+    for (const auto& line : character.LeftOpen.lines())
+        points.push_back(line);
+    if (character.MusterRolls > 0)
+        points.push_back(
+            Concat(character.MusterRolls, character.MusterRolls == 1 ? " benefit roll" : " benefit rolls"));
+    return points;
+}
+
+std::string OpenPointsLine(const CharacterRecord& character) {
+    std::string line;
+    for (const auto& point : OpenPoints(character))
+        AppendAll(line, line.empty() ? "" : ", ", point);
+    return line;
 }
 
 std::vector<std::string> WholeDetailLines(const Session& session) {

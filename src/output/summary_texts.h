@@ -27,6 +27,10 @@ std::vector<std::string> SkillLines(const CharacterRecord& character, bool sorte
 std::string HomeWorldText(const CharacterRecord& character);
 // What else there is to say about a character: education, careers, money, benefits and what waits for the next rolls.
 std::vector<std::string> DetailLines(const CharacterRecord& character);
+// What the character leaves to be decided at the table: specialities to be picked, rolls and picks not used.
+std::vector<std::string> OpenPoints(const CharacterRecord& character);
+// The same in one line, with commas; empty for nothing.
+std::string OpenPointsLine(const CharacterRecord& character);
 // The same after all that the panel and its labels show, for a character that no longer stands there.
 std::vector<std::string> WholeDetailLines(const Session& session);
 

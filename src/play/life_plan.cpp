@@ -1,11 +1,13 @@
 #include "play/life_plan.h"
 
+#include <memory>
 #include <random>
 #include <utility>
 
 #include "character/seams_guard.h"
 #include "data/known_names.h"
 #include "play/players.h"
+#include "play/sensible_player.h"
 
 namespace korvane::play {
 
@@ -22,7 +24,7 @@ RandomStream StreamFor(const LifePlan& plan, std::uint64_t number) {
 std::string Pick(RandomStream& stream, const std::string& wanted, const Names& names) {
     if (!wanted.empty())
         return wanted;
-    const auto* const any = AnyOf(stream, names, kPrisoner);
+    const auto* const any = AnyOf(stream, names, [](std::string_view name) { return name == kPrisoner; });
     return any == nullptr ? std::string() : *any;
 }
 
@@ -37,6 +39,18 @@ Picked PickSelection(Session& session, const LifePlan& plan, RandomStream& strea
     auto career = Pick(stream, plan.career, *session.data.CareerNames(race));
     auto assignment = Pick(stream, plan.assignment, *session.data.AssignmentNames(race, career));
     return {std::move(race), std::move(career), std::move(assignment)};
+}
+
+std::unique_ptr<Player> PlayerFor(const Session& session, const LifePlan& plan, RandomStream stream) {
+    switch (plan.player) {
+        case PlayerKind::Sensible:
+            return std::make_unique<SensiblePlayer>(session, stream, plan.terms);
+        case PlayerKind::Automatic:
+            return std::make_unique<PolicyPlayer>(session, stream, plan.terms);
+        case PlayerKind::Random:
+            break;
+    }
+    return std::make_unique<RandomPlayer>(stream);
 }
 
 LifeOutcome Run(Session& session, const journal::Recorder::Sink& journal) {
@@ -59,12 +73,10 @@ LifeOutcome Live(Session& session, const LifePlan& plan, std::uint64_t number, c
     SeededDice seeded(plan.seed.value_or(0), number);
     ClockDice clock;
     Dice& dice = plan.seed ? static_cast<Dice&>(seeded) : clock;
-    PolicyPlayer policy(stream, plan.terms);
-    RandomPlayer random(stream);
-    Player& player = plan.player == PlayerKind::Automatic ? static_cast<Player&>(policy) : random;
+    const auto player = PlayerFor(session, plan, stream);
     const SeamsGuard guard(session.seams);
     session.seams.dice = &dice;
-    session.seams.player = &player;
+    session.seams.player = player.get();
     Select(session, selection.race, selection.career, selection.assignment);
     return Run(session, journal);
 }

@@ -10,7 +10,7 @@
 
 namespace korvane::play {
 
-enum class PlayerKind { Automatic, Random };
+enum class PlayerKind { Sensible, Automatic, Random };
 
 struct LifePlan {
     // Empty: picked at random for each character, the career never "Prisoner".

@@ -6,8 +6,23 @@
 
 namespace korvane::play {
 
-const std::string* AnyOf(RandomStream& stream, const Names& names, std::string_view leftOut) {
-    const auto eligible = [&](const std::string& name) { return name != leftOut; };
+namespace {
+
+// A career with any of its assignments; nothing for no career.
+std::optional<TransferAnswer> TransferTo(RandomStream& stream, const std::string* career,
+                                         const TransferQuestion& question) {
+    if (career == nullptr)
+        return std::nullopt;
+    const auto assignments = question.assignmentsOf(*career);
+    const auto* const assignment = AnyOf(stream, *assignments);
+    return TransferAnswer{*career, assignment == nullptr ? std::string() : *assignment};
+}
+
+}  // namespace
+
+const std::string* AnyOf(RandomStream& stream, const Names& names,
+                         const std::function<bool(std::string_view)>& isLeftOut) {
+    const auto eligible = [&](const std::string& name) { return !isLeftOut || !isLeftOut(name); };
     const auto count = static_cast<int>(std::ranges::count_if(names, eligible));
     if (count == 0)
         return nullptr;
@@ -58,19 +73,10 @@ EndOfTermAnswer RandomPlayer::EndOfTerm(const EndOfTermQuestion& question) {
     return {static_cast<EndOfTermChoice>(stream_.Below(4) + 1), options};
 }
 
-std::optional<TransferAnswer> RandomPlayer::AnyTransfer(const TransferQuestion& question, std::string_view leftOut) {
-    const auto* const career = AnyOf(stream_, question.careers, leftOut);
-    if (career == nullptr)
-        return std::nullopt;
-    const auto assignments = question.assignmentsOf(*career);
-    const auto* const assignment = AnyOf(stream_, *assignments, "");
-    return TransferAnswer{*career, assignment == nullptr ? std::string() : *assignment};
-}
-
 std::optional<TransferAnswer> RandomPlayer::Transfer(const TransferQuestion& question) {
     if (stream_.Below(static_cast<int>(question.careers.size()) + 1) == 0)
         return std::nullopt;
-    return AnyTransfer(question, "");
+    return TransferTo(stream_, AnyOf(stream_, question.careers), question);
 }
 
 MusterPress RandomPlayer::Muster(const MusterQuestion& question) {
@@ -86,12 +92,22 @@ MusterPress RandomPlayer::Muster(const MusterQuestion& question) {
 }
 
 EndOfTermAnswer PolicyPlayer::EndOfTerm(const EndOfTermQuestion& question) {
-    const int terms_of_service = question.termsTotal - 1;
-    return {terms_of_service < terms_ ? EndOfTermChoice::ReEnlist : EndOfTermChoice::MusterOut, question.options};
+    return {HasServed(question.termsTotal) ? EndOfTermChoice::MusterOut : EndOfTermChoice::ReEnlist, question.options};
+}
+
+bool PolicyPlayer::HasServed(int termsTotal) const {
+    return termsTotal - 1 >= terms_;  // the opening term is no term of service
 }
 
 std::optional<TransferAnswer> PolicyPlayer::Transfer(const TransferQuestion& question) {
-    return AnyTransfer(question, kPrisoner);
+    if (HasServed(session_.character.TermsTotal))
+        return std::nullopt;
+    const auto& left = session_.selection.career;
+    const auto* career =
+        AnyOf(stream(), question.careers, [&](std::string_view name) { return name == kPrisoner || name == left; });
+    if (career == nullptr)
+        career = AnyOf(stream(), question.careers, [](std::string_view name) { return name == kPrisoner; });
+    return TransferTo(stream(), career, question);
 }
 
 MusterPress PolicyPlayer::Muster(const MusterQuestion& question) {

@@ -54,6 +54,10 @@ std::vector<std::string_view> PickBasicSkills(Session& session, int count, WhenA
 
 }  // namespace
 
+std::span<const std::string_view> BasicSkills() {
+    return kBasicSkills;
+}
+
 void SelectAnySkill(Session& session, int count) {
     for (const auto skill : PickBasicSkills(session, count, WhenAutomatic::Draw))
         GrantSkill(session, skill);

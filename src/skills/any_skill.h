@@ -2,11 +2,17 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string_view>
 
 #include "character/KVNDeclare.h"
 
 namespace korvane {
+
+inline constexpr std::string_view kJackOfAllTrades = "Jack of all Trades";
+
+// All of them, in the list's order.
+std::span<const std::string_view> BasicSkills();
 
 // Lets the player take `count` of the basic skills, one level each. Automatic mode always takes the first of the list,
 // "Admin", once.

@@ -28,6 +28,7 @@ struct Gain {
     std::string_view name;
     Count level = 1;
     Mode mode = Mode::Add;
+    std::optional<int> most = {};  // the level above which this gain raises nothing
 };
 
 // The side of the first " or " that the choice gives. The number is taken as it stands: drawn, it counts from 0, so the
@@ -100,13 +101,23 @@ const Speciality* SpecialitiesOf(const RaceRecord& race, std::string_view name) 
     return row == race.specialities.end() ? nullptr : &*row;
 }
 
-std::string_view ChooseSpeciality(Session& session, const Speciality& row) {
+// Whether a level may be added to what is held of a name, by a raise that stops at `most`.
+bool IsBelow(const CharacterRecord& character, std::string_view name, int most) {
+    const auto* const held = character.Skills.Find(name);
+    return held == nullptr || held->Level < most;
+}
+
+std::string_view ChooseSpeciality(Session& session, const Speciality& row, std::optional<int> most) {
     std::array<std::string_view, kMostSpecialities + 1> alternatives;
     std::size_t count = 0;
+    const auto add = [&](std::string_view speciality) {
+        if (!most || IsBelow(session.character, Concat(row.skill, " (", speciality, ")"), *most))
+            alternatives.at(count++) = speciality;
+    };
     for (const auto speciality : row.list)
         if (!speciality.empty())
-            alternatives.at(count++) = speciality;
-    alternatives.at(count++) = "Pick Later";
+            add(speciality);
+    add(kPickLater);
     return CarryOutRow(session.race.source, row.skill, [&] {
         return Choose(session, Concat("Select Specialty for ", row.skill), std::span(alternatives).first(count)).text;
     });
@@ -151,7 +162,7 @@ std::optional<std::string_view> ReplacementFor(Session& session, std::string_vie
 Verdict GainSkill(Session& session, Gain& gain, std::string& fullName) {
     if (gain.level > 0)
         if (const auto* const row = SpecialitiesOf(session.race, gain.name)) {
-            AppendAll(fullName, gain.name, " (", ChooseSpeciality(session, *row), ")");
+            AppendAll(fullName, gain.name, " (", ChooseSpeciality(session, *row, gain.most), ")");
             session.character.Skills.Free(gain.name);  // it is no longer held bare; its level stays in the slot
             gain.name = fullName;
         }
@@ -159,6 +170,12 @@ Verdict GainSkill(Session& session, Gain& gain, std::string& fullName) {
         return ImproveHeld(session, *level, gain);
     HoldNew(session, gain);
     return Verdict::Granted;
+}
+
+// Shows what a grant has changed.
+void ShowGains(Session& session) {
+    session.seams.display->SkillsChanged();
+    ShowSummary(session);
 }
 
 // Carries out a text whose alternatives are resolved, and, while the cap refuses it, what replaces it.
@@ -173,11 +190,30 @@ void GrantResolved(Session& session, std::string_view text) {
         const auto verdict = GainSkill(session, gain, full_name);
         next = verdict == Verdict::Refused ? ReplacementFor(session, gain.name, is_replacement) : std::nullopt;
     }
-    session.seams.display->SkillsChanged();
-    ShowSummary(session);
+    ShowGains(session);
 }
 
 }  // namespace
+
+bool MayRaiseSkill(const Session& session, std::string_view name, int most) {
+    const auto* const row = SpecialitiesOf(session.race, name);
+    if (row == nullptr)
+        return IsBelow(session.character, name, most);
+    const auto below = [&](std::string_view speciality) {
+        return IsBelow(session.character, Concat(name, " (", speciality, ")"), most);
+    };
+    return below(kPickLater) || std::ranges::any_of(row->list, [&](std::string_view speciality) {
+               return !speciality.empty() && below(speciality);
+           });
+}
+
+std::string RaiseSkill(Session& session, std::string_view name, int most) {
+    Gain gain{name, name, 1, Mode::Add, most};
+    std::string full_name;
+    GainSkill(session, gain, full_name);
+    ShowGains(session);
+    return std::string(gain.name);
+}
 
 void GrantSkill(Session& session, std::string_view text) {
     const std::string held(text);  // it may be the text of the last choice, which a question replaces

@@ -10,11 +10,15 @@
 // it.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "character/KVNDeclare.h"
 
 namespace korvane {
+
+// The speciality of a skill whose player has not made up their mind.
+inline constexpr std::string_view kPickLater = "Pick Later";
 
 // Carries out a skill string. Throws RuleError: type for a level that is no number, overflow for one that leaves 16
 // bits.
@@ -22,5 +26,11 @@ void GrantSkill(Session& session, std::string_view text);
 
 // The same for a field of a record: where it holds " or ", the chosen side replaces it until its file is loaded again.
 void GrantSkillOf(Session& session, std::string_view& field);
+
+// Whether a level can be added to the skill, or to one of its specialities, without going above `most`.
+bool MayRaiseSkill(const Session& session, std::string_view name, int most);
+// Adds a level to a skill that may rise; of its specialities only those that may are offered. Returns the name of what
+// was raised.
+std::string RaiseSkill(Session& session, std::string_view name, int most);
 
 }  // namespace korvane

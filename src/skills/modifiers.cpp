@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "base/text.h"
+#include "skills/any_skill.h"
 
 namespace korvane {
 
@@ -26,7 +27,7 @@ std::optional<int> BestSpeciality(const CharacterRecord& character, std::string_
 
 int UnskilledModifier(const CharacterRecord& character) {
     constexpr int kUnskilled = -3;
-    const auto* const jack = character.Skills.Find("Jack of all Trades");
+    const auto* const jack = character.Skills.Find(kJackOfAllTrades);
     return jack == nullptr ? kUnskilled : std::min(kUnskilled + jack->Level, 0);
 }
 

@@ -16,12 +16,13 @@ void Connect(const QPushButton& button, const std::function<void()>& action) {
 
 }  // namespace
 
-KVNExport::KVNExport(const QString& programTitle, const QStringList& templates, QWidget* parent)
+KVNExport::KVNExport(const QString& programTitle, const QStringList& templates, const QString& open, QWidget* parent)
     : QDialog(parent),
       nameLabel_(tr("&Name")),
       rollName_(tr("&Roll Name")),
       templatesLabel_(tr("&Template")),
       pdf_(tr("Write a &PDF file too")),
+      open_(tr("Still to decide: %1").arg(open)),
       export_(tr("&Export")),
       close_(tr("&Close")),
       end_(tr("E&xit Korvane")) {
@@ -36,6 +37,11 @@ KVNExport::KVNExport(const QString& programTitle, const QStringList& templates, 
     templates_.addItems(templates);
     templates_.setCurrentRow(0);
     pdf_.setObjectName("pdf");
+    open_.setObjectName("open");
+    open_.setTextFormat(Qt::PlainText);
+    open_.setWordWrap(true);
+    if (open.isEmpty())
+        open_.hide();
     export_.setObjectName("export");
     export_.setEnabled(!templates.isEmpty());
     export_.setDefault(true);
@@ -63,7 +69,8 @@ void KVNExport::LayOut() {
     auto* const buttons = new QHBoxLayout;
     for (auto* const button : {&export_, &close_, &end_})
         buttons->addWidget(button);
-    grid->addLayout(buttons, 3, 0, 1, 3);
+    grid->addWidget(&open_, 3, 0, 1, 3);
+    grid->addLayout(buttons, 4, 0, 1, 3);
     name_.setFocus();
     resize(fontMetrics().averageCharWidth() * 64, fontMetrics().lineSpacing() * 16);
 }

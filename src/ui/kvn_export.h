@@ -14,7 +14,8 @@ namespace korvane::ui {
 
 class KVNExport : public QDialog {
   public:
-    KVNExport(const QString& programTitle, const QStringList& templates, QWidget* parent);
+    // `open` is what the character still leaves to be decided; empty for nothing.
+    KVNExport(const QString& programTitle, const QStringList& templates, const QString& open, QWidget* parent);
 
     // What the buttons do. No exception may come out of them.
     std::function<void()> rollName;
@@ -36,6 +37,7 @@ class KVNExport : public QDialog {
     QLabel templatesLabel_;
     QListWidget templates_;
     QCheckBox pdf_;
+    QLabel open_;
     QPushButton export_;
     QPushButton close_;
     QPushButton end_;

@@ -12,8 +12,8 @@ namespace {
 constexpr std::array<const char*, kOptionCaptions.size()> kExplanations = {
     "Every choice is answered at random, without a dialog",
     "Neither a mishap nor an event ends the career",
-    "Read when the generation ends: the skills of the group's package",
-    "Read when the generation ends: two skills for connections with other characters",
+    "At the end of the life a package of skills is chosen, each at level 1 at least",
+    "At the end of the life two skills are raised, each by a connection with somebody",
     "The skill table of each term is chosen by a die",
     "Has no effect on advancement",
     "No skill that is held is raised above level 4",

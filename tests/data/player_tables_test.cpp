@@ -89,6 +89,24 @@ TEST(NameTables, WrongLinesAreRejectedWithTheirSentence) {
             << Complaint(ReadNameTables, kNames, part, other);
 }
 
+TEST(SkillPackages, WrongLinesAreRejectedWithTheirSentence) {
+    const std::string packages = "# ours\nPackage Crew\nPilot (J-Ship) or Gunner or Admin\nPackage Other\nBroker\n";
+    EXPECT_EQ(ReadSkillPackages(FileOf(packages)).packages.front().skills.front().size(), 3U);
+    const std::string skill = "a skill without a level, or several joined by \" or \", found ";
+    for (const auto& [part, other, complaint] :
+         std::vector<Wrong>{{"Package Crew", "Crew", ":2: expected a line \"Package NAME\", found \"Crew\""},
+                            {"Package Other", "package CREW",
+                             ":4: expected a package that wasn't given before, found \"package CREW\""},
+                            {"Package Crew", "Package A/B",
+                             ":2: expected the name of the package after \"Package\", without \"/\", found"},
+                            {"Broker\n", "", ":5: expected a skill of the package Other, found the end of the file"},
+                            {"Broker", "Broker=1", ":5: expected " + skill + "\"Broker=1\""},
+                            {"Broker", "Edu +1", ":5: expected " + skill + "\"Edu +1\""},
+                            {"Broker", "Art or  or Admin", ":5: expected " + skill}})
+        EXPECT_TRUE(Complaint(ReadSkillPackages, packages, part, other).starts_with(complaint))
+            << Complaint(ReadSkillPackages, packages, part, other);
+}
+
 TEST(WorldTables, RowsAreReadWithTheirShiftsAndTheOrderOfTheRolls) {
     const auto worlds = ReadWorldTables(FileOf(kWorlds));
     EXPECT_EQ(worlds.order, (std::array<std::size_t, 7>{1, 2, 3, 6, 5, 4, 0}));

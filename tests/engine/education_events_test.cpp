@@ -1,7 +1,7 @@
 // The event of a course, by the total of its roll.
 
 #include "engine/code_cases.h"
-#include "engine/education.h"
+#include "engine/courses.h"
 
 namespace korvane {
 namespace {

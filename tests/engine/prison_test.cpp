@@ -72,7 +72,7 @@ TEST_F(Prison, LeavesTheSelectionWhereTheListsDoNotHoldIt) {
 
 TEST_F(Prison, HoldsUntilTheParoleRollOrAnEscape) {
     Hold("Stealth", 1);
-    player.ExpectChoice("Select Pre-Career Education", "Enlist Immediately/University", 1);
+    player.ExpectChoice("Select Pre-Career Education", "Enlist Immediately/University/Military Academy", 1);
     dice.Expect({Rolled(2, 6, 12)});
     ExpectTerm({kEndurePrison, Rolled(2, 6, 8)});
     ExpectArrest(2, 8);

@@ -82,7 +82,7 @@ TEST_F(University, GraduatesWhoeverIsForcedToButGivesHonoursByTheRollAlone) {
 TEST_F(University, MayBeFinishedInPrison) {
     Give("Terms=0, CareerTerms=0, Benefits=0, Bonus=0");
     session.career.cashBenefit[2] = 4321;
-    player.ExpectChoice("Select Pre-Career Education", "Enlist Immediately/University", 2);
+    player.ExpectChoice("Select Pre-Career Education", "Enlist Immediately/University/Military Academy", 2);
     player.ExpectList("Select Level 0 Skill", both[0].options, {1}).ExpectList("Select Level 1 Skill", both[1].options, {10});
     player.ExpectTell(test::kPrisonNotice).ExpectMuster(MusterButton::Cash).ExpectMuster(MusterButton::Done).ExpectScrap();
     dice.Expect({TwoD6(7), TwoD6(4), TwoD6(2), D6(2), D6(5), TwoD6(7), TwoD6(12)});

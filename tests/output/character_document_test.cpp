@@ -43,12 +43,27 @@ TEST_F(Document, HoldsTheRecordInItsOrder) {
         R"("paroleThreshold":0,"musterRolls":0,"benefitRollsModifier":0,"musterBonusCount":0,)"
         R"("cash":20000,"cashRollsUsed":0,"pension":0,"medicalDebt":1250.5,)"
         R"("benefits":["Scout Ship"],"careersServed":["Army"],"skills":[{"name":"Admin","level":1}],)"
-        R"("history":["-- \"Term\" 1 --"]})");
+        R"("history":["-- \"Term\" 1 --"],)"
+        R"("education":null,"connections":[],"package":null,"open":[]})");
+    EXPECT_TRUE(CharacterDocument(session, {"Jo", 3, 7}).starts_with(R"({"name":"Jo","number":3,"seed":7,"race":)"));
+    record.Education = "University";
+    record.Connections = {{"Art (Pick Later)", "Ro (Ally)"}, {"Medic", ""}};
+    record.SkillPackage = "Embassy";
+    record.LeftOpen.Add("2 background skills");
+    record.MusterRolls = 1;
+    Hold("Art (Pick Later)", 1);
+    EXPECT_TRUE(CharacterDocument(session).ends_with(
+        R"x("education":"University","connections":[{"skill":"Art (Pick Later)","with":"Ro (Ally)"},)x"
+        R"({"skill":"Medic","with":null}],"package":"Embassy",)"
+        R"("open":["the speciality of Art-1","2 background skills","1 benefit roll"]})"));
     record.MedicalDebt = 150000;
     EXPECT_EQ(CharacterText(session),
               "Imperial Human, Army (Infantry), age 34, 4 terms\nRank:  Ensign  (O1)\nCharacteristics: Ki 24 (+0)\n"
-              "Skills: Admin-1\nCareers: Army\nBenefits: Scout Ship\nCash Cr20,000, medical debt Cr150,000\n"
-              "Allies: 0, Enemies: 0, Contacts: 2, Rivals: 0\nHistory:\n  1. -- \"Term\" 1 --\n");
+              "Skills: Art (Pick Later)-1, Admin-1\nEducation: University\nCareers: Army\nBenefits: Scout Ship\nCash "
+              "Cr20,000, medical debt Cr150,000\n"
+              "Allies: 0, Enemies: 0, Contacts: 2, Rivals: 0\n"
+              "Still to decide: the speciality of Art-1, 2 background skills, 1 benefit roll\nHistory:\n  1. -- "
+              "\"Term\" 1 --\n");
     EXPECT_NE(CharacterDocument(session).find(R"("medicalDebt":150000,)"), std::string::npos);
 }
 

@@ -213,7 +213,7 @@ TEST_F(Journal, ErrorsAreReplayedIntoTheSameError) {
 play::LifePlan AnyPlan(RandomStream& picks) {
     play::LifePlan plan;
     plan.seed = 11;
-    plan.player = picks.Below(2) == 0 ? play::PlayerKind::Automatic : play::PlayerKind::Random;
+    plan.player = static_cast<play::PlayerKind>(picks.Below(3));
     plan.method = picks.Below(2) == 0 ? RollingMethod::True2D : RollingMethod::Roll3Drop1;
     plan.terms = 1 + picks.Below(11);
     for (std::size_t i = 1; i < kOptionCaptions.size(); ++i)

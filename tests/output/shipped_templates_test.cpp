@@ -32,8 +32,9 @@ TEST(ShippedTemplates, LeaveNoTagVisible) {
     Display display;
     for (std::uint64_t seed = 1; seed <= 10; ++seed) {
         SeededDice dice(seed, 1);
-        play::PolicyPlayer player(RandomStream(seed), 9);
-        Session session(DataFolder(kRules), {&dice, &player, &display});
+        Session session(DataFolder(kRules), {&dice, nullptr, &display});
+        play::PolicyPlayer player(session, RandomStream(seed), 9);
+        session.seams.player = &player;
         session.masterSkills = LoadMasterSkills(kRules);
         session.options.Set(Option::AutomaticGeneration);
         const auto careers = *session.data.CareerNames("Imperial Human");

@@ -10,6 +10,7 @@ namespace korvane::test {
 World::World() : session(DataFolder(HeldPath(KORVANE_RULES)), {&dice, &player, &display}) {
     if (SelectStart(session, "Imperial Human", "Army", "Infantry"))
         throw std::logic_error("the shipped data has no infantry");
+    session.race.backgroundSkillCount = 0;
     character().CharacteristicCount = session.race.characteristicCount;
     for (int i = 1; i <= character().CharacteristicCount; ++i) {
         character().CharacteristicName[i] = session.race.characteristicName.at(static_cast<std::size_t>(i));

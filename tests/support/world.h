@@ -1,5 +1,6 @@
 // A session to try rules in: the shipped rule data, an "Imperial Human" in the "Army" ("Infantry") with 7 in each
-// characteristic and nothing else, scripted dice and a scripted player. Tests change the records as they need.
+// characteristic and nothing else, of a race without background skills, scripted dice and a scripted player. Tests
+// change the records as they need.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -16,10 +16,13 @@ class Controller : public test::World {
         session.seams = {&anyDice, &player, &controller};
         play::Select(session, "Imperial Human", "Army", "Infantry");
         controller.Roll(RollingMethod::True2D);
+        session.race.backgroundSkillCount = 0;
         session.character.QualificationDM = kAutomaticSuccess;
     }
     // The first term of service, up to the given dice, that ends in the player's answer.
-    void Begin() { player.ExpectChoice("Select Pre-Career Education", "Enlist Immediately/University", 1); }
+    void Begin() {
+        player.ExpectChoice("Select Pre-Career Education", "Enlist Immediately/University/Military Academy", 1);
+    }
 
     SeededDice anyDice{1, 1};
     GenerationController controller{session};

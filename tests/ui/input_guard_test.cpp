@@ -50,6 +50,7 @@ TEST_F(Guarded, WhatComesWithAnAnswerReachesNoWindowBehind) {
     });
     robot.ThenMessage("Scrap this character?", QMessageBox::Yes);
     session.character.QualificationDM = kAutomaticSuccess;
+    session.race.backgroundSkillCount = 0;
     desk.Click("startCareer");
 }
 
