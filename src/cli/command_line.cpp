@@ -97,10 +97,10 @@ CLI::Option* AddNumber(CLI::App& app, const std::string& name, Number& to, std::
 }
 
 void AddNameOptions(CLI::App& app, NameOrder& name) {
-    app.add_option_function<std::string>(
+    auto* const given = app.add_option_function<std::string>(
         "--name", [&name](const std::string& typed) { name.given = DecodeWord(typed); },
         "Name of the character, exactly as typed (a page's default: one is rolled)");
-    app.add_flag("--names", name.rolled, "Roll a name for each character, as for a page");
+    app.add_flag("--names", name.rolled, "Roll a name for each character, as for a page")->excludes(given);
 }
 
 void AddPageOptions(CLI::App& app, PageOrder& page) {

@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::size_t kMostPackages = 24;  // as many as a choice holds
 constexpr std::size_t kMostSkillsOfPackage = 20;
+constexpr std::size_t kMostAlternatives = 24;  // the same
 
 bool BeginsPackage(std::string_view line) {
     return EqualsIgnoringCase(SplitFirst(line, " ").first, "Package");
@@ -30,6 +31,15 @@ std::string_view ReadName(PlainLines& lines, const std::vector<SkillPackage>& be
     return name;
 }
 
+bool NamesSkill(std::string_view text) {
+    const auto mark = text.rfind('-');
+    const bool has_level =
+        mark != std::string_view::npos && text.find_first_not_of(" 0123456789", mark + 1) == std::string_view::npos;
+    return !IsBlank(text) && text.find_first_of("=+/") == std::string_view::npos && !has_level &&
+           !EndsIgnoringCase(text, " or") && !BeginsIgnoringCase(text, "or ") &&
+           Upper(text).find(" OR ") == std::string::npos;
+}
+
 // A skill, or several joined by " or ".
 std::vector<std::string_view> ReadSkill(const PlainLines& lines) {
     std::vector<std::string_view> alternatives;
@@ -37,8 +47,10 @@ std::vector<std::string_view> ReadSkill(const PlainLines& lines) {
     for (bool more = true; more;) {
         more = rest.find(" or ") != std::string_view::npos;
         const auto [skill, after] = SplitFirst(rest, " or ");
-        if (IsBlank(skill) || skill.find_first_of("=+/") != std::string_view::npos)
+        if (!NamesSkill(Trim(skill)))
             lines.Reject("a skill without a level, or several joined by \" or \"");
+        if (alternatives.size() == kMostAlternatives)
+            lines.Reject(Concat("at most ", kMostAlternatives, " skills to choose from"));
         alternatives.push_back(Trim(skill));
         rest = after;
     }

@@ -43,29 +43,22 @@ const Academy* PickAcademy(Session& session) {
     return academies[static_cast<std::size_t>(Choose(session, "Select Military Academy", services).place - 1)];
 }
 
-// Each skill of the service's table at level 0; what raises a characteristic isn't taught.
+// A skill of each row of the service's table at level 0; what raises a characteristic isn't taught.
 void TrainCadet(Session& session, std::string_view service) {
     // The text of the rows is the file's, which stays where it is while the rows are read.
     const auto career = session.data.Career(session.selection.race, service).record;
-    for (const auto row : std::span(career.serviceTable).subspan(1)) {
-        if (row.find('+') != std::string_view::npos)
-            continue;
-        CarryOutRow(career.source, row, [&] {
-            const auto [first, second] = SplitFirst(row, " or ");
-            GrantSkill(session, IsBlank(second) ? Concat(row, "-0") : Concat(first, "-0 or ", second, "-0"));
-        });
-    }
+    for (const auto row : std::span(career.serviceTable).subspan(1))
+        CarryOutRow(career.source, row, [&] { TrainSkill(session, row); });
 }
 
-// Whether the graduate goes into the service: at once when that is the career chosen, else if the player wants it.
+// Whether the graduate goes into the service: without a question when that is the career chosen.
 bool JoinsService(Session& session, std::string_view service) {
     if (session.character.ParoleThreshold > 0)
         return false;
     if (session.selection.career == service)
         return true;
-    return !session.Automatic() &&
-           session.seams.player->Ask(
-               {Concat("Enlist in the ", service, " as an officer, instead of the ", session.selection.career, "?")});
+    return AskYesNo(
+        session, {Concat("Enlist in the ", service, " as an officer, instead of the ", session.selection.career, "?")});
 }
 
 void ChangeToService(Session& session, std::string_view service) {

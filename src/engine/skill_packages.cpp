@@ -2,12 +2,15 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "base/error.h"
+#include "base/paths.h"
 #include "base/text.h"
+#include "data/rule_row.h"
 #include "skills/any_skill.h"
 #include "skills/choice.h"
 #include "skills/grant.h"
@@ -36,9 +39,17 @@ ListMarks DrawDifferent(Session& session, int count, int size) {
     return marks;
 }
 
-// A skill of the race's list at level 0, whatever level the list gives it.
-std::string AtLevelZero(std::string_view skill) {
-    return Concat(Trim(skill.substr(0, skill.find_first_of("-="))), "-0");
+// The rows of the race's list that name a skill, without those that only repeat one.
+std::vector<std::string_view> BackgroundSkills(const RaceRecord& race) {
+    std::vector<std::string_view> rows;
+    std::vector<std::vector<std::string_view>> named;
+    for (const auto row :
+         std::span(race.backgroundSkills).subspan(1, static_cast<std::size_t>(race.backgroundSkillCount)))
+        if (auto skills = SkillsIn(row); !skills.empty() && std::ranges::find(named, skills) == named.end()) {
+            rows.push_back(row);
+            named.push_back(std::move(skills));
+        }
+    return rows;
 }
 
 constexpr int kConnections = 2;
@@ -114,18 +125,20 @@ void GrantPackage(Session& session, const SkillPackage& package) {
 }
 
 // The packages of the data folder. A life that is told isn't lost for the want of them: what is wrong is told.
-std::vector<SkillPackage> PackagesOrNotice(Session& session) {
+std::optional<SkillPackages> PackagesOrNotice(Session& session) {
     try {
         if (const auto& file = session.data.Packages())
-            return file->packages;
+            return file;
         Tell(session, Concat("No skill package: the data folder has no ", kSkillPackagesFile));
     } catch (const FileError& error) {
         // Without the folder, which is another where the life is lived again.
-        auto told = std::string(error.what());
-        told.erase(0, told.rfind('/', told.find(kSkillPackagesFile)) + 1);
-        Tell(session, Concat("No skill package: ", told));
+        const auto folder = NativePath(session.data.location()).string();
+        std::string_view told = error.what();
+        if (told.starts_with(folder))
+            told.remove_prefix(folder.size());
+        Tell(session, Concat("No skill package: ", told.substr(told.find_first_not_of("/\\"))));
     }
-    return {};
+    return std::nullopt;
 }
 
 }  // namespace
@@ -135,9 +148,7 @@ int BackgroundSkillCount(const CharacterRecord& character) {
 }
 
 void GrantBackgroundSkills(Session& session) {
-    const auto& race = session.race;
-    const ListItems items(
-        std::span(race.backgroundSkills).subspan(1, static_cast<std::size_t>(race.backgroundSkillCount)));
+    const ListItems items(BackgroundSkills(session.race));
     const int count = std::min(BackgroundSkillCount(session.character), items.size());
     if (count == 0)
         return;
@@ -146,7 +157,7 @@ void GrantBackgroundSkills(Session& session) {
                            : AskForItems(session, count, count, Concat("Select ", count, " background skills"), items);
     for (std::size_t i = 0; i < items.texts().size(); ++i)
         if (marks[i])
-            GrantSkill(session, AtLevelZero(items.texts()[i]));
+            CarryOutRow(session.race.source, items.texts()[i], [&] { TrainSkill(session, items.texts()[i]); });
     LeaveOpen(session, count - static_cast<int>(marks.count()), "background skill", "background skills");
 }
 
@@ -170,16 +181,16 @@ void GrantConnections(Session& session) {
 void GrantSkillPackage(Session& session) {
     if (!session.options[Option::SelectSkillPackage])
         return;
-    const auto packages = PackagesOrNotice(session);
-    if (packages.empty()) {
+    const auto file = PackagesOrNotice(session);
+    if (!file) {
         LeaveOpen(session, 1, "skill package", "");
         return;
     }
     std::vector<std::string_view> names;
-    for (const auto& package : packages)
+    for (const auto& package : file->packages)
         names.push_back(package.name);
     const int place = Choose(session, "Select Skill Package", names).place;
-    GrantPackage(session, packages[static_cast<std::size_t>(place - 1)]);
+    GrantPackage(session, file->packages[static_cast<std::size_t>(place - 1)]);
 }
 
 }  // namespace korvane

@@ -23,8 +23,6 @@ namespace korvane {
 
 namespace {
 
-constexpr int kTermLimit = 10;
-
 enum class TermEnd { NextTerm, MusteredOut, Scrapped };
 
 void CountTerm(CharacterRecord& character) {

@@ -7,6 +7,9 @@
 
 namespace korvane {
 
+// The term after which a life musters out, whatever the player wants; one that prison took beyond it goes on.
+inline constexpr int kTermLimit = 10;
+
 enum class LifeEnd { MusteredOut, Scrapped };
 
 // Takes the character that was started from the opening term to the end of the last career. Throws RuleError for data

@@ -148,8 +148,6 @@ std::vector<std::string> DetailLines(const CharacterRecord& character) {
     AddMoney(lines, "Pension: ", character.Pension, "/year");
     for (const auto& benefit : character.Benefits.lines())
         lines.push_back(Concat("Benefit: ", benefit));
-    for (const auto& point : OpenPoints(character))
-        lines.push_back("Still to decide: " + point);
     AddHomeWorld(lines, character.HomeWorld);
     return lines;
 }
@@ -187,6 +185,8 @@ std::vector<std::string> WholeDetailLines(const Session& session) {
     for (auto* const label : {AlliesLabel, EnemiesLabel, ContactsLabel, RivalsLabel, MedicalDebtLabel})
         lines.push_back(label(character));
     std::ranges::move(DetailLines(character), std::back_inserter(lines));
+    for (const auto& point : OpenPoints(character))
+        lines.push_back("Still to decide: " + point);
     return lines;
 }
 

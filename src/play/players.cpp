@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "data/known_names.h"
+#include "engine/term_loop.h"
 
 namespace korvane::play {
 
@@ -96,7 +97,7 @@ EndOfTermAnswer PolicyPlayer::EndOfTerm(const EndOfTermQuestion& question) {
 }
 
 bool PolicyPlayer::HasServed(int termsTotal) const {
-    return termsTotal - 1 >= terms_;  // the opening term is no term of service
+    return termsTotal - 1 >= terms_ || termsTotal == kTermLimit;  // the opening term is no term of service
 }
 
 std::optional<TransferAnswer> PolicyPlayer::Transfer(const TransferQuestion& question) {

@@ -100,10 +100,10 @@ void Sense::TakeStock() {
     for (const auto& skill : session_.character.Skills.all())
         if (const auto place = PlaceOf(BareName(skill.Name)); place < kSkills)
             held_.at(place) = std::max<int>(held_.at(place), skill.Level);
-    if (career_ == session_.career.source.get() && assignment_ == session_.assignment.source.get())
+    if (career_ == session_.career.source && assignment_ == session_.assignment.source)
         return;
-    career_ = session_.career.source.get();
-    assignment_ = session_.assignment.source.get();
+    career_ = session_.career.source;
+    assignment_ = session_.assignment.source;
     rows_.fill(0);
     ForEachRow([&](std::string_view row) {
         if (const auto place = PlaceOf(BareName(row)); place < kSkills)

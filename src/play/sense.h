@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <memory>
 #include <span>
 #include <string_view>
 
@@ -40,8 +41,8 @@ class Sense {
     // rows of the career's tables teach it.
     std::array<int, kSkills> held_{};
     std::array<int, kSkills> rows_{};
-    const TextFile* career_ = nullptr;  // whose rows they are
-    const TextFile* assignment_ = nullptr;
+    std::shared_ptr<const TextFile> career_;  // whose rows they are
+    std::shared_ptr<const TextFile> assignment_;
 };
 
 }  // namespace korvane::play

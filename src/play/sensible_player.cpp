@@ -115,7 +115,8 @@ int SensiblePlayer::Choose(const ChoiceQuestion& question) {
             return own;
     if (title == "Heroism in Battle" && session().character.Commissioned == 0 &&
         session().character.Characteristic[kSoc] > 8)
-        return PlaceOf(question, "Automatic Commission");
+        if (const int commission = PlaceOf(question, "Automatic Commission"))
+            return commission;
     if (const auto* const answer = RowFor(kAnswers, title, &Answer::title))
         if (const int place = PlaceOf(question, answer->option))
             return place;

@@ -193,7 +193,42 @@ void GrantResolved(Session& session, std::string_view text) {
     ShowGains(session);
 }
 
+// A skill without the level that stands behind it. The mark of a level may be part of a name: "Engineer (M-Drive)".
+std::string_view WithoutLevel(std::string_view skill) {
+    const auto mark = skill.find_last_of("=-");
+    const bool has_level = mark != std::string_view::npos && mark > 0 &&
+                           skill.substr(mark + 1).find_first_not_of(" 0123456789") == std::string_view::npos;
+    return Trim(has_level ? skill.substr(0, mark) : skill);
+}
+
 }  // namespace
+
+std::vector<std::string_view> SkillsIn(std::string_view text) {
+    std::vector<std::string_view> skills;
+    for (bool more = true; more;) {
+        more = text.find(" or ") != std::string_view::npos;
+        const auto [side, rest] = SplitFirst(text, " or ");
+        for (const auto part : SplitAll(side, '/')) {
+            const auto skill = WithoutLevel(Trim(part));
+            const bool is_name = skill.find_first_not_of(" -=") != std::string_view::npos;
+            if (is_name && part.find('+') == std::string_view::npos && std::ranges::find(skills, skill) == skills.end())
+                skills.push_back(skill);
+        }
+        text = rest;
+    }
+    return skills;
+}
+
+void TrainSkill(Session& session, std::string_view text) {
+    const auto skills = SkillsIn(text);
+    if (skills.empty())
+        return;
+    const std::string name(skills.size() == 1 ? skills.front() : Choose(session, kTitle, skills).text);
+    Gain gain{name, name, 0};
+    std::string full_name;
+    GainSkill(session, gain, full_name);
+    ShowGains(session);
+}
 
 bool MayRaiseSkill(const Session& session, std::string_view name, int most) {
     const auto* const row = SpecialitiesOf(session.race, name);

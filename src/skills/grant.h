@@ -12,6 +12,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "character/KVNDeclare.h"
 
@@ -26,6 +27,12 @@ void GrantSkill(Session& session, std::string_view text);
 
 // The same for a field of a record: where it holds " or ", the chosen side replaces it until its file is loaded again.
 void GrantSkillOf(Session& session, std::string_view& field);
+
+// The names of the skills that a text joins by " or " or "/", each once and without its level; what raises a
+// characteristic is none.
+std::vector<std::string_view> SkillsIn(std::string_view text);
+// Has the character know a skill of a text, at level 0 when it is new: the player's choice where there are several.
+void TrainSkill(Session& session, std::string_view text);
 
 // Whether a level can be added to the skill, or to one of its specialities, without going above `most`.
 bool MayRaiseSkill(const Session& session, std::string_view name, int most);

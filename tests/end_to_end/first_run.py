@@ -70,6 +70,9 @@ def set_up(session: Session, rules: Path) -> Window:
 def begin_a_life(session: Session) -> None:
     """By keyboard: a No and then a Yes to the scrapping, and the window free again."""
     session.keys("ctrl+Return")
+    skills = meet(session, "background-skills", "OK")
+    expect(any("background skills" in text for text in skills.texts()), "a childhood taught something")
+    session.keys("Escape")
     choice = meet(session, "choice", "Enlist Immediately")
     session.keys("Escape")
     question = meet(session, "scrap", "Yes")

@@ -39,11 +39,12 @@ TEST_F(StepsBetween, BackgroundSkillsAreAsManyAsEducationAllows) {
         return BackgroundSkillCount(character());
     };
     EXPECT_EQ(Concat(asked(0), asked(2), asked(4), asked(7), asked(9), asked(15)), "112346");
-    GiveBackground({"Vacc Suit-0", "Drive", "J-Zero", "Admin=2"});
+    GiveBackground({"Engineer (M-Drive)=1", "Drive/Flyer-1", "-", "Str +1", "Pilot-0", "Pilot", "Admin=2"});
     SetCharacteristic(kEdu, 7);
-    player.ExpectListLimits("Select 3 background skills", 3, 3, {1, 2, 4});
+    player.ExpectListLimits("Select 3 background skills", 3, 3, {1, 2, 3})
+        .ExpectChoice("Select a Skill", "Drive/Flyer", 2);
     GrantBackgroundSkills(session);
-    EXPECT_EQ(History(), (Lines{"Admin-0", "Drive-0", "Vacc Suit-0"})) << "at level 0, whatever the list says";
+    EXPECT_EQ(History(), (Lines{"Admin-0", "Flyer-0", "Engineer (M-Drive)-0"})) << "at level 0, whatever the list says";
     player.ExpectListLimits("Select 3 background skills", 3, 3, {});
     GrantBackgroundSkills(session);
     EXPECT_EQ(LeftOpen(), Lines{"3 background skills"}) << "after Cancel";
@@ -134,8 +135,8 @@ class Academy : public test::World {
     // Enters the marines' academy with a 9, evades a war there, and graduates by the last roll.
     void Study(int graduation) {
         player.ExpectChoice("Select Military Academy", "Army/Marine/Navy", 2)
-            .ExpectChoice("Select a Skill", "Heavy Weapons-0/Explosives-0", 2)
-            .ExpectChoice("Select a Skill", "Melee (Blade)-0/Melee (Bludgeon)-0", 1);
+            .ExpectChoice("Select a Skill", "Heavy Weapons/Explosives", 2)
+            .ExpectChoice("Select a Skill", "Melee (Blade)/Melee (Bludgeon)", 1);
         dice.Expect({Rolled(2, 6, 9), Rolled(2, 6, 11), Rolled(2, 6, 9), Rolled(2, 6, graduation)});
     }
     // Lives until the first term's skill tables. Returns the lines after the first.

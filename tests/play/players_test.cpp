@@ -2,6 +2,7 @@
 
 #include "play/players.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include "base/checksum.h"
@@ -50,22 +51,31 @@ bool Owns(const CharacterRecord& character) {
     return character.Cash > 0 || character.Pension > 0 || !character.Benefits.empty();
 }
 
+bool TransfersOutOfTheLastTerm(const CharacterRecord& character) {
+    bool transfers = false;
+    for (const auto& line : character.History.lines())
+        transfers = line.starts_with("Transfer to ") || (transfers && !line.starts_with("------ Term "));
+    return transfers;
+}
+
 TEST_F(Lives, OfThePlayerOfSenseAreGoodToPlay) {
     int poor = 0;
     LifePlan plan;
     plan.player = PlayerKind::Sensible;
     plan.options.Set(Option::AddSkillsForConnections);
     plan.options.Set(Option::SelectSkillPackage);
-    LiveAll(plan, 1000, [&](const LifeOutcome& outcome) {
-        const auto& character = session.character;
-        EXPECT_TRUE(outcome.finished());
-        EXPECT_TRUE(OpenPoints(character).empty()) << OpenPointsLine(character);
-        EXPECT_GE(character.TermsTotal, 5);
-        EXPECT_EQ(character.Connections.size(), 2U);
-        EXPECT_FALSE(character.SkillPackage.empty());
-        poor += Owns(character) ? 0 : 1;
-    });
-    EXPECT_LT(poor, 10);
+    for (plan.terms = 1; plan.terms <= 12; ++plan.terms)
+        LiveAll(plan, 100, [&](const LifeOutcome& outcome) {
+            const auto& character = session.character;
+            EXPECT_TRUE(outcome.finished());
+            EXPECT_TRUE(OpenPoints(character).empty()) << OpenPointsLine(character);
+            EXPECT_GE(character.TermsTotal, std::min(plan.terms + 1, kTermLimit));
+            EXPECT_EQ(character.Connections.size(), 2U);
+            EXPECT_FALSE(character.SkillPackage.empty());
+            EXPECT_FALSE(TransfersOutOfTheLastTerm(character)) << plan.terms << " terms";
+            poor += Owns(character) ? 0 : 1;
+        });
+    EXPECT_LT(poor, 12);
 }
 
 TEST_F(Lives, OfThePolicyEndWhenTheirTermsAreServed) {

@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QImage>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QProcess>
@@ -47,8 +48,10 @@ class ExportTest : public ::testing::Test {
 };
 
 TEST_F(ExportTest, WritesThePageOfTheSelectedTemplate) {
+    desk.session.character.LeftOpen.Add("1 skill package");
     robot.Then("KVNExport", [&](QWidget& dialog) {
         EXPECT_EQ(dialog.windowTitle(), desk.window.windowTitle());
+        EXPECT_EQ(Child<QLabel>(dialog, "open").text(), "Still to decide: 1 skill package");
         const auto& templates = Child<QListWidget>(dialog, "templates");
         EXPECT_EQ(templates.count(), 3);
         EXPECT_EQ(templates.currentItem()->text(), "template-plain.htm") << "the first of them";

@@ -141,6 +141,8 @@ TEST_F(MainWindow, FinishedCharacterStaysInViewAndCanBeSorted) {
     EXPECT_EQ(desk.Shown("skills"), SkillLines(finished, false));
     EXPECT_EQ(desk.Shown("characteristics"), CharacteristicLines(session.character)) << "already the next one's";
     EXPECT_TRUE(desk.Shows("details", AgeLabel(finished)));
+    const auto open = "Still to decide: " + QString::fromStdString(OpenPointsLine(finished));
+    EXPECT_TRUE(test::Child<QLabel>(window, "status").text().contains(open)) << OpenPointsLine(finished);
     desk.Click("roll");
     Tick(Option::SortSkillsByValue);
     EXPECT_EQ(desk.Shown("skills"), SkillLines(finished, true)) << "still there";
