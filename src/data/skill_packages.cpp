@@ -19,10 +19,10 @@ bool BeginsPackage(std::string_view line) {
 
 std::string_view ReadName(PlainLines& lines, const std::vector<SkillPackage>& before) {
     if (lines.AtEnd() || !BeginsPackage(lines.Current()))
-        lines.Reject("a line \"Package NAME\"");
+        lines.Reject(R"(a line "Package NAME")");
     const auto name = Trim(SplitFirst(lines.Current(), " ").second);
     if (name.empty() || name.find('/') != std::string_view::npos)
-        lines.Reject("the name of the package after \"Package\", without \"/\"");
+        lines.Reject(R"(the name of the package after "Package", without "/")");
     if (std::ranges::any_of(before, [&](const SkillPackage& other) { return EqualsIgnoringCase(other.name, name); }))
         lines.Reject("a package that wasn't given before");
     if (before.size() == kMostPackages)
