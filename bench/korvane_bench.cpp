@@ -9,9 +9,12 @@
 #include "character/characteristics.h"
 #include "engine/selection.h"
 #include "engine/term_loop.h"
-#include "output/journal/recorder.h"
-#include "output/journal/replayer.h"
+#include "output/character_document.h"
+#include "output/journal/lines.h"
+#include "output/journal/read_journal.h"
+#include "output/journal/tape_deck.h"
 #include "play/life.h"
+#include "play/life_plan.h"
 #include "play/players.h"
 #include "play/sensible_player.h"
 
@@ -156,31 +159,77 @@ void ReadAllRuleFiles(benchmark::State& state) {
 }
 BENCHMARK(ReadAllRuleFiles);
 
+// Records the life of a soldier.
+journal::Tape RecordLife(Lives& lives) {
+    play::LifePlan plan;
+    plan.career = "Army";
+    plan.assignment = "Infantry";
+    plan.player = play::PlayerKind::Random;
+    journal::Tape tape;
+    for (std::uint64_t number = 1; tape.lines.size() < 150; ++number) {
+        plan.seed = Seed(number);
+        tape = {};
+        play::Live(lives.session, plan, number, &tape);
+    }
+    return tape;
+}
+
+void LiveAgain(Lives& lives, journal::Tape& tape) {
+    journal::TapeDeck deck(lives.session, tape, nullptr, nullptr);
+    play::LiveAgain(lives.session, tape, deck);
+}
+
+// Living a tape of some 150 lines again.
+void LiveTapeAgain(benchmark::State& state) {
+    Lives lives;
+    auto tape = RecordLife(lives);
+    for (auto _ : state)
+        LiveAgain(lives, tape);
+    state.counters["lines"] = static_cast<double>(tape.lines.size());
+}
+BENCHMARK(LiveTapeAgain);
+
+// Living it at first: its dice and answers come without a tape.
+void LiveTapeAtFirst(benchmark::State& state) {
+    Lives lives;
+    const auto tape = RecordLife(lives);
+    play::LifePlan plan;
+    plan.career = "Army";
+    plan.assignment = "Infantry";
+    plan.player = play::PlayerKind::Random;
+    plan.seed = tape.start.dice->seed;
+    for (auto _ : state)
+        play::Live(lives.session, plan, tape.start.dice->number);
+}
+BENCHMARK(LiveTapeAtFirst);
+
 // Reading a journal and living it again.
 void ReplayJournal(benchmark::State& state) {
     Lives lives;
-    std::string text;
-    int lines = 0;
-    const auto write = [&](std::string_view line) {
-        text.append(line).append("\n");
-        ++lines;
-    };
-    journal::Recorder recorder(write, lives.dice, lives.policy);
-    lives.session.seams = {&recorder, &recorder, &lives.display};
-    play::Select(lives.session, "Imperial Human", "Army", "Infantry");
-    recorder.Begin(lives.session);
-    StartNewCharacter(lives.session);
-    recorder.End(RunLife(lives.session));
+    const auto text = journal::JournalText(RecordLife(lives));
     for (auto _ : state) {
-        journal::Replayer replayer("journal", text);
-        lives.session.seams = {&replayer, &replayer, &lives.display};
-        play::Select(lives.session, "Imperial Human", "Army", "Infantry");
-        StartNewCharacter(lives.session);
-        replayer.ExpectEnd(RunLife(lives.session));
+        auto read = journal::ReadJournal("journal", text);
+        LiveAgain(lives, read.tape);
     }
-    state.counters["lines"] = lines;
 }
 BENCHMARK(ReplayJournal);
+
+// The journal and the document of a finished life, as text.
+void WriteJournal(benchmark::State& state) {
+    Lives lives;
+    const auto tape = RecordLife(lives);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(journal::JournalText(tape));
+}
+BENCHMARK(WriteJournal);
+
+void WriteDocument(benchmark::State& state) {
+    Lives lives;
+    RecordLife(lives);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(CharacterDocument(lives.session));
+}
+BENCHMARK(WriteDocument);
 
 }  // namespace
 }  // namespace korvane

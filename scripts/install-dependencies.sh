@@ -14,6 +14,8 @@ packages=(
     ccache              # makes repeated builds short
     nlohmann-json3-dev  # JSON: journals and character documents
     libcli11-dev        # the command line's arguments
+    nettle-dev          # digests: the seeds that are words, and what a journal proves
+    pkgconf             # finds it
     qt6-base-dev        # the desktop program's windows
     libqt6svg6          # draws its icon
     fonts-dejavu-core   # a font, where there is none

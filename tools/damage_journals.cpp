@@ -27,7 +27,7 @@ using Lines = std::vector<std::string>;
 
 Lines Record(Session& session, std::uint64_t number) {
     play::LifePlan plan;
-    plan.seed = 5;
+    plan.seed = Seed(5);
     plan.player = number % 2 == 0 ? play::PlayerKind::Automatic : play::PlayerKind::Random;
     Lines lines;
     play::Live(session, plan, number, [&](std::string_view line) { lines.emplace_back(line); });

@@ -77,7 +77,7 @@ class Camera {
 // A life that was lived automatically, shown in the window. Returns the finished character.
 CharacterRecord LiveInWindow(Session& session, KVNGen& window) {
     play::PolicyPlayer policy(session, RandomStream(kSeed), 6);
-    auto* const player = std::exchange(session.seams.player, &policy);
+    window.life().UsePlayer(policy);
     session.options.Set(Option::AutomaticGeneration);
     session.options.Set(Option::SortSkillsByValue);
     LoadCareer(session, "Imperial Human", "Scout");
@@ -85,7 +85,7 @@ CharacterRecord LiveInWindow(Session& session, KVNGen& window) {
     CharacterRecord finished;
     window.characterFinished = [&] { finished = session.character; };
     window.findChild<QPushButton*>("startCareer")->click();
-    session.seams.player = player;
+    window.life().UsePlayer(window.player());
     return finished;
 }
 
@@ -136,7 +136,6 @@ int Run(const QString& folder) {
     Session session(DataFolder(HeldPath(KORVANE_RULES)), {});
     ui::InputGuard guard;
     KVNGen window(session, guard);
-    session.seams = {&dice, &window.player(), &window.display()};
     session.programTitle = ProgramTitle(ProgramVersion(KORVANE_VERSION_MAJOR, KORVANE_VERSION_MINOR, 0));
     const Camera camera(QDir(folder).absolutePath());
     window.Load();

@@ -121,14 +121,14 @@ int Run() {
     ClockDice dice;
     Session session(DataFolder(HeldPath("")), {});
     ui::InputGuard guard;
-    KVNGen window(session, guard);
+    KVNGen window(session, guard, dice);
     WatchedPlayer player(session, window.player());
     const BoxWatcher boxes(player);
-    session.seams = {&dice, &player, &window.display()};
-    Exporter exporter(session, window, guard);
+    window.life().UsePlayer(player);
+    Exporter exporter(session, window, window.player(), guard);
     window.characterFinished = [&] {
         std::cerr << "finished" << std::endl;
-        exporter.Show();
+        return exporter.Show(window.life().tape());
     };
     DesktopWindows windows(session, window, guard);
     if (!StartUp(session, windows, "", QDate::currentDate().month()))

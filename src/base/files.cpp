@@ -16,6 +16,7 @@
 #include <utility>
 
 #include "base/checksum.h"
+#include "base/digest.h"
 #include "base/encoding.h"
 #include "base/error.h"
 #include "base/text.h"
@@ -185,19 +186,36 @@ std::string ReadBytes(const fs::path& path, std::string_view role, std::size_t m
 
 TextFile ReadTextFile(const HeldPath& path, std::string_view role) {
     const auto native = NativePath(path);
-    return {native.string(), DecodeText(ReadBytes(native, role))};
+    auto bytes = ReadBytes(native, role);
+    auto digest = Sha256Text(bytes);
+    return {native.string(), DecodeText(std::move(bytes)), std::move(digest)};
 }
 
-std::string ReadStandardInput(std::string_view role, std::size_t most) {
+std::string ReadStream(const fs::path& path, std::string_view role, std::size_t most) {
+    std::error_code error;
+    const bool is_input = path == "-";
+    const auto status = fs::status(path, error);
+    if (!is_input && !fs::is_fifo(status) && !fs::is_character_file(status))
+        return ReadBytes(path, role, most);
+    const std::string name = is_input ? "standard input" : path.string();
+    const Descriptor file(is_input ? "/dev/stdin" : path, O_RDONLY);
+    if (!file)
+        throw IoError(name, CannotRead(role), errno);
     std::string bytes;
     constexpr std::size_t kPiece = 65536;
-    while (std::cin) {
+    ssize_t got = 1;
+    while (got > 0) {
         const auto before = bytes.size();
         bytes.resize(before + kPiece);
-        std::cin.read(bytes.data() + before, kPiece);
-        bytes.resize(before + static_cast<std::size_t>(std::cin.gcount()));
+        got = read(file.number(), bytes.data() + before, kPiece);
+        if (got < 0 && errno == EINTR)
+            got = 1;
+        else if (got < 0)
+            throw IoError(name, CannotRead(role), errno);
+        else
+            bytes.resize(before + static_cast<std::size_t>(got));
         if (bytes.size() > most)
-            throw IoError("standard input", CannotRead(role), TooLarge(most));
+            throw IoError(name, CannotRead(role), TooLarge(most));
     }
     return bytes;
 }
@@ -233,7 +251,7 @@ void SyncFolder(const fs::path& folder) {
         syncfs(directory.number());
 }
 
-LineFile::LineFile(fs::path path, Sync sync) : path_(std::move(path)), sync_(sync) {
+LineFile::LineFile(fs::path path, Sync sync, std::size_t size) : path_(std::move(path)), sync_(sync) {
     std::error_code error;
     fs::create_directories(FolderOf(path_), error);
     if (const auto kind = fs::status(path_, error).type(); kind == fs::file_type::fifo || kind == fs::file_type::socket)
@@ -242,10 +260,13 @@ LineFile::LineFile(fs::path path, Sync sync) : path_(std::move(path)), sync_(syn
     if (descriptor_ < 0)
         throw IoError(path_.string(), "can't be written", errno);
     struct stat status {};
-    if (fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode) && status.st_size > 0) {
+    const bool is_file = fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode);
+    if (is_file && size == 0 && status.st_size > 0) {
         close(descriptor_);
         throw IoError(path_.string(), "can't be written", "it holds something already; name another file");
     }
+    if (is_file && size > 0)
+        CutTo(size);
     if (sync_ == Sync::Now)
         SyncDirectory(FolderOf(path_));
 }
@@ -255,14 +276,23 @@ LineFile::~LineFile() {
 }
 
 void LineFile::Write(std::string_view line) {
-    if (!WriteAll(descriptor_, Concat(line, "\n")) || (sync_ == Sync::Now && !SyncFile(descriptor_)))
-        throw IoError(path_.string(), "can't be written", errno);
+    Write(std::vector{std::string(line)});
 }
 
-void LineFile::Clear() {
-    // What isn't a file on a disk keeps what was written.
-    if (ftruncate(descriptor_, 0) != 0 && errno != EINVAL)
+void LineFile::Write(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const auto& line : lines)
+        AppendAll(text, line, "\n");
+    if (!WriteAll(descriptor_, text) || (sync_ == Sync::Now && !SyncFile(descriptor_)))
         throw IoError(path_.string(), "can't be written", errno);
+    size_ += text.size();
+}
+
+void LineFile::CutTo(std::size_t size) {
+    // What isn't a file on a disk keeps what was written.
+    if (ftruncate(descriptor_, static_cast<off_t>(size)) != 0 && errno != EINVAL)
+        throw IoError(path_.string(), "can't be written", errno);
+    size_ = size;
 }
 
 }  // namespace korvane

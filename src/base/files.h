@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/paths.h"
@@ -18,15 +19,15 @@ std::vector<std::string> ListFiles(const HeldPath& folder);
 
 // What a file may hold at most, in bytes.
 inline constexpr std::size_t kMostRuleFile = std::size_t{16} << 20U;
-inline constexpr std::size_t kMostJournal = std::size_t{256} << 20U;
+inline constexpr std::size_t kMostJournal = std::size_t{64} << 20U;
 
 // The bytes of a file, as they stand. `role` says what was looked for, as "a race file". Only a regular file is read:
 // IoError for anything else, for one that is larger than `most`, and for what the system refuses.
 std::string ReadBytes(const std::filesystem::path& path, std::string_view role, std::size_t most = kMostRuleFile);
 // The text of a file: UTF-8 or Windows-1252. Throws as above.
 TextFile ReadTextFile(const HeldPath& path, std::string_view role);
-// What comes from standard input, to its end. Throws IoError when that is more than `most` bytes.
-std::string ReadStandardInput(std::string_view role, std::size_t most);
+// The same for a file that may be a pipe too, which is read to its end; "-" is standard input.
+std::string ReadStream(const std::filesystem::path& path, std::string_view role, std::size_t most);
 
 // Whether what is written is on the disk when the call returns, or later: many files are brought there at once by
 // `SyncFolder`.
@@ -46,7 +47,9 @@ class LineFile {
   public:
     // Makes the file, with its folder; an empty one that is there is taken. Throws IoError for one that holds something
     // already, and for what the system refuses.
-    LineFile(std::filesystem::path path, Sync sync);
+    LineFile(std::filesystem::path path, Sync sync) : LineFile(std::move(path), sync, 0) {}
+    // Goes on with a file that is there after so many of its bytes; the others are dropped.
+    LineFile(std::filesystem::path path, Sync sync, std::size_t size);
     ~LineFile();
     LineFile(const LineFile&) = delete;
     LineFile& operator=(const LineFile&) = delete;
@@ -54,11 +57,16 @@ class LineFile {
     const std::filesystem::path& path() const { return path_; }
     // Each throws IoError when the system refuses it. `line` comes without its end.
     void Write(std::string_view line);
-    void Clear();
+    void Write(const std::vector<std::string>& lines);
+    // Drops all but so many bytes.
+    void CutTo(std::size_t size);
+    // What has been written, in bytes.
+    std::size_t size() const { return size_; }
 
   private:
     std::filesystem::path path_;
     Sync sync_;
+    std::size_t size_ = 0;
     int descriptor_ = -1;
 };
 

@@ -6,7 +6,8 @@
 
 namespace korvane {
 
-TextFile::TextFile(std::string name, std::string text) : name_(std::move(name)), text_(std::move(text)) {
+TextFile::TextFile(std::string name, std::string text, std::string digest)
+    : name_(std::move(name)), text_(std::move(text)), digest_(std::move(digest)) {
     for (auto end = text_.find('\n'); end != std::string::npos; end = text_.find('\n', end + 1))
         ends_.push_back(static_cast<std::uint32_t>(end));
     if (!text_.empty() && text_.back() != '\n')

@@ -13,11 +13,13 @@ namespace korvane {
 // line. Views of the lines hold as long as this object stays where it is.
 class TextFile {
   public:
-    // `name` is the native one, for messages; the text is UTF-8 and shorter than 4 GB.
-    TextFile(std::string name, std::string text);
+    // `name` is the native one, for messages; the text is UTF-8 and shorter than 4 GB; `digest` is that of the file's
+    // bytes.
+    TextFile(std::string name, std::string text, std::string digest = {});
 
     const std::string& name() const { return name_; }
     const std::string& text() const { return text_; }
+    const std::string& digest() const { return digest_; }
     int lines() const { return static_cast<int>(ends_.size()); }
     // The line of that number, from 1 to `lines()`.
     std::string_view line(int number) const;
@@ -27,6 +29,7 @@ class TextFile {
   private:
     std::string name_;
     std::string text_;
+    std::string digest_;
     std::vector<std::uint32_t> ends_;  // behind each line, where its LF stands or would
 };
 

@@ -2,6 +2,7 @@
 // It is made once, in `main`, and handed down by reference.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -75,6 +76,12 @@ struct Session {
 // Rolls dice; a count of 0 or less gives 0 and rolls nothing.
 inline int Roll(Session& session, int count, int sides) {
     return count > 0 ? session.seams.dice->Roll(count, sides) : 0;
+}
+
+// Notes that the life has loaded a rule file.
+inline void NoteFile(Session& session, const std::shared_ptr<const TextFile>& file) {
+    if (session.seams.observer != nullptr && file)
+        session.seams.observer->FileLoaded(*file);
 }
 
 // Shows a notice, whatever the mode.

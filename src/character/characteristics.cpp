@@ -55,6 +55,8 @@ void RollCharacteristics(Session& session) {
 }
 
 void StartNewCharacter(Session& session) {
+    if (session.seams.observer != nullptr)
+        session.seams.observer->CharacterBegins();
     auto& character = session.character;
     character.Clear();
     character.Age = session.race.startingAge;
@@ -62,6 +64,8 @@ void StartNewCharacter(Session& session) {
         character.CharacteristicName[i] = session.race.characteristicName.at(static_cast<std::size_t>(i));
     RollCharacteristics(session);
     RollHomeWorld(session);
+    if (session.seams.observer != nullptr)
+        session.seams.observer->CharacterStarted();
     ShowSummary(session);
 }
 

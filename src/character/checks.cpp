@@ -17,7 +17,11 @@ int CheckTarget(std::string_view check) {
 int RollCheck(Session& session, std::string_view check, int dm) {
     const auto slot = static_cast<int>(CharacterPosition(check, '+'));
     const int roll = Roll(session, 2, 6);
-    return roll + dm + session.character.CharacteristicDM[slot] - CheckTarget(check);
+    const int own = session.character.CharacteristicDM[slot];
+    const int effect = roll + dm + own - CheckTarget(check);
+    if (session.seams.observer != nullptr)
+        session.seams.observer->CheckRolled(check, own, dm, effect);
+    return effect;
 }
 
 bool CheckStat(Session& session, std::string_view check) {

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <string_view>
 
+#include "base/text_file.h"
+
 namespace korvane {
 
 class Display {
@@ -21,12 +23,20 @@ class Display {
     virtual void ControlsLocked(bool /*locked*/) noexcept {}
 };
 
-// For those who count what the rules do.
+// For those who note what the rules do.
 class Observer {
   public:
     virtual ~Observer() = default;
     // The row of a code was carried out; `row` is its place in the chain of that name, from 0.
-    virtual void CarriedOut(std::string_view chain, std::size_t row) = 0;
+    virtual void CarriedOut(std::string_view /*chain*/, std::size_t /*row*/) {}
+    // A new character is about to be started.
+    virtual void CharacterBegins() {}
+    // It was started; what follows isn't its beginning any more.
+    virtual void CharacterStarted() {}
+    // A check was rolled: its string, the modifier of the character, that of the moment, and by how much it was made.
+    virtual void CheckRolled(std::string_view /*check*/, int /*own*/, int /*once*/, int /*effect*/) {}
+    // A rule file was loaded for the life.
+    virtual void FileLoaded(const TextFile& /*file*/) {}
 };
 
 }  // namespace korvane

@@ -45,6 +45,7 @@ void RollHomeWorld(Session& session) {
     const auto& worlds = session.data.HomeWorlds();
     if (!worlds)
         return;
+    NoteFile(session, worlds->source);
     std::array<Shifts, kWorldTableNames.size()> shifts;
     for (const auto table : worlds->order) {
         const auto& row = RowOf(worlds->tables.at(table), shifts.at(table).Shifted(Roll(session, 2, 6)));

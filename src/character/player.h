@@ -130,4 +130,29 @@ class Player {
 // Thrown by a player who scraps the character at a question; the generation ends as by "Scrap and Restart".
 struct CharacterScrapped {};
 
+// A question that the player has answered: how much of the history was written when it was asked, and in which term.
+struct Moment {
+    std::size_t history = 0;
+    int term = 0;
+};
+// Thrown by a player who goes back to a question that was answered, by its place among those: it is asked again, and
+// what came after it never happened.
+struct WentBack {
+    std::size_t moment = 0;
+};
+// Thrown by a player who takes the last step back back.
+struct WentForward {};
+
+// What a player may do beside answering.
+class LifeSteps {
+  public:
+    virtual ~LifeSteps() = default;
+    // The questions that were answered, before the one that is asked.
+    virtual std::size_t MomentCount() const = 0;
+    virtual Moment MomentAt(std::size_t place) const = 0;
+    virtual bool MayGoForward() const = 0;
+
+    bool MayGoBack() const { return MomentCount() > 0; }
+};
+
 }  // namespace korvane

@@ -38,9 +38,9 @@ void LiveAll(const CodesCommand& command, Counter& counter, std::map<std::string
                     {nullptr, nullptr, &display, &counter});
     for (std::uint64_t number = 1; number <= command.count; ++number) {
         play::LifePlan plan;
-        plan.seed = command.seed;
+        plan.seed = command.seed.value_or(Seed(1));
         plan.player = number % 2 == 0 ? play::PlayerKind::Automatic : play::PlayerKind::Random;
-        const auto outcome = play::Live(session, plan, number, {});
+        const auto outcome = play::Live(session, plan, number);
         if (outcome.endedInFileError())
             std::rethrow_exception(outcome.cause);
         if (!outcome.end)

@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <limits>
 #include <sstream>
 #include <unistd.h>
 
@@ -24,7 +23,6 @@ struct RawOptions {
 };
 
 constexpr std::uint64_t kMostLives = 1'000'000'000;
-constexpr std::uint64_t kAnyNumber = std::numeric_limits<std::uint64_t>::max();
 
 template <typename Texts>
 std::string Listed(const Texts& texts) {
@@ -65,9 +63,6 @@ Format FormatNamed(const std::string& name) {
 void Assign(std::uint64_t& to, std::uint64_t number) {
     to = number;
 }
-void Assign(std::optional<std::uint64_t>& to, std::uint64_t number) {
-    to = number;
-}
 void Assign(int& to, std::uint64_t number) {
     to = static_cast<int>(number);
 }
@@ -94,6 +89,17 @@ CLI::Option* AddNumber(CLI::App& app, const std::string& name, Number& to, std::
         Assign(to, number);
     };
     return app.add_option_function<std::string>(name, take, help)->type_name("NUMBER");
+}
+
+void AddSeed(CLI::App& app, std::optional<Seed>& seed, const std::string& help) {
+    const auto take = [&seed](const std::string& text) {
+        try {
+            seed.emplace(DecodeWord(text));
+        } catch (const UsageError& error) {
+            throw CLI::ValidationError("--seed", error.what());
+        }
+    };
+    app.add_option_function<std::string>("--seed", take, help)->type_name("SEED");
 }
 
 void AddNameOptions(CLI::App& app, NameOrder& name) {
@@ -134,8 +140,8 @@ void AddGenerate(CLI::App& app, GenerateCommand& command, RawOptions& raw) {
     AddNumber(app, "--terms", plan.terms, 1, 100,
               "Terms of service before mustering out (not the random player; default: 4)");
     AddNumber(app, "--count", command.count, 1, kMostLives, "Number of characters (default: 1)");
-    AddNumber(app, "--seed", plan.seed, 0, kAnyNumber,
-              "Repeats a run exactly: character i depends on the seed and i alone");
+    AddSeed(app, plan.seed,
+            "A number or a word that repeats a run exactly: character i depends on the seed and i alone");
     app.add_option("--player", raw.player,
                    "Who answers: somebody of sense (default), automatic generation, or a random answer to each dialog")
         ->check(CLI::IsMember({"sensible", "automatic", "random"}));
@@ -150,11 +156,12 @@ void AddGenerate(CLI::App& app, GenerateCommand& command, RawOptions& raw) {
 
 void AddPlay(CLI::App& app, PlayCommand& command, RawOptions& raw) {
     AddSelection(app, command.data, command.race, command.career, command.assignment, raw);
-    app.add_option("--journal", command.journal, "File for the character's journal");
+    AddSeed(app, command.seed, "A number or a word that the dice come from, so that the life can be proved");
+    app.add_option("--journal", command.journal, "File for the character's journal; an unfinished one is gone on with");
 }
 
 void AddReplay(CLI::App& app, ReplayCommand& command, RawOptions& raw) {
-    app.add_option("JOURNAL", command.journal, "The journal to replay; \"-\" for standard input")->required();
+    app.add_option("JOURNAL", command.journals, "The journals to replay; \"-\" for standard input")->required();
     app.add_option("--data", command.data, "Folder of the rule data that the journal was made with");
     app.add_option("--format", raw.format, "What is printed of the character")
         ->check(CLI::IsMember({"text", "json", "html"}))
@@ -164,12 +171,21 @@ void AddReplay(CLI::App& app, ReplayCommand& command, RawOptions& raw) {
     AddPageOptions(app, command.page);
 }
 
+void AddVerify(CLI::App& app, VerifyCommand& command, RawOptions& raw) {
+    app.add_option("JOURNAL", command.journals, "The journals; \"-\" for standard input")->required();
+    app.add_option("--data", command.data, "Folder of the rule data that the lives were lived with");
+    AddSeed(app, command.seed, "The seed that the dice must come from");
+    app.add_option("--format", raw.format, "How the verdicts are printed")
+        ->check(CLI::IsMember({"text", "json"}))
+        ->capture_default_str();
+}
+
 void AddCodes(CLI::App& app, CodesCommand& command) {
     app.add_option("--data", command.data,
                    "Folder of the rule data (default: the configured one, else the shipped rules)");
     AddNumber(app, "--count", command.count, 0, kMostLives,
               "Live so many lives and count how often each code is carried out");
-    AddNumber(app, "--seed", command.seed, 0, kAnyNumber, "Seed of the lives (default: 1)");
+    AddSeed(app, command.seed, "Seed of the lives (default: 1)");
     app.add_flag("--describe", command.describe, "Say what each code does, as a page in Markdown");
 }
 
@@ -199,6 +215,8 @@ void Check(GenerateCommand& command, const RawOptions& raw) {
 void Check(ReplayCommand& command, const RawOptions& raw) {
     command.format = FormatNamed(raw.format);
     CheckPages(command.format, command.page, command.outFolder);
+    if (std::ranges::count(command.journals, "-") > 1)
+        throw UsageError(R"(standard input, "-", holds one journal alone)");
     if (command.format != Format::Html && !command.outFolder.empty())
         throw UsageError(R"("--out" goes with "--format html" alone)");
 }
@@ -223,15 +241,18 @@ int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
     GenerateCommand generate;
     PlayCommand play;
     ReplayCommand replay;
+    VerifyCommand verify;
     CodesCommand codes;
     auto* const generate_app = app.add_subcommand("generate", "Generate characters without a person");
     auto* const play_app = app.add_subcommand("play", "Play a character's life at the terminal");
     auto* const replay_app = app.add_subcommand("replay", "Play a journal again, die by die");
+    auto* const verify_app = app.add_subcommand("verify", "Say whether journals were honestly lived");
     auto* const codes_app = app.add_subcommand("codes", "List the codes of mishaps and events");
     AddCodes(*codes_app, codes);
     AddGenerate(*generate_app, generate, raw);
     AddPlay(*play_app, play, raw);
     AddReplay(*replay_app, replay, raw);
+    AddVerify(*verify_app, verify, raw);
     auto words = Words(arguments);
     std::ranges::reverse(words);  // as the library wants them
     try {
@@ -250,6 +271,10 @@ int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
         play.method = MethodNamed(raw.method);
         play.options = OptionsNamed(raw.options);
         return Play(play, streams);
+    }
+    if (verify_app->parsed()) {
+        verify.format = FormatNamed(raw.format);
+        return Verify(verify, streams);
     }
     if (codes_app->parsed())
         return Codes(codes, streams);

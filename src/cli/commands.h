@@ -21,6 +21,7 @@ struct Streams {
     std::istream& in;
     std::ostream& out;
     std::ostream& err;
+    int width = 0;  // of the terminal that the output goes to, in characters; 0 for none
 };
 
 enum class Format { Text, Json, Html, None };
@@ -53,12 +54,13 @@ struct PlayCommand {
     std::string assignment;
     RollingMethod method = RollingMethod::True2D;
     Options options;
-    std::string journal;  // empty: none
+    std::optional<Seed> seed;  // none: the clock's dice
+    std::string journal;       // empty: none
 };
 int Play(const PlayCommand& command, Streams& streams);
 
 struct ReplayCommand {
-    std::string journal;
+    std::vector<std::string> journals;  // "-" for standard input
     std::string data;
     Format format = Format::Text;
     NameOrder name;
@@ -67,12 +69,21 @@ struct ReplayCommand {
 };
 int Replay(const ReplayCommand& command, Streams& streams);
 
+// Says of each journal whether its life was honestly lived.
+struct VerifyCommand {
+    std::vector<std::string> journals;
+    std::string data;
+    std::optional<Seed> seed;  // that the dice must be of
+    Format format = Format::Text;
+};
+int Verify(const VerifyCommand& command, Streams& streams);
+
 // Lists the codes that rule data may carry, in their order; with a count, how often lives carried each out; or
 // describes them, as docs/codes.md does.
 struct CodesCommand {
     std::string data;
     std::uint64_t count = 0;
-    std::uint64_t seed = 1;
+    std::optional<Seed> seed;
     bool describe = false;
 };
 int Codes(const CodesCommand& command, Streams& streams);

@@ -8,6 +8,7 @@
 #include "cli/commands.h"
 #include "cli/data_choice.h"
 #include "cli/rendering.h"
+#include "output/journal/lines.h"
 
 namespace korvane::cli {
 
@@ -111,11 +112,10 @@ class Generator {
     // A journal is written also for a life that an error ends.
     play::LifeOutcome LiveJournaled(std::uint64_t number) {
         if (command_.journalFolder.empty())
-            return play::Live(session_, command_.plan, number, {});
-        std::string journal;
-        auto outcome = play::Live(session_, command_.plan, number,
-                                  [&journal](std::string_view line) { AppendAll(journal, line, "\n"); });
-        ReplaceFile(FileName(command_.journalFolder, number, ".jsonl"), journal, Sync::Later);
+            return play::Live(session_, command_.plan, number);
+        journal::Tape tape;
+        auto outcome = play::Live(session_, command_.plan, number, &tape);
+        ReplaceFile(FileName(command_.journalFolder, number, ".jsonl"), journal::JournalText(tape), Sync::Later);
         return outcome;
     }
     void Show(std::uint64_t number) {
@@ -138,7 +138,8 @@ class Generator {
     }
 
     void ShowText(std::uint64_t number) {
-        const auto text = Rendered(session_, command_.format, {NameOf(number), number, command_.plan.seed});
+        const auto text =
+            Rendered(session_, command_.format, {NameOf(number), number, Origin{command_.plan.seed, number}, 0});
         if (!command_.outFolder.empty()) {
             ReplaceFile(FileName(command_.outFolder, number, command_.format == Format::Json ? ".json" : ".txt"), text,
                         Sync::Later);

@@ -1,17 +1,16 @@
 #include <exception>
+#include <memory>
 #include <optional>
 
 #include "base/error.h"
-#include "base/files.h"
 #include "base/text.h"
 #include "character/characteristics.h"
 #include "cli/commands.h"
 #include "cli/data_choice.h"
 #include "cli/terminal_player.h"
 #include "output/character_text.h"
-#include "output/journal/recorder.h"
 #include "output/summary_texts.h"
-#include "play/life.h"
+#include "play/kept_journal.h"
 
 namespace korvane::cli {
 
@@ -21,7 +20,7 @@ namespace {
 std::string Pick(TerminalPlayer& player, std::string_view title, const std::string& wanted, const Names& names) {
     if (!wanted.empty() || names.empty())
         return wanted;
-    return names[static_cast<std::size_t>(player.PickName(title, names, false) - 1)];
+    return names[static_cast<std::size_t>(player.PickName(title, names) - 1)];
 }
 
 void Select(Session& session, const PlayCommand& command, TerminalPlayer& player) {
@@ -32,79 +31,127 @@ void Select(Session& session, const PlayCommand& command, TerminalPlayer& player
                  Pick(player, "Assignment", command.assignment, *data.AssignmentNames(race, career)));
 }
 
-// The journal of a life that is played: each line is in the file before the next question comes. What the disk refuses
-// is told once, and the life goes on without it.
-class PlayedJournal {
-  public:
-    PlayedJournal(const std::string& path, std::ostream& err) : err_(err) {
-        if (!path.empty())
-            file_.emplace(path, Sync::Now);
-    }
-
-    void Write(std::string_view line) {
-        Try([&] { file_->Write(line); });
-    }
-    void BeginAnew() {
-        Try([&] { file_->Clear(); });
-    }
-    // Whether all of it was kept.
-    bool whole() const { return whole_; }
-
-  private:
-    template <typename Action>
-    void Try(const Action& action) {
-        if (!file_)
-            return;
-        try {
-            action();
-        } catch (const IoError& error) {
-            whole_ = false;
-            file_.reset();
-            err_ << "korvane-cli: file error: " << error.what() << "; the life goes on, its journal ends here\n";
-        }
-    }
-
-    std::ostream& err_;
-    std::optional<LineFile> file_;
-    bool whole_ = true;
-};
-
-// Rolls characters until the player starts with one. The journal begins anew with each.
-void RollCharacter(Session& session, journal::Recorder& recorder, PlayedJournal& journal, TerminalPlayer& player,
-                   std::ostream& out) {
+// Rolls characters until the player starts with one.
+void RollCharacter(Session& session, TerminalPlayer& player, std::ostream& out) {
     int answer = 2;
     while (answer == 2) {
-        journal.BeginAnew();
-        recorder.Begin(session);
         StartNewCharacter(session);
         out << '\n';
         for (const auto& line : CharacteristicLines(session.character))
             out << line << '\n';
-        answer = player.PickLine("Statistics", {{"Start Career"}, {"Roll"}}, false);
+        answer = player.PickLine("Statistics", {{"Start Career"}, {"Roll"}});
     }
 }
+
+class PlayedLife {
+  public:
+    PlayedLife(const PlayCommand& command, Streams& streams)
+        : command_(command),
+          streams_(streams),
+          out_(streams.out, streams.width),
+          session_(DataFolder(ChooseDataLocation(command.data)), {nullptr, nullptr, nullptr}),
+          display_(session_, out_),
+          player_(session_, streams.in, out_),
+          life_(session_, dice_, player_) {
+        session_.seams.display = &display_;
+        if (command.seed)
+            life_.UseSeed(*command.seed);
+        player_.steps = &life_;
+        player_.goingElsewhere = [this] { display_.Hush(); };
+        life_.cameBack = [this] { display_.GoOn(); };
+        life_.recorded = [this](const journal::Line& line) { display_.ShowDice(line); };
+        life_.checkRolled = [this](std::string_view check, int own, int once, int effect) {
+            display_.ShowCheck(check, own, once, effect);
+        };
+        life_.goesOn = [this](const journal::Divergence& divergence) {
+            display_.GoOn();
+            out_.Write(Concat("\n", divergence.what(), "\nThe rules have changed since then.\n"));
+            const bool goes_on = player_.Ask({"Go on from the last answer that fits?", {}, Icon::Question, true});
+            display_.Hush();
+            return goes_on;
+        };
+    }
+
+    int Run() {
+        const auto unfinished = OpenJournal();
+        const auto finished = [this] {
+            out_.Write("\n" + CharacterText(session_));
+            streams_.out << std::flush;
+            return false;
+        };
+        try {
+            const auto outcome = unfinished ? GoOn(*unfinished, finished) : Begin(finished);
+            if (outcome.cause)
+                std::rethrow_exception(outcome.cause);
+            return !journal_ || journal_->whole() ? kSuccess : kFailure;
+        } catch (const PlayerQuit&) {
+            if (journal_)
+                out_.Write(
+                    Concat("\nThe life is kept in ", command_.journal, ". Go on with it by the same command.\n"));
+            return kSuccess;
+        }
+    }
+
+  private:
+    void Report(const std::string& error) {
+        streams_.err << "korvane-cli: file error: " << error << "; the life goes on, its journal ends here\n";
+    }
+
+    // Before the first question, as a journal that can't be kept is no news for the end of a life. Returns the life
+    // that is to be gone on with.
+    std::optional<journal::Journal> OpenJournal() {
+        if (command_.journal.empty())
+            return std::nullopt;
+        const std::filesystem::path path(command_.journal);
+        const auto report = [this](const std::string& error) { Report(error); };
+        std::error_code error;
+        if (std::filesystem::is_regular_file(path, error) && std::filesystem::file_size(path, error) > 0) {
+            auto journal = play::ReadJournalFile(path);
+            if (!journal.tape.end && WantsToGoOn(journal)) {
+                journal_.emplace(path, journal, report);
+                life_.keeper = &*journal_;
+                return journal;
+            }
+        }
+        journal_.emplace(path, report);
+        life_.keeper = &*journal_;
+        return std::nullopt;
+    }
+    bool WantsToGoOn(const journal::Journal& journal) {
+        out_.Write(Concat("\n", command_.journal, " holds a life that isn't finished: ", journal.tape.start.race, ", ",
+                          journal.tape.start.career, ", ", journal.tape.lines.size(), " lines.\n"));
+        return player_.Ask({"Go on with it?"});
+    }
+
+    play::LifeOutcome Begin(const play::RecordedLife::Finished& finished) {
+        session_.method = command_.method;
+        session_.options = command_.options;
+        Select(session_, command_, player_);
+        RollCharacter(session_, player_, streams_.out);
+        player_.BeginLife();
+        return life_.Live(finished);
+    }
+    play::LifeOutcome GoOn(const journal::Journal& journal, const play::RecordedLife::Finished& finished) {
+        display_.Hush(true);
+        player_.BeginLife();
+        return life_.GoOn(journal, finished);
+    }
+
+    const PlayCommand& command_;
+    Streams& streams_;
+    WrappedOut out_;
+    Session session_;
+    TerminalDisplay display_;
+    TerminalPlayer player_;
+    ClockDice dice_;
+    play::RecordedLife life_;
+    std::optional<play::KeptJournal> journal_;
+};
 
 }  // namespace
 
 int Play(const PlayCommand& command, Streams& streams) {
-    // Before the first question, as a journal that can't be kept is no news for the end of a life.
-    PlayedJournal journal(command.journal, streams.err);
-    TerminalPlayer player(streams.in, streams.out);
-    TerminalDisplay display(streams.out);
-    ClockDice dice;
-    journal::Recorder recorder([&journal](std::string_view line) { journal.Write(line); }, dice, player);
-    Session session(DataFolder(ChooseDataLocation(command.data)), {&recorder, &recorder, &display});
-    display.Watch(session.character);
-    session.method = command.method;
-    session.options = command.options;
-    Select(session, command, player);
-    const auto roll = [&](Session& life) { RollCharacter(life, recorder, journal, player, streams.out); };
-    const auto outcome = play::LiveRecorded(session, recorder, roll, [&] {
-        streams.out << '\n' << CharacterText(session) << std::flush;
-    });
-    if (outcome.cause)
-        std::rethrow_exception(outcome.cause);
-    return journal.whole() ? kSuccess : kFailure;
+    return PlayedLife(command, streams).Run();
 }
 
 }  // namespace korvane::cli

@@ -1,53 +1,109 @@
+#include <algorithm>
 #include <exception>
+#include <utility>
 
-#include "base/encoding.h"
 #include "base/files.h"
+#include "base/text.h"
 #include "cli/commands.h"
 #include "cli/data_choice.h"
 #include "cli/rendering.h"
-#include "play/life.h"
+#include "play/kept_journal.h"
 
 namespace korvane::cli {
 
 namespace {
 
-void WritePage(Session& session, const ReplayCommand& command) {
-    PageWriter pages(session, command.page, command.outFolder, false);
-    pages.Write(*NameFor(session, command.name, command.format, "Character"));
-    pages.Finish();
-}
+class Replays {
+  public:
+    Replays(const ReplayCommand& command, Streams& streams)
+        : command_(command),
+          streams_(streams),
+          session_(DataFolder(ChooseDataLocation(command.data)), {nullptr, nullptr, &display_}) {}
 
-void Show(Session& session, const ReplayCommand& command, std::ostream& out) {
-    if (command.format == Format::Html)
-        WritePage(session, command);
-    else
-        out << Rendered(session, command.format, {NameFor(session, command.name, command.format, "Character"), {}, {}});
-}
+    int Run() {
+        int status = kSuccess;
+        for (const auto& path : command_.journals)
+            status = std::max(status, RunOne(path));
+        return status;
+    }
 
-// A journal from a file or, for "-", from standard input.
-journal::Replayer ReadJournal(const std::string& path) {
-    if (path == "-")
-        return {"standard input", DecodeText(ReadStandardInput("a journal", kMostJournal))};
-    return {path, DecodeText(ReadBytes(NativePath(HeldPath(path)), "a journal", kMostJournal))};
-}
+  private:
+    int RunOne(const std::string& path) {
+        try {
+            return Replay(play::ReadJournalFile(path));
+        } catch (const journal::Divergence& divergence) {
+            streams_.err << "korvane-cli: " << divergence.what() << '\n';
+            return kDivergence;
+        } catch (const FileError& error) {
+            if (command_.journals.size() == 1)
+                throw;
+            streams_.err << "korvane-cli: file error: " << error.what() << '\n';
+            return kFailure;
+        }
+    }
+
+    int Replay(const journal::Journal& journal) {
+        auto tape = journal.tape;
+        journal::TapeDeck deck(session_, tape, nullptr, nullptr, journal.name);
+        const auto outcome = Live(journal, deck);
+        if (outcome.cause)
+            std::rethrow_exception(outcome.cause);
+        if (outcome.finished())
+            Show(play::LabelsOf(tape));
+        return IsTheSame(journal) ? kSuccess : kDivergence;
+    }
+    // A divergence names the rule files that aren't those of the journal: they may be its cause.
+    play::LifeOutcome Live(const journal::Journal& journal, journal::TapeDeck& deck) {
+        try {
+            auto outcome = play::LiveAgain(session_, journal.tape, deck);
+            if (journal.goesOn)
+                throw journal::JournalError(journal.name, journal::JournalLine(journal.tape.lines.size()) + 1,
+                                            "the end of the journal", "another line");
+            return outcome;
+        } catch (const journal::Divergence& divergence) {
+            if (deck.changedFiles().empty())
+                throw;
+            std::string files;
+            for (const auto& file : deck.changedFiles())
+                AppendAll(files, files.empty() ? "" : ", ", file);
+            throw journal::Divergence(divergence.line(),
+                                      Concat(divergence.what(), "; the rules differ from the journal's: ", files));
+        }
+    }
+    // Whether the character is the one that the journal tells of.
+    bool IsTheSame(const journal::Journal& journal) {
+        const auto& end = journal.tape.end;
+        if (!end || !end->document || *end->document == play::DocumentDigest(session_, journal.tape))
+            return true;
+        streams_.err << "korvane-cli: " << journal.name << ':' << journal::JournalLine(journal.tape.lines.size())
+                     << ": the character isn't the one that the journal tells of; \"korvane-cli verify\" says why\n";
+        return false;
+    }
+
+    void Show(DocumentLabels labels) {
+        if (command_.format == Format::Html) {
+            PageWriter pages(session_, command_.page, command_.outFolder, false);
+            pages.Write(*NameFor(session_, command_.name, command_.format, "Character"));
+            pages.Finish();
+            return;
+        }
+        if (command_.format == Format::Text && std::exchange(shownAny_, true))
+            streams_.out << '\n';
+        labels.name = NameFor(session_, command_.name, command_.format, "Character");
+        streams_.out << Rendered(session_, command_.format, labels);
+    }
+
+    const ReplayCommand& command_;
+    Streams& streams_;
+    Display display_;
+    Session session_;
+    bool shownAny_ = false;
+};
 
 }  // namespace
 
 int Replay(const ReplayCommand& command, Streams& streams) {
-    auto replayer = ReadJournal(command.journal);
-    Display display;
-    Session session(DataFolder(ChooseDataLocation(command.data)), {&replayer, &replayer, &display});
-    try {
-        const auto outcome = play::LiveAgain(session, replayer);
-        if (outcome.cause)
-            std::rethrow_exception(outcome.cause);
-        if (outcome.finished())
-            Show(session, command, streams.out);
-        return kSuccess;
-    } catch (const journal::Divergence& divergence) {
-        streams.err << "korvane-cli: " << divergence.what() << '\n';
-        return kDivergence;
-    }
+    return Replays(command, streams).Run();
 }
 
 }  // namespace korvane::cli

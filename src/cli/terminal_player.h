@@ -1,33 +1,68 @@
-// A player at a terminal: numbered alternatives, lists, Yes/No.
+// A player at a terminal: numbered alternatives, lists, Yes/No, and words that are understood at every question.
 #pragma once
 
+#include <functional>
 #include <istream>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "character/KVNDeclare.h"
+#include "output/journal/tape.h"
 
 namespace korvane::cli {
 
-// Writes history lines as they come.
+// Writes lines, wrapped at words to a width in characters; 0 for as they are. What follows a line that begins with
+// blanks is set in as far.
+class WrappedOut {
+  public:
+    WrappedOut(std::ostream& out, int width) : out_(out), width_(width) {}
+    void Write(std::string_view text);
+    void Flush() { out_ << std::flush; }
+
+  private:
+    void WriteLine(std::string_view line);
+
+    std::ostream& out_;
+    int width_;
+};
+
+// Writes what happens, as it comes: the history, dice and checks.
 class TerminalDisplay : public Display {
   public:
-    explicit TerminalDisplay(std::ostream& out) : out_(out) {}
-    void Watch(const CharacterRecord& character) { character_ = &character; }
+    TerminalDisplay(const Session& session, WrappedOut& out) : session_(session), out_(out) {}
+
+    // Writes nothing for a while; what happens then is written later only where `all` says so.
+    void Hush(bool all = false);
+    void GoOn();
+    void ShowDice(const journal::Line& line);
+    void ShowCheck(std::string_view check, int own, int once, int effect);
     void HistoryChanged() override;
 
   private:
-    std::ostream& out_;
-    const CharacterRecord* character_ = nullptr;
+    const Session& session_;
+    WrappedOut& out_;
     std::size_t shown_ = 0;
+    bool hushed_ = false;
+    bool all_ = false;
 };
 
-// Every member throws UsageError when the input ends in the middle. "scrap" at a question that needs an answer scraps
-// the character, after a confirmation.
+// Thrown when the player has had enough for now.
+struct PlayerQuit {};
+
+// Every member throws UsageError when the input ends in the middle.
 class TerminalPlayer : public Player {
   public:
-    TerminalPlayer(std::istream& in, std::ostream& out) : in_(in), out_(out) {}
+    TerminalPlayer(const Session& session, std::istream& in, WrappedOut& out) : session_(session), in_(in), out_(out) {}
+
+    // What "back" and "forward" do; none: nothing.
+    const LifeSteps* steps = nullptr;
+    // Called before the life is lived again from its beginning.
+    std::function<void()> goingElsewhere;
+    // From now on there is a character: it can be looked at, gone back in and scrapped.
+    void BeginLife() { living_ = true; }
 
     int Choose(const ChoiceQuestion& question) override;
     std::vector<int> Select(const ListQuestion& question) override;
@@ -38,21 +73,35 @@ class TerminalPlayer : public Player {
     std::optional<TransferAnswer> Transfer(const TransferQuestion& question) override;
     MusterPress Muster(const MusterQuestion& question) override;
 
-    // One of the texts, counted from 1. A text that isn't enabled is shown, but not taken.
+    // One of the texts, counted from 1. One with a refusal is shown, but not taken.
     struct Line {
         std::string text;
-        bool enabled = true;
+        std::string refusal = {};
+        std::string more = {};  // shown behind the text
     };
-    int PickLine(std::string_view title, const std::vector<Line>& lines, bool mayScrap);
-    int PickName(std::string_view title, const Names& names, bool mayScrap);
+    int PickLine(std::string_view title, const std::vector<Line>& lines);
+    int PickName(std::string_view title, const Names& names);
 
   private:
     std::string Read(std::string_view prompt);
+    // Does what a word asks for that is understood at every question. Returns whether it was one.
+    bool Obey(const std::string& answer);
+    void GoBack();
+    void GoForward();
     void OfferScrapping();
+    void OfferQuitting();
+    void ShowSheet();
+    void ShowStanding();
+    // The number of the line that an answer means: by its number, its text or the beginning of that; 0 for none, with
+    // the reason written.
+    int Meant(const std::string& answer, const std::vector<Line>& lines);
     Options ChangeOptions(Options options);
 
+    const Session& session_;
     std::istream& in_;
-    std::ostream& out_;
+    WrappedOut& out_;
+    bool living_ = false;
+    std::string standing_;  // as it was shown last
 };
 
 }  // namespace korvane::cli

@@ -5,9 +5,13 @@
 #include <QMessageBox>
 #include <QUrl>
 #include <exception>
+#include <filesystem>
 #include <utility>
 
+#include "base/files.h"
+#include "character/seams_guard.h"
 #include "engine/names.h"
+#include "output/journal/lines.h"
 #include "output/page_export.h"
 #include "output/page_file.h"
 #include "output/summary_texts.h"
@@ -32,28 +36,32 @@ void Exporter::Guard(QWidget& dialog, const Action& action) {
     working_ = false;
 }
 
-void Exporter::Show() {
+bool Exporter::Show(const journal::Tape& tape) {
     QStringList templates;
     for (const auto& name : TemplateNames(session_.data.location()))
         templates << ToQt(name);
     ui::KVNExport dialog(ToQt(session_.programTitle), templates, ToQt(OpenPointsLine(session_.character)), &window_);
     dialog.rollName = [&] { Guard(dialog, [&] { RollName(dialog); }); };
-    dialog.exportPage = [&] { Guard(dialog, [&] { Export(dialog); }); };
+    dialog.exportPage = [&] { Guard(dialog, [&] { Export(dialog, tape); }); };
     dialog.endProgram = [&] {
         if (working_)
             return;
         dialog.reject();
         guard_.EndProgram(0);
     };
-    guard_.Run(dialog);
+    return guard_.Run(dialog) == ui::kWentBack;
 }
 
 void Exporter::RollName(ui::KVNExport& dialog) {
+    // A name is none of the life's: nothing of it goes onto the tape.
+    const SeamsGuard guard(session_.seams);
+    session_.seams.dice = &dice_;
+    session_.seams.player = &player_;
     if (const auto name = korvane::RollName(session_))
         dialog.SetName(ToQt(*name));
 }
 
-void Exporter::Export(ui::KVNExport& dialog) {
+void Exporter::Export(ui::KVNExport& dialog, const journal::Tape& tape) {
     const auto title = ToQt(session_.programTitle);
     const auto form = session_.data.location() + dialog.templateName().toStdString();
     const auto outcome = ExportCharacter(session_, form, dialog.name().toStdString());
@@ -63,6 +71,12 @@ void Exporter::Export(ui::KVNExport& dialog) {
     }
     const auto page = QString::fromStdString(outcome.path);
     TellExported(dialog, ToQt(outcome.message), page);
+    if (dialog.wantsJournal()) {
+        const auto written = std::filesystem::path(outcome.path).replace_extension(".jsonl");
+        ReplaceFile(written, journal::JournalText(tape));
+        ui::ShowMessage(guard_, &dialog, title,
+                        QObject::tr("Journal written to %1").arg(QString::fromStdString(written.string())), Icon::None);
+    }
     if (!dialog.wantsPdf())
         return;
     const auto printed = pdf::PdfNameOf(page);

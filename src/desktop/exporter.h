@@ -4,6 +4,7 @@
 #include <QWidget>
 
 #include "character/KVNDeclare.h"
+#include "output/journal/tape.h"
 #include "ui/input_guard.h"
 #include "ui/kvn_export.h"
 
@@ -11,15 +12,17 @@ namespace korvane {
 
 class Exporter {
   public:
-    Exporter(Session& session, QWidget& window, ui::InputGuard& guard)
-        : session_(session), window_(window), guard_(guard) {}
+    // `player` picks among names.
+    Exporter(Session& session, QWidget& window, Player& player, ui::InputGuard& guard)
+        : session_(session), window_(window), player_(player), guard_(guard) {}
 
-    // Shows the export dialog for the session's character until the player closes it.
-    void Show();
+    // Shows the export dialog for the session's character, whose life stands on the tape, until the player closes it.
+    // Returns whether the player goes back into the life.
+    bool Show(const journal::Tape& tape);
 
   private:
     void RollName(ui::KVNExport& dialog);
-    void Export(ui::KVNExport& dialog);
+    void Export(ui::KVNExport& dialog, const journal::Tape& tape);
     // Tells that a page was written, and opens it when the player wants to see it.
     void TellExported(QWidget& dialog, const QString& message, const QString& page) const;
     // Carries out what a button asks for; an error is shown, and the dialog stays, so that nothing is lost.
@@ -28,6 +31,8 @@ class Exporter {
 
     Session& session_;
     QWidget& window_;
+    Player& player_;
+    ClockDice dice_;
     ui::InputGuard& guard_;
     bool working_ = false;  // a button's work asks something itself
 };

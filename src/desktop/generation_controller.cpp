@@ -1,5 +1,6 @@
 #include "desktop/generation_controller.h"
 
+#include <exception>
 #include <utility>
 
 #include "character/characteristics.h"
@@ -8,6 +9,12 @@
 #include "output/summary_texts.h"
 
 namespace korvane {
+
+GenerationController::GenerationController(Session& session, Dice& dice, Player& player)
+    : session_(session), life_(session, dice, player) {
+    // What was lived again is to be seen whole.
+    life_.cameBack = [this] { ChangeAll(); };
+}
 
 bool GenerationController::mayStart() const {
     const auto& selection = session_.selection;
@@ -73,18 +80,28 @@ void GenerationController::SetOptions(const Options& options) {
     changes_.options = changes_.skills = true;  // one of them orders the skills
 }
 
-LifeEnd GenerationController::StartCareer(const std::function<void()>& finished) {
+LifeEnd GenerationController::StartCareer(const play::RecordedLife::Finished& finished) {
     // What an error left was kept to be read; it can't live on.
     if (state_ == State::Failed)
         StartNewCharacter(session_);
+    return Run([&] { return life_.Live(finished); });
+}
+
+LifeEnd GenerationController::GoOn(journal::Journal journal, const play::RecordedLife::Finished& finished) {
+    ChangeAll();
+    return Run([&] { return life_.GoOn(std::move(journal), finished); });
+}
+
+LifeEnd GenerationController::Run(const std::function<play::LifeOutcome()>& live) {
     ended_.reset();
     changes_.history = changes_.skills = true;
     Enter(State::Failed);  // should an exception leave what follows
     auto ended = EndedLife{};
-    RunCareer(session_, [&](LifeEnd end) {
-        ended = {end, session_.character, WholeDetailLines(session_), OpenPointsLine(session_.character)};
-        if (end == LifeEnd::MusteredOut && finished)
-            finished();
+    RunCareer(session_, [&] {
+        const auto outcome = live();
+        if (outcome.cause)
+            std::rethrow_exception(outcome.cause);
+        ended = {*outcome.end, session_.character, WholeDetailLines(session_), OpenPointsLine(session_.character)};
     });
     ended_ = std::move(ended);
     Enter(State::Ended);

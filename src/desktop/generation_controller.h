@@ -8,6 +8,7 @@
 
 #include "character/KVNDeclare.h"
 #include "engine/term_loop.h"
+#include "play/recorded_life.h"
 
 namespace korvane {
 
@@ -37,7 +38,13 @@ class GenerationController : public Display {
         bool state = false;
     };
 
-    explicit GenerationController(Session& session) : session_(session) {}
+    GenerationController(Session& session, Dice& dice, Player& player);
+    GenerationController(const GenerationController&) = delete;
+    GenerationController& operator=(const GenerationController&) = delete;
+
+    // The tape of the life that runs, or of the one that has ended, and what leads back in it.
+    play::RecordedLife& life() { return life_; }
+    const play::RecordedLife& life() const { return life_; }
 
     State state() const { return state_; }
     // The last life, from its end to the next start.
@@ -60,8 +67,10 @@ class GenerationController : public Display {
     void ScrapAndRestart();
     void SetOptions(const Options& options);
     // Lives the character's life to its end and starts the next one. `finished` is called with a finished character,
-    // still in the session. Returns how the life ended.
-    LifeEnd StartCareer(const std::function<void()>& finished);
+    // still in the session, and says whether the player goes back into the life. Returns how the life ended.
+    LifeEnd StartCareer(const play::RecordedLife::Finished& finished);
+    // The same for a journal's life: goes on where it ends.
+    LifeEnd GoOn(journal::Journal journal, const play::RecordedLife::Finished& finished);
 
     void HistoryChanged() override { changes_.history = true; }
     void SkillsChanged() override { changes_.skills = true; }
@@ -71,11 +80,13 @@ class GenerationController : public Display {
     void ControlsLocked(bool locked) noexcept override;
 
   private:
+    LifeEnd Run(const std::function<play::LifeOutcome()>& live);
     void Enter(State state);
     // A new character has been started: what an error left is in the session no more.
     void LeaveFailure();
 
     Session& session_;
+    play::RecordedLife life_;
     State state_ = State::Idle;
     Changes changes_;
     std::optional<EndedLife> ended_;

@@ -2,21 +2,28 @@
 
 #include <QAction>
 #include <QCoreApplication>
+#include <QEventLoop>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QScreen>
 #include <QStatusBar>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
 
+#include "base/files.h"
+#include "base/text.h"
 #include "character/characteristics.h"
 #include "character/summary.h"
 #include "engine/selection.h"
 #include "engine/term_loop.h"
 #include "output/character_text.h"
+#include "output/journal/lines.h"
 #include "output/summary_texts.h"
+#include "play/kept_journal.h"
 #include "ui/kvn_about.h"
 #include "ui/message_boxes.h"
 #include "ui/qt_text.h"
@@ -50,11 +57,11 @@ QWidget* Labelled(const QString& caption, ui::CopyList& list) {
 
 }  // namespace
 
-KVNGen::KVNGen(Session& session, ui::InputGuard& guard)
+KVNGen::KVNGen(Session& session, ui::InputGuard& guard, Dice& dice)
     : session_(session),
       guard_(guard),
-      controller_(session),
       player_(session, *this, guard),
+      controller_(session, dice, player_),
       selectCareer_("Select Career"),
       statistics_("Statistics"),
       optionsGroup_("Options"),
@@ -69,6 +76,7 @@ KVNGen::KVNGen(Session& session, ui::InputGuard& guard)
       history_("history", "History"),
       options_(kAllOptions, 1),
       details_("details", "Details") {
+    session.seams.display = &controller_;
     setObjectName("KVNGen");
     setWindowTitle("Brisane Farwend Character Generation");
     SetUpMenu();
@@ -82,6 +90,14 @@ KVNGen::KVNGen(Session& session, ui::InputGuard& guard)
 void KVNGen::SetUpMenu() {
     auto* const exit = menuBar()->addAction("&Exit");
     connect(exit, &QAction::triggered, this, [this] { Do([this] { guard_.EndProgram(0); }); });
+    auto* const life = menuBar()->addMenu(tr("&Life"));
+    const auto add = [&](const QString& text, const QKeySequence& keys, void (KVNGen::*act)()) {
+        connect(life->addAction(text, keys), &QAction::triggered, this,
+                [this, act] { Do([this, act] { (this->*act)(); }); });
+    };
+    add(tr("&Keep a journal..."), Qt::CTRL | Qt::Key_K, &KVNGen::KeepJournal);
+    add(tr("&Go on from a journal..."), Qt::CTRL | Qt::Key_O, &KVNGen::OpenJournal);
+    add(tr("&Journal of this character..."), Qt::CTRL | Qt::Key_S, &KVNGen::SaveJournal);
     auto* const about = menuBar()->addAction("&About");
     connect(about, &QAction::triggered, this, [this] { Do([this] { ShowAbout(); }); });
 }
@@ -193,6 +209,14 @@ void KVNGen::LayOut() {
 }
 
 void KVNGen::SetUpHandlers() {
+    player_.steps = &controller_.life();
+    player_.chooseMoment = [this] { return ChooseMoment(); };
+    controller_.life().goesOn = [this](const journal::Divergence& divergence) {
+        return ui::AskYesNo(guard_, this, windowTitle(),
+                            {Concat(divergence.what(),
+                                    "\n\nThe rules have changed since then. Go on from the last "
+                                    "answer that fits?")}) == QMessageBox::Yes;
+    };
     player_.beforeDialog = [this] { Refresh(); };
     player_.optionsChanged = [this](const Options& options) { Guard([&] { controller_.SetOptions(options); }); };
     options_.changed = [this](const Options& options) { Do([&] { controller_.SetOptions(options); }); };
@@ -227,12 +251,15 @@ void KVNGen::Load() {
 }
 
 void KVNGen::StartCareer() {
+    Live([this](const play::RecordedLife::Finished& finished) { return controller_.StartCareer(finished); });
+}
+
+void KVNGen::Live(const std::function<LifeEnd(const play::RecordedLife::Finished& finished)>& live) {
     Say(tr("A career is running."));
-    Guard([this] {
-        const auto end = controller_.StartCareer([this] {
+    Guard([&] {
+        const auto end = live([this] {
             Refresh();
-            if (characterFinished)
-                characterFinished();
+            return characterFinished && characterFinished();
         });
         Say(end == LifeEnd::MusteredOut ? WordsAtTheEnd()
                                         : tr("The character was scrapped. The statistics are the next one's."));
@@ -240,6 +267,125 @@ void KVNGen::StartCareer() {
     player_.Finish();  // a scrapped character's mustering out may still be open
     activateWindow();  // where two dialogs close at once, nobody else gives the input back
     history_.setFocus();
+}
+
+void KVNGen::KeepIn(const std::filesystem::path& path) {
+    std::error_code error;
+    if (std::filesystem::is_regular_file(path, error) && std::filesystem::file_size(path, error) > 0) {
+        const auto journal = play::ReadJournalFile(path);
+        if (!journal.tape.end) {
+            GoOn(journal, path);
+            return;
+        }
+    }
+    Keep(std::make_unique<JournalKeeper>(path, ReportOfKeeper()));
+    Say(tr("Each life is kept as it is lived, the next one in %1.").arg(ToQt(path.string())));
+}
+
+void KVNGen::KeepJournal() {
+    const auto path = ui::AskForNewFile(guard_, *this, windowTitle(), tr("life.jsonl"));
+    if (!path.isEmpty())
+        TryToKeepIn(path.toStdString());
+}
+
+void KVNGen::KeepJournalIn(const std::filesystem::path& path) {
+    Do([&] { TryToKeepIn(path); });
+}
+
+void KVNGen::TryToKeepIn(const std::filesystem::path& path) {
+    try {
+        KeepIn(path);
+    } catch (const FileError& error) {
+        ui::ShowError(guard_, this, windowTitle(), ToQt(error.what()), tr("No journal is kept."));
+    }
+}
+
+play::KeptJournal::Report KVNGen::ReportOfKeeper() {
+    return [this](const std::string& told) {
+        ui::ShowError(guard_, this, windowTitle(), ToQt(told), tr("The life goes on; its journal ends here."));
+    };
+}
+
+void KVNGen::Keep(std::unique_ptr<JournalKeeper> keeper) {
+    controller_.life().keeper = keeper.get();
+    keeper_ = std::move(keeper);
+}
+
+void KVNGen::OpenJournal() {
+    const auto path = ui::AskForFile(guard_, *this, windowTitle(), tr("Journals (*.jsonl);;All files (*)"));
+    if (path.isEmpty())
+        return;
+    try {
+        GoOn(play::ReadJournalFile(path.toStdString()), path.toStdString());
+    } catch (const FileError& error) {
+        ui::ShowError(guard_, this, windowTitle(), ToQt(error.what()), tr("The journal can't be gone on with."));
+    }
+}
+
+void KVNGen::GoOn(const journal::Journal& journal, const std::filesystem::path& path) {
+    Keep(journal.tape.end ? nullptr : std::make_unique<JournalKeeper>(path, journal, ReportOfKeeper()));
+    Live([&](const play::RecordedLife::Finished& finished) { return controller_.GoOn(journal, finished); });
+}
+
+void KVNGen::SaveJournal() {
+    const auto& ended = controller_.life().ended();
+    if (!ended) {
+        ui::ShowMessage(guard_, this, windowTitle(), tr("No life has been lived yet."), Icon::Information);
+        return;
+    }
+    const auto path = ui::AskForNewFile(guard_, *this, windowTitle(), tr("life.jsonl"));
+    if (path.isEmpty())
+        return;
+    try {
+        ReplaceFile(path.toStdString(), journal::JournalText(*ended));
+        Say(tr("The journal was written to %1.").arg(path));
+    } catch (const FileError& error) {
+        ui::ShowError(guard_, this, windowTitle(), ToQt(error.what()), tr("The journal was not written."));
+    }
+}
+
+std::optional<std::size_t> KVNGen::MomentOf(int row) const {
+    const auto& life = controller_.life();
+    std::optional<std::size_t> moment;
+    for (std::size_t i = 0; i < life.MomentCount() && life.MomentAt(i).history <= static_cast<std::size_t>(row); ++i)
+        moment = i;
+    return moment;
+}
+
+std::optional<std::size_t> KVNGen::ChooseMoment() {
+    Refresh();
+    QEventLoop loop;
+    std::optional<std::size_t> chosen;
+    QAction go_back(tr("Go back to here"));
+    go_back.setShortcut(Qt::Key_Return);
+    QAction stay(tr("Return to the question"));
+    stay.setShortcut(Qt::Key_Escape);
+    const auto choose = [&] {
+        chosen = MomentOf(history_.currentRow());
+        if (chosen)
+            loop.quit();
+    };
+    for (auto* const action : {&go_back, &stay}) {
+        action->setShortcutContext(Qt::WidgetShortcut);
+        history_.addAction(action);
+    }
+    const auto activated = connect(&history_, &QListWidget::itemDoubleClicked, &loop, choose);
+    connect(&go_back, &QAction::triggered, &loop, choose);
+    connect(&stay, &QAction::triggered, &loop, &QEventLoop::quit);
+    const auto follow = connect(&history_, &QListWidget::currentRowChanged, &loop,
+                                [&](int row) { go_back.setEnabled(bool(MomentOf(row))); });
+    Say(tr("Choose the line to go back to (Return, double click, or the menu); Escape returns to the question."));
+    activateWindow();
+    history_.setFocus();
+    history_.setCurrentRow(history_.count() - 1);
+    {
+        const ui::InputGuard::Asking asking(guard_, history_);
+        loop.exec();
+    }
+    disconnect(activated);
+    disconnect(follow);
+    Say(tr("A career is running."));
+    return chosen;
 }
 
 QString KVNGen::WordsAtTheEnd() const {
@@ -271,15 +417,25 @@ void KVNGen::Guard(const std::function<void()>& action) {
         action();
         Refresh();
     } catch (const RuleError& error) {
-        player_.Finish();
-        Refresh();
-        Say(tr("An error stopped the generation."));
-        ui::ShowError(guard_, this, windowTitle(), ToQt(error.what()),
-                      tr("The generation stops here. What there is of the character stays in the window until the next "
-                         "one is rolled."));
+        TellStopped(ToQt(error.what()));
+    } catch (const journal::JournalError& error) {
+        TellStopped(ToQt(error.what()));
+    } catch (const journal::Divergence& divergence) {
+        TellStopped(ToQt(divergence.what()));
+    } catch (const play::MissingSelection& missing) {
+        TellStopped(ToQt(missing.what()));
     } catch (const std::exception& error) {
         EndProgram(QString::fromStdString(error.what()));
     }
+}
+
+void KVNGen::TellStopped(const QString& error) {
+    player_.Finish();
+    Refresh();
+    Say(tr("An error stopped the generation."));
+    ui::ShowError(guard_, this, windowTitle(), error,
+                  tr("The generation stops here. What there is of the character stays in the window until the next one "
+                     "is rolled."));
 }
 
 void KVNGen::EndProgram(const QString& error) {

@@ -9,12 +9,16 @@
 #include <QRadioButton>
 #include <QSplitter>
 #include <array>
+#include <filesystem>
 #include <functional>
+#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "character/KVNDeclare.h"
 #include "desktop/generation_controller.h"
+#include "desktop/journal_keeper.h"
 #include "ui/choice_combo.h"
 #include "ui/copy_list.h"
 #include "ui/dialog_player.h"
@@ -27,16 +31,22 @@ namespace korvane {
 // is done.
 class KVNGen : public QMainWindow {
   public:
-    KVNGen(Session& session, ui::InputGuard& guard);
+    // The window's player answers, and it shows what happens; the session's seams are set. The dice fall where no seed
+    // is used.
+    KVNGen(Session& session, ui::InputGuard& guard, Dice& dice);
 
-    // The player whose dialogs belong to this window, and the display that it shows.
     Player& player() { return player_; }
     Display& display() { return controller_; }
-    // Called with the finished character, still in the session, when a life has run to its end.
-    std::function<void()> characterFinished;
+    play::RecordedLife& life() { return controller_.life(); }
+    // Called with the finished character, still in the session, when a life has run to its end. Returns whether the
+    // player goes back into the life.
+    std::function<bool()> characterFinished;
 
     // Fills the window when it is shown first: the title, the races. Throws FileError for a malformed rule file.
     void Load();
+    // From now on each life is kept in a file, the first in this one; an unfinished journal that is there is gone on
+    // with.
+    void KeepJournalIn(const std::filesystem::path& path);
     // Puts the controls into the state in which a character is set up.
     void Unlock() { Refresh(); }
     // Shows what has changed.
@@ -51,6 +61,23 @@ class KVNGen : public QMainWindow {
     void LayOut();
 
     void StartCareer();
+    // Lives a life by the controller, and says how it ended.
+    void Live(const std::function<LifeEnd(const play::RecordedLife::Finished& finished)>& live);
+    void KeepJournal();
+    void TryToKeepIn(const std::filesystem::path& path);
+    void KeepIn(const std::filesystem::path& path);
+    void Keep(std::unique_ptr<JournalKeeper> keeper);
+    // Goes on with a journal's life; an unfinished one is kept on in its file.
+    void GoOn(const journal::Journal& journal, const std::filesystem::path& path);
+    play::KeptJournal::Report ReportOfKeeper();
+    // Tells that something stopped the generation.
+    void TellStopped(const QString& error);
+    void OpenJournal();
+    void SaveJournal();
+    // Lets the player choose a question by the line of the history that followed it.
+    std::optional<std::size_t> ChooseMoment();
+    // The question that a row of the history came from.
+    std::optional<std::size_t> MomentOf(int row) const;
     void ShowAbout();
     // Carries out what a control asks for, unless the rules run already: then nothing acts but the dialog that asks.
     void Do(const std::function<void()>& action);
@@ -69,8 +96,9 @@ class KVNGen : public QMainWindow {
 
     Session& session_;
     ui::InputGuard& guard_;
-    GenerationController controller_;
     ui::DialogPlayer player_;
+    GenerationController controller_;
+    std::unique_ptr<JournalKeeper> keeper_;
     // The boxes come before what stands in them.
     QSplitter splitter_;
     QGroupBox selectCareer_;

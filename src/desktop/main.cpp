@@ -4,8 +4,12 @@
 #include <QSettings>
 #include <QTimer>
 #include <exception>
+#include <iostream>
+#include <optional>
 #include <string>
+#include <vector>
 
+#include "base/error.h"
 #include "desktop/desktop_windows.h"
 #include "desktop/exporter.h"
 #include "desktop/kvn_gen.h"
@@ -16,31 +20,48 @@
 
 namespace {
 
-// The whole command line after the program's name.
-std::string CommandLine(int argc, char** argv) {
-    std::string line;
-    for (int i = 1; i < argc; ++i)
-        line.append(i > 1 ? " " : "").append(argv[i]);
-    return line;
+// What the command line asks for.
+struct Wishes {
+    std::optional<korvane::Seed> seed;
+    std::string journal;
+    std::string others;  // all else after the program's name
+};
+
+// Throws UsageError for a seed that is none.
+Wishes WishesOf(const std::vector<std::string>& arguments) {
+    Wishes wishes;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const bool has_value = i + 1 < arguments.size();
+        if (arguments[i] == "--seed" && has_value)
+            wishes.seed.emplace(arguments[++i]);
+        else if (arguments[i] == "--journal" && has_value)
+            wishes.journal = arguments[++i];
+        else
+            wishes.others.append(wishes.others.empty() ? "" : " ").append(arguments[i]);
+    }
+    return wishes;
 }
 
-int Run(const std::string& commandLine) {
+int Run(const Wishes& wishes) {
     korvane::ClockDice dice;
     korvane::Session session(korvane::DataFolder(korvane::HeldPath("")), {});
     korvane::ui::InputGuard guard;
-    korvane::KVNGen window(session, guard);
-    session.seams = {&dice, &window.player(), &window.display()};
-    korvane::Exporter exporter(session, window, guard);
-    window.characterFinished = [&exporter] { exporter.Show(); };
+    korvane::KVNGen window(session, guard, dice);
+    if (wishes.seed)
+        window.life().UseSeed(*wishes.seed);
+    korvane::Exporter exporter(session, window, window.player(), guard);
+    window.characterFinished = [&] { return exporter.Show(window.life().tape()); };
     korvane::DesktopWindows windows(session, window, guard);
     try {
-        if (!korvane::StartUp(session, windows, commandLine, QDate::currentDate().month()))
+        if (!korvane::StartUp(session, windows, wishes.others, QDate::currentDate().month()))
             return 0;
     } catch (const std::exception& error) {
         korvane::ui::ShowError(guard, nullptr, korvane::ui::ToQt(session.programTitle), QString::fromUtf8(error.what()),
                                QObject::tr("Korvane ends now."));
         return 1;
     }
+    if (!wishes.journal.empty())
+        QTimer::singleShot(0, &window, [&] { window.KeepJournalIn(wishes.journal); });
     // Drawing the icon can wait until the window is there.
     QTimer::singleShot(0, &window, [] { QApplication::setWindowIcon(QIcon(":/korvane.svg")); });
     return QApplication::exec();
@@ -49,12 +70,17 @@ int Run(const std::string& commandLine) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const auto command_line = CommandLine(argc, argv);
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
     // The toolkit would keep its file dialog's folders and sizes; the program keeps nothing of the kind.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
     QApplication application(argc, argv);
     QApplication::setApplicationName("Korvane");
     QApplication::setDesktopFileName("org.korvane.Korvane");
     korvane::ui::MendPalette();
-    return Run(command_line);
+    try {
+        return Run(WishesOf(arguments));
+    } catch (const korvane::UsageError& error) {
+        std::cerr << "korvane: " << error.what() << '\n';
+        return 1;
+    }
 }

@@ -47,6 +47,7 @@ const Academy* PickAcademy(Session& session) {
 void TrainCadet(Session& session, std::string_view service) {
     // The text of the rows is the file's, which stays where it is while the rows are read.
     const auto career = session.data.Career(session.selection.race, service).record;
+    NoteFile(session, career.source);
     for (const auto row : std::span(career.serviceTable).subspan(1))
         CarryOutRow(career.source, row, [&] { TrainSkill(session, row); });
 }

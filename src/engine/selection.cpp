@@ -31,6 +31,7 @@ bool LoadRaceRecords(Session& session, std::string_view race) {
     // The same file is the same record: copying it again would only cost.
     if (const auto& record = session.data.Race(race); record.source != session.race.source)
         session.race = record;
+    NoteFile(session, session.race.source);
     return true;
 }
 
@@ -58,6 +59,7 @@ void LoadRace(Session& session, std::string_view race) {
 void LoadCareer(Session& session, std::string_view race, std::string_view career) {
     auto& selection = session.selection;
     ReplaceCareer(session.career, session.data.Career(race, career));
+    NoteFile(session, session.career.source);
     selection.career = career;
     selection.assignments = session.data.AssignmentNames(race, career);
     selection.assignment.clear();
@@ -70,6 +72,7 @@ void LoadCareer(Session& session, std::string_view race, std::string_view career
 
 void LoadAssignment(Session& session, std::string_view race, std::string_view career, std::string_view assignment) {
     session.assignment = session.data.Assignment(race, career, assignment);
+    NoteFile(session, session.assignment.source);
     session.selection.assignment = assignment;
     session.seams.display->SelectionChanged();
 }

@@ -127,8 +127,10 @@ void GrantPackage(Session& session, const SkillPackage& package) {
 // The packages of the data folder. A life that is told isn't lost for the want of them: what is wrong is told.
 std::optional<SkillPackages> PackagesOrNotice(Session& session) {
     try {
-        if (const auto& file = session.data.Packages())
+        if (const auto& file = session.data.Packages()) {
+            NoteFile(session, file->source);
             return file;
+        }
         Tell(session, Concat("No skill package: the data folder has no ", kSkillPackagesFile));
     } catch (const FileError& error) {
         // Without the folder, which is another where the life is lived again.

@@ -182,10 +182,10 @@ LifeEnd RunLife(Session& session) {
     }
 }
 
-void RunCareer(Session& session, const std::function<void(LifeEnd)>& handOver) {
+void RunCareer(Session& session, const std::function<void()>& life) {
     {
         const ControlsLock lock(*session.seams.display);
-        handOver(RunLife(session));
+        life();
     }
     StartNewCharacter(session);
 }

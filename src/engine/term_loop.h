@@ -16,8 +16,8 @@ enum class LifeEnd { MusteredOut, Scrapped };
 // that the rules can't be carried out with, FileError for a rule file that a change of career needs.
 LifeEnd RunLife(Session& session);
 
-// "Start Career": locks the controls, runs the life, hands the character over, still in the session, with its end, and
-// starts the next. The controls are unlocked also when a life ends in an error.
-void RunCareer(Session& session, const std::function<void(LifeEnd)>& handOver);
+// "Start Career": locks the controls, has the life lived, and starts the next character. The controls are unlocked also
+// when a life ends in an error.
+void RunCareer(Session& session, const std::function<void()>& life);
 
 }  // namespace korvane

@@ -1,111 +1,122 @@
 #include "output/character_document.h"
 
-#include <nlohmann/json.hpp>
-
 #include "base/text.h"
+#include "output/json_writer.h"
 #include "output/summary_texts.h"
 
 namespace korvane {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
-// A number as JSON knows it, whatever its width here.
-template <typename Stored, typename Wide>
-Wide Number(Checked<Stored, Wide> value) {
-    return value;
+void AddLabels(JsonWriter& json, const DocumentLabels& labels) {
+    if (labels.name)
+        json.Key("name").Text(*labels.name);
+    if (labels.number)
+        json.Key("number").Unsigned(*labels.number);
+    if (labels.dice && labels.dice->seed)
+        json.Key("seed").Given(*labels.dice->seed);
+    else if (labels.dice)
+        json.Key("dice").Text("clock");
+    if (labels.backs)
+        json.Key("backs").Number(*labels.backs);
 }
 
-Json Texts(const TextList& list) {
-    Json texts = Json::array();
-    for (const auto& line : list.lines())
-        texts.push_back(line);
-    return texts;
+void AddCharacteristics(JsonWriter& json, const CharacterRecord& character) {
+    json.Key("characteristics").BeginArray();
+    for (int i = 1; i <= character.CharacteristicCount; ++i) {
+        json.BeginObject();
+        json.Key("name").Text(Trim(character.CharacteristicName[i]));
+        json.Key("value").Number(character.Characteristic[i]);
+        json.Key("modifier").Number(character.CharacteristicDM[i]);
+        json.EndObject();
+    }
+    json.EndArray();
 }
 
-Json Characteristics(const CharacterRecord& character) {
-    Json characteristics = Json::array();
-    for (int i = 1; i <= character.CharacteristicCount; ++i)
-        characteristics.push_back({{"name", Trim(character.CharacteristicName[i])},
-                                   {"value", Number(character.Characteristic[i])},
-                                   {"modifier", Number(character.CharacteristicDM[i])}});
-    return characteristics;
+void AddSkills(JsonWriter& json, const CharacterRecord& character) {
+    json.Key("skills").BeginArray();
+    for (const auto* const skill : character.Skills.Held()) {
+        json.BeginObject();
+        json.Key("name").Text(Trim(skill->Name));
+        json.Key("level").Number(skill->Level);
+        json.EndObject();
+    }
+    json.EndArray();
 }
 
-Json Skills(const CharacterRecord& character) {
-    Json skills = Json::array();
-    for (const auto* const skill : character.Skills.Held())
-        skills.push_back({{"name", Trim(skill->Name)}, {"level", Number(skill->Level)}});
-    return skills;
-}
-
-void AddStanding(Json& document, const Session& session) {
+void AddStanding(JsonWriter& json, const Session& session) {
     const auto& character = session.character;
-    document["age"] = Number(character.Age);
-    document["termsTotal"] = Number(character.TermsTotal);
-    document["termsInCareer"] = Number(character.TermsInCareer);
-    document["rank"] = Number(character.Rank);
-    document["rankTitle"] = Trim(RankTitle(session.assignment, character.Rank));
-    document["commissioned"] = character.Commissioned == 1;
-    document["graduated"] = Number(character.Graduated);
-    document["allies"] = Number(character.Allies);
-    document["enemies"] = Number(character.Enemies);
-    document["contacts"] = Number(character.Contacts);
-    document["rivals"] = Number(character.Rivals);
-    document["oneShot"] = {{"qualification", Number(character.QualificationDM)},
-                           {"survival", Number(character.SurvivalDM)},
-                           {"commission", Number(character.CommissionDM)},
-                           {"advancement", Number(character.AdvancementDM)}};
-    document["paroleThreshold"] = Number(character.ParoleThreshold);
+    json.Key("age").Number(character.Age);
+    json.Key("termsTotal").Number(character.TermsTotal);
+    json.Key("termsInCareer").Number(character.TermsInCareer);
+    json.Key("rank").Number(character.Rank);
+    json.Key("rankTitle").Text(Trim(RankTitle(session.assignment, character.Rank)));
+    json.Key("commissioned").Truth(character.Commissioned == 1);
+    json.Key("graduated").Number(character.Graduated);
+    json.Key("allies").Number(character.Allies);
+    json.Key("enemies").Number(character.Enemies);
+    json.Key("contacts").Number(character.Contacts);
+    json.Key("rivals").Number(character.Rivals);
+    json.Key("oneShot").BeginObject();
+    json.Key("qualification").Number(character.QualificationDM);
+    json.Key("survival").Number(character.SurvivalDM);
+    json.Key("commission").Number(character.CommissionDM);
+    json.Key("advancement").Number(character.AdvancementDM);
+    json.EndObject();
+    json.Key("paroleThreshold").Number(character.ParoleThreshold);
 }
 
-void AddBenefits(Json& document, const CharacterRecord& character) {
-    document["musterRolls"] = Number(character.MusterRolls);
-    document["benefitRollsModifier"] = Number(character.BenefitRollsModifier);
-    document["musterBonusCount"] = Number(character.MusterBonusCount);
-    document["cash"] = Number(character.Cash);
-    document["cashRollsUsed"] = Number(character.CashRollsUsed);
-    document["pension"] = Number(character.Pension);
-    document["medicalDebt"] = Json::parse(ShortestNumber(character.MedicalDebt));
-    document["benefits"] = Texts(character.Benefits);
-    document["careersServed"] = Texts(character.CareersServed);
+void AddBenefits(JsonWriter& json, const CharacterRecord& character) {
+    json.Key("musterRolls").Number(character.MusterRolls);
+    json.Key("benefitRollsModifier").Number(character.BenefitRollsModifier);
+    json.Key("musterBonusCount").Number(character.MusterBonusCount);
+    json.Key("cash").Number(character.Cash);
+    json.Key("cashRollsUsed").Number(character.CashRollsUsed);
+    json.Key("pension").Number(character.Pension);
+    json.Key("medicalDebt").Raw(ShortestNumber(character.MedicalDebt));
+    json.Key("benefits").TextArray(character.Benefits.lines());
+    json.Key("careersServed").TextArray(character.CareersServed.lines());
+}
+
+void TextOrNull(JsonWriter& json, const std::string& held) {
+    held.empty() ? json.Null() : json.Text(held);
 }
 
 // The education, and those who helped on the way: null or an empty list for none.
-void AddCompany(Json& document, const CharacterRecord& character) {
-    const auto text = [](const std::string& held) { return held.empty() ? Json() : Json(held); };
-    document["education"] = text(character.Education);
-    document["connections"] = Json::array();
-    for (const auto& connection : character.Connections)
-        document["connections"].push_back({{"skill", connection.skill}, {"with", text(connection.with)}});
-    document["package"] = text(character.SkillPackage);
+void AddCompany(JsonWriter& json, const CharacterRecord& character) {
+    TextOrNull(json.Key("education"), character.Education);
+    json.Key("connections").BeginArray();
+    for (const auto& connection : character.Connections) {
+        json.BeginObject();
+        json.Key("skill").Text(connection.skill);
+        TextOrNull(json.Key("with"), connection.with);
+        json.EndObject();
+    }
+    json.EndArray();
+    TextOrNull(json.Key("package"), character.SkillPackage);
 }
 
 }  // namespace
 
 std::string CharacterDocument(const Session& session, const DocumentLabels& labels) {
     const auto& character = session.character;
-    Json document;
-    if (labels.name)
-        document["name"] = *labels.name;
-    if (labels.number)
-        document["number"] = *labels.number;
-    if (labels.seed)
-        document["seed"] = *labels.seed;
-    document["race"] = Trim(session.selection.race);
-    document["career"] = Trim(session.selection.career);
-    document["assignment"] = Trim(session.selection.assignment);
-    document["homeWorld"] = HomeWorldText(character);
-    document["characteristics"] = Characteristics(character);
-    AddStanding(document, session);
-    AddBenefits(document, character);
-    document["skills"] = Skills(character);
-    document["history"] = Texts(character.History);
-    AddCompany(document, character);
-    document["open"] = OpenPoints(character);
-    // A name that isn't UTF-8, from a file system that allows it, is shown as well as can be.
-    return document.dump(-1, ' ', false, Json::error_handler_t::replace);
+    std::string document;
+    JsonWriter json(document);
+    json.BeginObject();
+    AddLabels(json, labels);
+    json.Key("race").Text(Trim(session.selection.race));
+    json.Key("career").Text(Trim(session.selection.career));
+    json.Key("assignment").Text(Trim(session.selection.assignment));
+    json.Key("homeWorld").Text(HomeWorldText(character));
+    AddCharacteristics(json, character);
+    AddStanding(json, session);
+    AddBenefits(json, character);
+    AddSkills(json, character);
+    json.Key("history").TextArray(character.History.lines());
+    AddCompany(json, character);
+    json.Key("open").TextArray(OpenPoints(character));
+    json.EndObject();
+    return document;
 }
 
 }  // namespace korvane

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "character/KVNDeclare.h"
+#include "character/seed.h"
 
 namespace korvane {
 
@@ -13,7 +14,8 @@ namespace korvane {
 struct DocumentLabels {
     std::optional<std::string> name;
     std::optional<std::uint64_t> number;  // of the character in its run
-    std::optional<std::uint64_t> seed;    // of the run's dice
+    std::optional<Origin> dice;
+    std::optional<std::int64_t> backs;  // how often the player went back
 };
 
 // The document of the session's character, on one line, without a line end; the labels there are come first.

@@ -2,9 +2,11 @@
 
 #include <utility>
 
+#include "base/digest.h"
 #include "base/encoding.h"
 #include "base/text.h"
 #include "character/seams_guard.h"
+#include "output/journal/lines.h"
 #include "play/players.h"
 
 namespace korvane::play {
@@ -22,39 +24,75 @@ LifeOutcome LiveOut(Session& session, const Beginning& begin) {
     }
 }
 
-LifeOutcome LiveRecorded(Session& session, journal::Recorder& recorder) {
-    recorder.Begin(session);
-    return LiveRecorded(session, recorder, StartNewCharacter);
+journal::Start StartOf(const Session& session, const Origin& dice) {
+    const auto& selection = session.selection;
+    journal::Start start;
+    start.program = "korvane " KORVANE_VERSION;
+    start.dice = dice;
+    start.race = selection.race;
+    start.career = selection.career;
+    start.assignment = selection.assignment;
+    start.method = session.method;
+    start.options = session.options;
+    return start;
 }
 
-LifeOutcome LiveRecorded(Session& session, journal::Recorder& recorder, const Beginning& begin,
-                         const std::function<void()>& handOver) {
-    auto outcome = LiveOut(session, begin);
-    if (outcome.finished() && handOver)
-        handOver();
-    if (outcome.end)
-        recorder.End(*outcome.end);
-    else
-        recorder.EndInError(outcome.kind, outcome.error);
+DocumentLabels LabelsOf(const journal::Tape& tape) {
+    DocumentLabels labels;
+    labels.dice = tape.start.dice;
+    labels.backs = tape.backs;
+    if (labels.dice && labels.dice->seed)
+        labels.number = labels.dice->number;
+    return labels;
+}
+
+std::string DocumentDigest(const Session& session, const journal::Tape& tape) {
+    return Sha256Text(CharacterDocument(session, LabelsOf(tape)));
+}
+
+journal::End EndOf(const Session& session, const journal::Tape& tape, const LifeOutcome& outcome) {
+    const bool is_new = tape.start.version > 1;
+    journal::End end;
+    if (!outcome.end) {
+        end.kind = journal::EndKind::Error;
+        end.errorKind = outcome.kind;
+        end.message = outcome.error;
+    } else if (!outcome.finished()) {
+        end.kind = journal::EndKind::Scrapped;
+    } else if (is_new) {
+        end.document = DocumentDigest(session, tape);
+    }
+    if (is_new) {
+        end.backs = tape.backs;
+        end.answers = journal::AnswersDigest(tape);
+    }
+    return end;
+}
+
+LifeOutcome LiveRecorded(Session& session, journal::Tape& tape, const Origin& dice) {
+    const SeamsGuard guard(session.seams);
+    tape.start = StartOf(session, dice);
+    journal::TapeDeck deck(session, tape, session.seams.dice, session.seams.player);
+    deck.observer = session.seams.observer;
+    session.seams.dice = &deck;
+    session.seams.player = &deck;
+    session.seams.observer = &deck;
+    deck.NoteSelection();
+    auto outcome = LiveOut(session);
+    tape.end = EndOf(session, tape, outcome);
     return outcome;
 }
 
-LifeOutcome LiveAgain(Session& session, journal::Replayer& replayer) {
-    // The selection asks nothing of the journal; what it tells was told before the journal began.
-    RandomPlayer nobody{RandomStream()};
+LifeOutcome LiveAgain(Session& session, const journal::Tape& tape, journal::TapeDeck& deck) {
     const SeamsGuard guard(session.seams);
-    session.seams.player = &nobody;
-    const auto& start = replayer.start();
-    session.method = start.method;
-    session.options = start.options;
-    Select(session, start.race, start.career, start.assignment);
-    session.seams.dice = &replayer;
-    session.seams.player = &replayer;
+    SelectStartOf(session, tape.start);
+    deck.observer = session.seams.observer;
+    session.seams.dice = &deck;
+    session.seams.player = &deck;
+    session.seams.observer = &deck;
+    deck.NoteSelection();
     auto outcome = LiveOut(session);
-    if (outcome.end)
-        replayer.ExpectEnd(*outcome.end);
-    else
-        replayer.ExpectErrorEnd(outcome.kind);
+    deck.ExpectEnd(EndOf(session, tape, outcome));
     return outcome;
 }
 
@@ -64,6 +102,18 @@ MissingSelection::MissingSelection(Missing missing)
 void Select(Session& session, std::string_view race, std::string_view career, std::string_view assignment) {
     if (auto missing = SelectStart(session, race, career, assignment))
         throw MissingSelection(std::move(*missing));
+}
+
+void SelectStartOf(Session& session, const journal::Start& start) {
+    RandomPlayer nobody{RandomStream()};
+    const SeamsGuard guard(session.seams);
+    session.seams.player = &nobody;
+    session.seams.observer = nullptr;
+    session.method = start.method;
+    session.options = start.options;
+    session.choice = {};
+    session.musterResults = {};
+    Select(session, start.race, start.career, start.assignment);
 }
 
 }  // namespace korvane::play

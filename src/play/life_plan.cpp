@@ -17,7 +17,8 @@ namespace {
 RandomStream StreamFor(const LifePlan& plan, std::uint64_t number) {
     constexpr std::uint64_t kNotTheDice = 0x504C4159;
     static const std::uint64_t unseeded = std::random_device{}();
-    return RandomStream(RandomStream::Mix(plan.seed.value_or(unseeded) ^ kNotTheDice) + RandomStream::Mix(number));
+    const auto seed = plan.seed ? plan.seed->value() : unseeded;
+    return RandomStream(RandomStream::Mix(seed ^ kNotTheDice) + RandomStream::Mix(number));
 }
 
 // The wanted name, or any of those there are but "Prisoner"; empty when there is none.
@@ -53,24 +54,15 @@ std::unique_ptr<Player> PlayerFor(const Session& session, const LifePlan& plan, 
     return std::make_unique<RandomPlayer>(stream);
 }
 
-LifeOutcome Run(Session& session, const journal::Recorder::Sink& journal) {
-    if (!journal)
-        return LiveOut(session);
-    journal::Recorder recorder(journal, *session.seams.dice, *session.seams.player);
-    session.seams.dice = &recorder;
-    session.seams.player = &recorder;
-    return LiveRecorded(session, recorder);
-}
-
 }  // namespace
 
-LifeOutcome Live(Session& session, const LifePlan& plan, std::uint64_t number, const journal::Recorder::Sink& journal) {
+LifeOutcome Live(Session& session, const LifePlan& plan, std::uint64_t number, journal::Tape* tape) {
     auto stream = StreamFor(plan, number);
     session.method = plan.method;
     session.options = plan.options;
     session.options.Set(Option::AutomaticGeneration, plan.player == PlayerKind::Automatic);
     const auto selection = PickSelection(session, plan, stream);
-    SeededDice seeded(plan.seed.value_or(0), number);
+    SeededDice seeded(plan.seed ? plan.seed->value() : 0, number);
     ClockDice clock;
     Dice& dice = plan.seed ? static_cast<Dice&>(seeded) : clock;
     const auto player = PlayerFor(session, plan, stream);
@@ -78,7 +70,7 @@ LifeOutcome Live(Session& session, const LifePlan& plan, std::uint64_t number, c
     session.seams.dice = &dice;
     session.seams.player = player.get();
     Select(session, selection.race, selection.career, selection.assignment);
-    return Run(session, journal);
+    return tape == nullptr ? LiveOut(session) : LiveRecorded(session, *tape, {plan.seed, plan.seed ? number : 1});
 }
 
 }  // namespace korvane::play

@@ -21,12 +21,12 @@ struct LifePlan {
     Options options;
     PlayerKind player = PlayerKind::Automatic;
     int terms = 4;
-    std::optional<std::uint64_t> seed;  // none: the clock's dice
+    std::optional<Seed> seed;  // none: the clock's dice
 };
 
 // Lives the character with that number. With a seed, all of it depends on the seed and the number alone. The finished
-// character is left in the session. Writes the journal where there is a sink for it. Throws MissingSelection, and
+// character is left in the session. Records the life where there is a tape for it. Throws MissingSelection, and
 // FileError for a malformed file of the selection.
-LifeOutcome Live(Session& session, const LifePlan& plan, std::uint64_t number, const journal::Recorder::Sink& journal);
+LifeOutcome Live(Session& session, const LifePlan& plan, std::uint64_t number, journal::Tape* tape = nullptr);
 
 }  // namespace korvane::play

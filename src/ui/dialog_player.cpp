@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QMessageBox>
 #include <QWindow>
 #include <exception>
 #include <type_traits>
@@ -23,6 +24,15 @@ QStringList ToList(const Texts& texts) {
         list << ToQt(text);
     return list;
 }
+
+// Nobody listens to a dialog any more when this goes.
+struct Unheard {
+    KVNMuster& dialog;
+    ~Unheard() {
+        dialog.pressed = {};
+        dialog.left = {};
+    }
+};
 
 }  // namespace
 
@@ -61,21 +71,47 @@ Dialog& DialogPlayer::Prepare(std::unique_ptr<Dialog>& dialog) {
         dialog->windowHandle()->setTransientParent(front);
     }
     dialog->setWindowTitle(Title());
+    dialog->back().Offer(steps);
     return *dialog;
 }
 
 void DialogPlayer::RunNeeded(NeededDialog& dialog) {
     dialog.mayScrap = [this, &dialog] {
-        return AskYesNo(guard_, &dialog, Title(), {kScrapQuestion, {}, Icon::Question, false});
+        return AskYesNo(guard_, &dialog, Title(), {kScrapQuestion, {}, Icon::Question, false}) == QMessageBox::Yes;
     };
     for (;;) {
-        const int result = guard_.Run(dialog);
+        const int result = RunWithSteps([&] { return guard_.Run(dialog); });
         if (result == QDialog::Accepted)
             return;
         // What else hides a dialog, a window manager that kills it say, is no answer. One that is still there was left
         // because the program ends.
         if (result == NeededDialog::kScrapped || dialog.isVisible())
             throw CharacterScrapped();
+    }
+}
+
+int DialogPlayer::RunWithSteps(const std::function<int()>& run) {
+    for (;;) {
+        const int result = run();
+        if (result == kWentBack && steps->MayGoBack()) {
+            Finish();
+            throw WentBack{steps->MomentCount() - 1};
+        }
+        if (result == kWentForward && steps->MayGoForward()) {
+            Finish();
+            throw WentForward();
+        }
+        if (result != kWentToHistory)
+            return result;
+        const bool musters = muster_ && muster_->isVisible();
+        if (musters)
+            muster_->hide();
+        if (const auto moment = chooseMoment ? chooseMoment() : std::nullopt) {
+            Finish();
+            throw WentBack{*moment};
+        }
+        if (musters)
+            muster_->show();
     }
 }
 
@@ -100,6 +136,7 @@ int DialogPlayer::Choose(const ChoiceQuestion& question) {
     auto& dialog = Prepare(choice_);
     dialog.SetQuestion(question);
     if (question.mayLeave) {
+        dialog.back().Offer(nullptr);
         dialog.mayScrap = {};
         return guard_.Run(dialog) == QDialog::Accepted ? dialog.picked() : 0;
     }
@@ -110,12 +147,15 @@ int DialogPlayer::Choose(const ChoiceQuestion& question) {
 std::vector<int> DialogPlayer::Select(const ListQuestion& question) {
     auto& dialog = Prepare(list_);
     dialog.SetQuestion(question);
-    return guard_.Run(dialog) == QDialog::Accepted ? dialog.Marked() : std::vector<int>();
+    const int result = RunWithSteps([&] { return guard_.Run(dialog); });
+    return result == QDialog::Accepted ? dialog.Marked() : std::vector<int>();
 }
 
 bool DialogPlayer::Ask(const YesNoQuestion& question) {
     Announce();
-    const bool yes = AskYesNo(guard_, Front(), question.title.empty() ? Title() : ToQt(question.title), question);
+    const auto title = question.title.empty() ? Title() : ToQt(question.title);
+    const bool yes =
+        RunWithSteps([&] { return AskYesNo(guard_, Front(), title, question, steps); }) == QMessageBox::Yes;
     if (std::exchange(mayAbandon_, false) && yes)
         Finish();
     return yes;
@@ -123,7 +163,7 @@ bool DialogPlayer::Ask(const YesNoQuestion& question) {
 
 void DialogPlayer::Tell(const Notice& notice) {
     Announce();
-    ShowMessage(guard_, Front(), Title(), ToQt(notice.text), notice.icon);
+    RunWithSteps([&] { return ShowMessage(guard_, Front(), Title(), ToQt(notice.text), notice.icon, steps); });
 }
 
 int DialogPlayer::PickTable(const TableQuestion& question) {
@@ -173,37 +213,47 @@ std::optional<TransferAnswer> DialogPlayer::Transfer(const TransferQuestion& que
     return dialog.Result();
 }
 
+std::optional<MusterPress> DialogPlayer::RunMuster(KVNMuster& dialog) {
+    constexpr int kPressed = 1;
+    std::optional<MusterPress> press;
+    QEventLoop loop;
+    // One press at a time: a second one before the rules have seen the first doesn't count.
+    bool waiting = true;
+    const auto answer = [&](int result) {
+        if (std::exchange(waiting, false))
+            loop.exit(result);
+    };
+    dialog.pressed = [&](const MusterPress& pressed) {
+        if (waiting)
+            press = pressed;
+        answer(kPressed);
+    };
+    dialog.left = answer;
+    const Unheard unheard{dialog};
+    RunWithSteps([&] {
+        waiting = true;
+        dialog.show();
+        dialog.activateWindow();
+        const InputGuard::Asking asking(guard_, dialog);
+        return loop.exec();
+    });
+    return press;
+}
+
 MusterPress DialogPlayer::Muster(const MusterQuestion& question) {
     auto& dialog = Prepare(muster_);
     if (!dialog.isVisible() && question.cash.empty() && question.benefits.empty())
         historyBefore_ = session_.character.History.size();
     dialog.SetQuestion(question);
     dialog.SetHistory(HistoryTexts(historyBefore_));
-    MusterPress press;
-    bool waiting = true;
-    QEventLoop loop;
-    dialog.pressed = [&](const MusterPress& answer) {
-        // One press at a time: a second one before the rules have seen the first doesn't count.
-        if (!std::exchange(waiting, false))
-            return;
-        press = answer;
-        loop.exit(1);
-    };
-    dialog.show();
-    dialog.activateWindow();
-    bool answered = false;
-    {
-        const InputGuard::Asking asking(guard_, dialog);
-        answered = loop.exec() == 1;
-    }
-    dialog.pressed = {};
-    if (!answered)  // the program ends
+    const auto press = RunMuster(dialog);
+    if (!press)  // the program ends
         throw CharacterScrapped();
-    const bool done = press.button == MusterButton::Done;
+    const bool done = press->button == MusterButton::Done;
     mayAbandon_ = done && question.rolls > 0 && !session_.Automatic();
     if (done && !mayAbandon_)
         dialog.hide();
-    return press;
+    return *press;
 }
 
 }  // namespace korvane::ui

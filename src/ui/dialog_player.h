@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -25,6 +26,10 @@ class DialogPlayer : public Player {
     // The dialogs belong to `window`; `session` tells what they show beside their question and is never changed.
     DialogPlayer(const Session& session, QWidget& window, InputGuard& guard);
 
+    // The steps back and forward that the dialogs offer; none: none.
+    const LifeSteps* steps = nullptr;
+    // Lets the player choose a question of the history, while the dialog is away; nothing: back to the question.
+    std::function<std::optional<std::size_t>()> chooseMoment;
     // Called before a dialog is shown, so that the window behind it shows what has happened.
     std::function<void()> beforeDialog;
     // Called as soon as the player changes a box in the end-of-term dialog.
@@ -50,6 +55,11 @@ class DialogPlayer : public Player {
     Dialog& Prepare(std::unique_ptr<Dialog>& dialog);
     // Runs a dialog that needs an answer. Throws CharacterScrapped when there is none.
     void RunNeeded(NeededDialog& dialog);
+    // Runs a dialog, by a function that gives its result, until that is no wish to look for a question in the history.
+    // Throws WentBack or WentForward where the player goes elsewhere.
+    int RunWithSteps(const std::function<int()>& run);
+    // One press; nothing when the program ends.
+    std::optional<MusterPress> RunMuster(KVNMuster& dialog);
     QString Title() const;
     // The window that a message stands before.
     QWidget* Front() const;

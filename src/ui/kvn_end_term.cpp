@@ -25,6 +25,7 @@ constexpr std::array kAnswerNames = {"reEnlist", "transfer", "musterOut", "scrap
 
 KVNEndTerm::KVNEndTerm(QWidget* parent)
     : NeededDialog(parent),
+      back_(*this),
       options_("Options"),
       boxes_(kOrder, 3),
       heading_(ToQt(kEndOfTermHeading)),
@@ -61,6 +62,7 @@ void KVNEndTerm::LayOut() {
     for (auto& button : buttons_)
         buttons->addWidget(&button);
     buttons->addStretch();
+    buttons->addWidget(&back_);
     grid->addWidget(&heading_, 0, 0, 1, 3);
     grid->addLayout(buttons, 1, 0, 2, 1);
     grid->addWidget(&skillsLabel_, 1, 1);

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "character/player.h"
+#include "ui/back_button.h"
 #include "ui/copy_list.h"
 #include "ui/dialog.h"
 #include "ui/option_boxes.h"
@@ -25,6 +26,7 @@ class KVNEndTerm : public NeededDialog {
     std::function<void(const Options&)> optionsChanged;
 
     void SetQuestion(const EndOfTermQuestion& question);
+    BackButton& back() { return back_; }
     void SetSkills(const std::vector<std::string>& lines);
     void SetHistory(std::span<const std::string> lines);
     EndOfTermAnswer Result() const { return {choice_, boxes_.Ticked()}; }
@@ -36,6 +38,7 @@ class KVNEndTerm : public NeededDialog {
   private:
     void LayOut();
 
+    BackButton back_;
     QGroupBox options_;
     OptionBoxes boxes_;
     QLabel heading_;

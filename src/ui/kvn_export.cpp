@@ -3,6 +3,8 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 
+#include "ui/back_button.h"
+
 namespace korvane::ui {
 
 namespace {
@@ -22,10 +24,12 @@ KVNExport::KVNExport(const QString& programTitle, const QStringList& templates, 
       rollName_(tr("&Roll Name")),
       templatesLabel_(tr("&Template")),
       pdf_(tr("Write a &PDF file too")),
+      journal_(tr("Write the &journal too")),
       open_(tr("Still to decide: %1").arg(open)),
       export_(tr("&Export")),
       close_(tr("&Close")),
-      end_(tr("E&xit Korvane")) {
+      end_(tr("E&xit Korvane")),
+      back_(tr("&Back")) {
     setObjectName("KVNExport");
     setWindowTitle(programTitle);
     setModal(true);
@@ -37,6 +41,7 @@ KVNExport::KVNExport(const QString& programTitle, const QStringList& templates, 
     templates_.addItems(templates);
     templates_.setCurrentRow(0);
     pdf_.setObjectName("pdf");
+    journal_.setObjectName("journal");
     open_.setObjectName("open");
     open_.setTextFormat(Qt::PlainText);
     open_.setWordWrap(true);
@@ -47,6 +52,11 @@ KVNExport::KVNExport(const QString& programTitle, const QStringList& templates, 
     export_.setDefault(true);
     close_.setObjectName("close");
     end_.setObjectName("end");
+    back_.setObjectName("back");
+    back_.setShortcut(Qt::CTRL | Qt::Key_Z);
+    back_.setToolTip(tr("Back into the life: the last question is asked again (Ctrl+Z)"));
+    back_.setAutoDefault(false);
+    connect(&back_, &QPushButton::clicked, this, [this] { done(kWentBack); });
     Connect(rollName_, rollName);
     Connect(export_, exportPage);
     Connect(end_, endProgram);
@@ -64,10 +74,14 @@ void KVNExport::LayOut() {
     grid->addWidget(&rollName_, 0, 2);
     grid->addWidget(&templatesLabel_, 1, 0, Qt::AlignTop);
     grid->addWidget(&templates_, 1, 1, 1, 2);
-    grid->addWidget(&pdf_, 2, 1, 1, 2);
+    auto* const more = new QHBoxLayout;
+    more->addWidget(&pdf_);
+    more->addWidget(&journal_);
+    more->addStretch();
+    grid->addLayout(more, 2, 1, 1, 2);
     grid->setColumnStretch(1, 1);
     auto* const buttons = new QHBoxLayout;
-    for (auto* const button : {&export_, &close_, &end_})
+    for (auto* const button : {&back_, &export_, &close_, &end_})
         buttons->addWidget(button);
     grid->addWidget(&open_, 3, 0, 1, 3);
     grid->addLayout(buttons, 4, 0, 1, 3);

@@ -26,6 +26,7 @@ class KVNExport : public QDialog {
     QString name() const { return name_.text(); }
     // The selected template's file name; empty when there is none.
     QString templateName() const;
+    bool wantsJournal() const { return journal_.isChecked(); }
     bool wantsPdf() const { return pdf_.isChecked(); }
 
   private:
@@ -37,10 +38,12 @@ class KVNExport : public QDialog {
     QLabel templatesLabel_;
     QListWidget templates_;
     QCheckBox pdf_;
+    QCheckBox journal_;
     QLabel open_;
     QPushButton export_;
     QPushButton close_;
     QPushButton end_;
+    QPushButton back_;
 };
 
 }  // namespace korvane::ui

@@ -21,6 +21,7 @@ constexpr std::array kNames = {"cash", "material", "threeCash", "done"};
 
 KVNMuster::KVNMuster(QWidget* parent)
     : QDialog(parent),
+      back_(*this),
       gambler_(ToQt(kGamblerQuestion)),
       results_("Results"),
       cash_("cashResults", tr("Results: cash")),
@@ -47,6 +48,7 @@ void KVNMuster::LayOut() {
     column->addWidget(&bonuses_);
     column->addWidget(&gambler_);
     auto* const buttons = new QHBoxLayout;
+    buttons->addWidget(&back_);
     for (auto& button : buttons_)
         buttons->addWidget(&button);
     column->addLayout(buttons);
@@ -92,6 +94,11 @@ void KVNMuster::Press(MusterButton button) {
 
 void KVNMuster::reject() {
     Press(MusterButton::Done);
+}
+
+void KVNMuster::done(int result) {
+    if (left)
+        left(result);
 }
 
 void KVNMuster::keyPressEvent(QKeyEvent* event) {

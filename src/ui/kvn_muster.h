@@ -12,6 +12,7 @@
 #include <string_view>
 
 #include "character/player.h"
+#include "ui/back_button.h"
 #include "ui/copy_list.h"
 
 namespace korvane::ui {
@@ -23,6 +24,9 @@ class KVNMuster : public QDialog {
 
     // Called at each press of a button.
     std::function<void(const MusterPress&)> pressed;
+    // Called when the player goes elsewhere, with a result of the way back.
+    std::function<void(int result)> left;
+    BackButton& back() { return back_; }
 
     void SetQuestion(const MusterQuestion& question);
     // What is left to spend and what it has brought, without a change to the buttons.
@@ -32,6 +36,7 @@ class KVNMuster : public QDialog {
     void SetHistory(std::span<const std::string> lines);
 
     void reject() override;
+    void done(int result) override;
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -41,6 +46,7 @@ class KVNMuster : public QDialog {
     void LayOut();
     void Press(MusterButton button);
 
+    BackButton back_;
     QLabel rolls_;
     QLabel bonuses_;
     QCheckBox gambler_;

@@ -7,7 +7,7 @@
 namespace korvane::ui {
 
 KVNTables::KVNTables(QWidget* parent)
-    : NeededDialog(parent), heldLabel_(tr("Currently Held")), held_("held", tr("Currently Held")) {
+    : NeededDialog(parent), back_(*this), heldLabel_(tr("Currently Held")), held_("held", tr("Currently Held")) {
     setObjectName("KVNTables");
     instruction_.setObjectName("instruction");
     instruction_.setTextFormat(Qt::PlainText);
@@ -21,6 +21,7 @@ KVNTables::KVNTables(QWidget* parent)
         grid->setColumnStretch(number - 1, 1);
     }
     grid->addWidget(&instruction_, 2, 0, 1, kColumns, Qt::AlignHCenter);
+    grid->addWidget(&back_, 2, 0, Qt::AlignLeft);
     grid->addWidget(&heldLabel_, 3, 0, 1, kColumns);
     grid->addWidget(&held_, 4, 0, 1, kColumns);
     grid->setRowStretch(1, 2);
@@ -32,6 +33,7 @@ KVNTables::KVNTables(QWidget* parent)
     for (std::size_t i = 1; i < columns_.size(); ++i)
         setTabOrder(columns_.at(i - 1).rows, columns_.at(i).rows);
     setTabOrder(columns_.back().rows, &held_);
+    setTabOrder(&held_, &back_);
     resize(fontMetrics().averageCharWidth() * 120, fontMetrics().lineSpacing() * 26);
 }
 

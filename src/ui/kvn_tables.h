@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "character/player.h"
+#include "ui/back_button.h"
 #include "ui/copy_list.h"
 #include "ui/dialog.h"
 
@@ -22,6 +23,7 @@ class KVNTables : public NeededDialog {
     void SetHeldSkills(const std::vector<std::string>& lines);
     // The column that was pressed, counted from 1.
     int picked() const { return picked_; }
+    BackButton& back() { return back_; }
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -37,6 +39,7 @@ class KVNTables : public NeededDialog {
     void ShowColumn(int number, const TableColumn& content);
 
     std::array<Column, kColumns> columns_{};
+    BackButton back_;
     QLabel instruction_;
     QLabel heldLabel_;
     CopyList held_;

@@ -14,6 +14,7 @@ KVNTransfer::KVNTransfer(QWidget* parent)
       notice_(ToQt(kTransferNotice)),
       careerLabel_("Career"),
       assignmentLabel_("Assignment"),
+      back_(*this),
       accept_("Accept"),
       endCareer_(ToQt(kEndCareer)) {
     setObjectName("KVNTransfer");
@@ -57,6 +58,7 @@ void KVNTransfer::LayOut() {
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(3, 1);
     auto* const buttons = new QHBoxLayout;
+    buttons->addWidget(&back_);
     buttons->addStretch();
     buttons->addWidget(&accept_);
     buttons->addWidget(&endCareer_);

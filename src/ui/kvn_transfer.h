@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "character/player.h"
+#include "ui/back_button.h"
 #include "ui/choice_combo.h"
 #include "ui/dialog.h"
 
@@ -18,6 +19,7 @@ class KVNTransfer : public NeededDialog {
 
     // No career is chosen afterwards.
     void SetQuestion(const TransferQuestion& question);
+    BackButton& back() { return back_; }
     // Nothing for "End Career".
     std::optional<TransferAnswer> Result() const;
 
@@ -34,6 +36,7 @@ class KVNTransfer : public NeededDialog {
     QLabel assignmentLabel_;
     ChoiceCombo career_;
     ChoiceCombo assignment_;
+    BackButton back_;
     QPushButton accept_;
     QPushButton endCareer_;
     bool ended_ = false;

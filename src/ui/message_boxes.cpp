@@ -1,5 +1,11 @@
 #include "ui/message_boxes.h"
 
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGridLayout>
+
+#include "ui/back_button.h"
 #include "ui/qt_text.h"
 
 namespace korvane::ui {
@@ -21,19 +27,47 @@ QMessageBox::Icon IconOf(Icon icon) {
     return QMessageBox::NoIcon;
 }
 
-}  // namespace
-
-void ShowMessage(InputGuard& guard, QWidget* parent, const QString& title, const QString& text, Icon icon) {
-    QMessageBox box(IconOf(icon), title, text, QMessageBox::Ok, parent);
-    box.setTextFormat(Qt::PlainText);
-    guard.Run(box);
+// Puts the way back into a box's row of buttons.
+void OfferBack(QMessageBox& box, const LifeSteps* steps) {
+    if (steps == nullptr)
+        return;
+    auto* const back = new BackButton(box);
+    back->Offer(steps);
+    if (auto* const grid = qobject_cast<QGridLayout*>(box.layout()))
+        grid->addWidget(back, grid->rowCount(), 0, 1, grid->columnCount(), Qt::AlignLeft);
 }
 
-bool AskYesNo(InputGuard& guard, QWidget* parent, const QString& title, const YesNoQuestion& question) {
+}  // namespace
+
+int ShowMessage(InputGuard& guard, QWidget* parent, const QString& title, const QString& text, Icon icon,
+                const LifeSteps* steps) {
+    QMessageBox box(IconOf(icon), title, text, QMessageBox::Ok, parent);
+    box.setTextFormat(Qt::PlainText);
+    OfferBack(box, steps);
+    return guard.Run(box);
+}
+
+int AskYesNo(InputGuard& guard, QWidget* parent, const QString& title, const YesNoQuestion& question,
+             const LifeSteps* steps) {
     QMessageBox box(IconOf(question.icon), title, ToQt(question.text), QMessageBox::Yes | QMessageBox::No, parent);
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(question.defaultYes ? QMessageBox::Yes : QMessageBox::No);
-    return guard.Run(box) == QMessageBox::Yes;
+    OfferBack(box, steps);
+    return guard.Run(box);
+}
+
+QString AskForFile(InputGuard& guard, QWidget& parent, const QString& title, const QString& filter) {
+    QFileDialog dialog(&parent, title, QDir::currentPath(), filter);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return guard.Run(dialog) == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+QString AskForNewFile(InputGuard& guard, QWidget& parent, const QString& title, const QString& proposed) {
+    QFileDialog dialog(&parent, title, QDir::homePath());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QFileInfo(proposed).suffix());
+    dialog.selectFile(proposed);
+    return guard.Run(dialog) == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 void ShowError(InputGuard& guard, QWidget* parent, const QString& title, const QString& text, const QString& advice,

@@ -10,10 +10,17 @@
 
 namespace korvane::ui {
 
-// A notice with an OK button.
-void ShowMessage(InputGuard& guard, QWidget* parent, const QString& title, const QString& text, Icon icon);
-// A question with Yes and No; Escape answers No.
-bool AskYesNo(InputGuard& guard, QWidget* parent, const QString& title, const YesNoQuestion& question);
+// A notice with an OK button. Of the rules' own, `steps` offer the way back; the result is that of a way taken, or
+// whatever else.
+int ShowMessage(InputGuard& guard, QWidget* parent, const QString& title, const QString& text, Icon icon,
+                const LifeSteps* steps = nullptr);
+// A question with Yes and No; Escape answers No. The result is QMessageBox::Yes, or that of a way taken.
+int AskYesNo(InputGuard& guard, QWidget* parent, const QString& title, const YesNoQuestion& question,
+             const LifeSteps* steps = nullptr);
+// The file that the player chooses to read, and the one to write; empty when cancelled. Files that are there are kept:
+// the dialog asks before one is replaced.
+QString AskForFile(InputGuard& guard, QWidget& parent, const QString& title, const QString& filter);
+QString AskForNewFile(InputGuard& guard, QWidget& parent, const QString& title, const QString& proposed);
 // An error. `advice` says what happens next; `record`, if any, can be looked at and copied.
 void ShowError(InputGuard& guard, QWidget* parent, const QString& title, const QString& text, const QString& advice,
                const QString& record = {});

@@ -40,7 +40,8 @@ SLIST1::SLIST1(QWidget* parent, InputGuard& guard)
       cancel_(tr("Cancel")),
       selectAll_(tr("Select &All")),
       clear_(tr("C&lear")),
-      find_(tr("&Find...")) {
+      find_(tr("&Find...")),
+      back_(*this) {
     setObjectName("SLIST1");
     setModal(true);
     prompt_.setObjectName("prompt");
@@ -69,6 +70,7 @@ void SLIST1::LayOut() {
     column->addLayout(limits);
     column->addWidget(&list_, 1);
     auto* const buttons = new QHBoxLayout;
+    buttons->addWidget(&back_);
     for (auto* const button : {&ok_, &cancel_, &selectAll_, &clear_, &find_})
         buttons->addWidget(button);
     column->addLayout(buttons);

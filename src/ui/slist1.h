@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "character/player.h"
+#include "ui/back_button.h"
 #include "ui/input_guard.h"
 
 namespace korvane::ui {
@@ -29,6 +30,7 @@ class SLIST1 : public QDialog {
     void SetQuestion(const ListQuestion& question);
     // The marked items, counted from 1, ascending; none after "Cancel".
     std::vector<int> Marked() const;
+    BackButton& back() { return back_; }
 
     void reject() override;
 
@@ -60,6 +62,7 @@ class SLIST1 : public QDialog {
     QPushButton selectAll_;
     QPushButton clear_;
     QPushButton find_;
+    BackButton back_;
 };
 
 }  // namespace korvane::ui

@@ -19,8 +19,12 @@ constexpr int kRowHeight = 500;
 
 }  // namespace
 
-SPICKBOX::SPICKBOX(QWidget* parent) : NeededDialog(parent), title_(this) {
+SPICKBOX::SPICKBOX(QWidget* parent) : NeededDialog(parent), back_(*this), title_(this) {
     setObjectName("SPICKBOX");
+    // The dialog's size is told by its texts: the way back must do with the margin beside them.
+    back_.setToolButtonStyle(Qt::ToolButtonIconOnly);
+    back_.setPopupMode(QToolButton::DelayedPopup);
+    back_.setAutoRaise(true);
     title_.setObjectName("title");
     title_.setAlignment(Qt::AlignCenter);
     title_.setTextFormat(Qt::PlainText);
@@ -75,6 +79,8 @@ void SPICKBOX::Place(int longest) {
 
     const int title_height = fontMetrics().height() + margin / 2;
     title_.setGeometry(0, 0, width, title_height);
+    const int side = std::min(FromTwips(*this, (kDialogMargin - kButtonMargin) / 2), (width - button_width) / 2);
+    back_.setGeometry(0, height - side, side, side);
     const int row = (height - title_height) / shown_;
     const int button_height = std::min(buttons_.front()->sizeHint().height(), row);
     int top = title_height + (row - button_height) / 2;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "character/player.h"
+#include "ui/back_button.h"
 #include "ui/dialog.h"
 
 namespace korvane::ui {
@@ -17,6 +18,7 @@ class SPICKBOX : public NeededDialog {
     explicit SPICKBOX(QWidget* parent);
 
     void SetQuestion(const ChoiceQuestion& question);
+    BackButton& back() { return back_; }
     // The alternative that was chosen, counted from 1.
     int picked() const { return picked_; }
 
@@ -29,6 +31,7 @@ class SPICKBOX : public NeededDialog {
     // The width of the longest text, in characters of which each takes 100 twips, decides over all widths.
     void Place(int longest);
 
+    BackButton back_;
     QLabel title_;  // a narrow frame may cut the window's own
     std::vector<QPushButton*> buttons_;
     int shown_ = 0;

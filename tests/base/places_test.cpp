@@ -128,12 +128,14 @@ TEST(Places, ReplacingFollowsLinksKeepsPermissionsAndSweepsBehindTheDead) {
 TEST(Places, LinesAreInTheFileAtOnceAndNoFileIsOverwritten) {
     const TempFolder folder;
     LineFile journal(folder.path() / "deep/life.jsonl", Sync::Now);
-    journal.Write("rolled away");
-    journal.Clear();
     journal.Write("one");
+    journal.Write("gone back over");
+    journal.CutTo(4);
     EXPECT_EQ(folder.Read("deep/life.jsonl"), "one\n");
     EXPECT_THROW(LineFile(journal.path(), Sync::Now), IoError);
     EXPECT_EQ(folder.Read("deep/life.jsonl"), "one\n");
+    LineFile(journal.path(), Sync::Now, 3).Write("two");
+    EXPECT_EQ(folder.Read("deep/life.jsonl"), "onetwo\n");
 }
 
 TEST(Errors, ShowWhatWasFoundInBoundsAndAsItIs) {

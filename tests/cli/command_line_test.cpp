@@ -1,5 +1,6 @@
 // The command line as a whole, in this process: exit statuses, messages, repeatable runs.
 
+#include <algorithm>
 #include <array>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -58,7 +59,7 @@ TEST(CommandLine, FilesInFoldersHoldWhatTheStreamShows) {
     const auto replayed = RunCli({"replay", (folder.path() / "journals/character-2.jsonl").string(), "--data",
                                   KORVANE_RULES, "--format", "json"});
     EXPECT_EQ(replayed.status, 0);
-    EXPECT_EQ("{\"number\":2,\"seed\":7," + replayed.out.substr(1), folder.Read("out/character-2.json"));
+    EXPECT_EQ(replayed.out, folder.Read("out/character-2.json"));
 }
 
 // A copy of the shipped data in which one file is changed.
@@ -172,7 +173,7 @@ TEST(CommandLine, PlayKeepsEachAnswerAtOnceAndNeedsAJournalThatCanBeKept) {
                       input);
     };
     EXPECT_EQ(play((file / "x.jsonl").string(), "1\n").out, "") << "before the first question";
-    EXPECT_NE(play(file.string(), "1\n").err.find("holds something already"), std::string::npos);
+    EXPECT_NE(play(file.string(), "1\n").err.find("expected a JSON object"), std::string::npos);
     play((folder.path() / "life.jsonl").string(), "2\n1\n");
     const auto lines = LinesOf(folder.Read("life.jsonl"));
     EXPECT_GT(lines.size(), 10U) << "the input ended, its lines are there";
@@ -187,7 +188,7 @@ TEST(CommandLine, NumbersAndEmptyValuesAreTakenAtTheirWord) {
         EXPECT_NE(outcome.err.find(sentence), std::string::npos) << outcome.err;
     };
     fails({"codes", "--count", "-1"}, "is not a whole number from 0 to 1000000000");
-    fails({"generate", "--seed", "18446744073709551616"}, "to 18446744073709551615");
+    fails({"generate", "--seed", "18446744073709551616"}, "is no whole number from 0 to 18446744073709551615");
     fails({"generate", "--count=0"}, "\"0\" is not a whole number from 1 to");
     fails({"generate", "--name=", "--pdf"}, "go with \"--format html\" alone");
     const test::TempFolder folder;
@@ -209,10 +210,13 @@ TEST(CommandLine, CodesAreCountedOverLives) {
 TEST(CommandLine, PlayTakesScrapHoldsLimitsAndChangesOptions) {
     std::istringstream in("none\n3 3 4\n9\ncancel\nscrap\nn\n2\nscrap\ny\n5\n7\n10\n1\n");
     std::ostringstream out;
-    TerminalPlayer player(in, out);
+    const Session session(DataFolder(HeldPath("")), {});
+    WrappedOut written(out, 0);
+    TerminalPlayer player(session, in, written);
+    player.BeginLife();
     const std::vector<std::string_view> items = {"Admin", "Art", "Drive", "Medic"};
     EXPECT_TRUE(player.Select({"Take", 1, 1, items}).empty());
-    for (const auto* const refusal : {"Too many items selected; limit is 1", "Please type numbers of the list."})
+    for (const auto* const refusal : {"Too many items selected; limit is 1", "Please name items of the list."})
         EXPECT_NE(out.str().find(refusal), std::string::npos) << refusal;
     EXPECT_EQ(player.Choose({"Pick", items}), 2) << "after a No to the scrapping";
     EXPECT_THROW(player.Choose({"Pick", items}), CharacterScrapped);

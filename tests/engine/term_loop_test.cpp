@@ -211,19 +211,17 @@ TEST_F(Life, ACareerLocksTheControlsAndHandsOverWhoMusteredOut) {
         dice.Expect(test::HomeWorldRolls());
     };
     int handed = 0;
-    const auto hand_over = [&](LifeEnd end) {
-        handed += end == LifeEnd::MusteredOut ? int{character().TermsTotal} : 0;
-    };
+    const auto live = [&] { handed += RunLife(session) == LifeEnd::MusteredOut ? int{character().TermsTotal} : 0; };
     Start(kShortLife).ExpectTable(1).ExpectEndOfTerm(End::MusterOut).ExpectMuster(MusterButton::Done);
     expect_new_character();
-    RunCareer(session, hand_over);
+    RunCareer(session, live);
     EXPECT_EQ(character().Age + character().Characteristic[kStr], 18 + 8);
     Start({kQualify}).ExpectScrap();
     expect_new_character();
-    RunCareer(session, hand_over);
+    RunCareer(session, live);
     session.career.qualification = "Str        5+";
     Start({kQualify});
-    EXPECT_THROW(RunCareer(session, hand_over), RuleError);
+    EXPECT_THROW(RunCareer(session, live), RuleError);
     EXPECT_EQ(History(), (Lines{"-- Term 1 --", "Enlist Army Infantry"})) << "what was generated stays";
     EXPECT_EQ(handed, 2) << "once, and before the record was reset";
     EXPECT_EQ(locks, (std::vector<bool>{true, false, true, false, true, false}));

@@ -45,7 +45,8 @@ TEST_F(Document, HoldsTheRecordInItsOrder) {
         R"("benefits":["Scout Ship"],"careersServed":["Army"],"skills":[{"name":"Admin","level":1}],)"
         R"("history":["-- \"Term\" 1 --"],)"
         R"("education":null,"connections":[],"package":null,"open":[]})");
-    EXPECT_TRUE(CharacterDocument(session, {"Jo", 3, 7}).starts_with(R"({"name":"Jo","number":3,"seed":7,"race":)"));
+    EXPECT_TRUE(CharacterDocument(session, {"Jo", 3, Origin{Seed("a \"word\""), 3}, 2})
+                    .starts_with(R"({"name":"Jo","number":3,"seed":"a \"word\"","backs":2,"race":)"));
     record.Education = "University";
     record.Connections = {{"Art (Pick Later)", "Ro (Ally)"}, {"Medic", ""}};
     record.SkillPackage = "Embassy";

@@ -2,15 +2,16 @@
 // and replayed.
 
 #include <algorithm>
-#include <sstream>
+#include <memory>
 
 #include "character/characteristics.h"
 #include "engine/mustering_out.h"
 #include "engine/selection.h"
 #include "engine/transfer.h"
 #include "output/character_document.h"
-#include "output/journal/recorder.h"
-#include "output/journal/replayer.h"
+#include "output/journal/lines.h"
+#include "output/journal/read_journal.h"
+#include "output/journal/tape_deck.h"
 #include "play/life_plan.h"
 #include "skills/choice.h"
 #include "skills/list_choice.h"
@@ -23,8 +24,7 @@ namespace korvane {
 namespace {
 
 using journal::Divergence;
-using journal::Recorder;
-using journal::Replayer;
+using journal::TapeDeck;
 using test::Drawn;
 using test::LinesOf;
 using test::Rolled;
@@ -32,27 +32,45 @@ using test::Rolled;
 const std::string kHeader =
     R"({"journal":1,"race":"Imperial Human","career":"Army","assignment":"Infantry","method":"True 2D ","options":[]})";
 
-Replayer ReplayerOf(const std::vector<std::string>& lines) {
-    auto text = kHeader;
-    for (const auto& line : lines)
-        text += "\n" + line;
-    return {"life.jsonl", text};
-}
+// A deck before the tape of a journal.
+struct Replay {
+    explicit Replay(const std::vector<std::string>& lines) {
+        auto text = kHeader;
+        for (const auto& line : lines)
+            text += "\n" + line;
+        read = journal::ReadJournal("life.jsonl", text);
+    }
+    void ExpectEnd(journal::EndKind kind, const std::string& error = {}) const {
+        deck.ExpectEnd({kind, error, {}, {}, {}, {}});
+    }
+
+    Session session{DataFolder(HeldPath(KORVANE_RULES)), {}};
+    journal::Journal read;
+    TapeDeck deck{session, read.tape, nullptr, nullptr, "life.jsonl"};
+};
+struct Reading {
+    explicit Reading(const std::vector<std::string>& lines) : replay(std::make_unique<Replay>(lines)) {}
+    TapeDeck* operator->() const { return &replay->deck; }
+    std::unique_ptr<Replay> replay;
+};
 
 // A world whose dice and player are recorded.
 class Journal : public test::World {
   protected:
     Journal() {
+        tape.start.version = 1;
         session.seams.dice = &recorder;
         session.seams.player = &recorder;
     }
 
-    std::ostringstream text;
-    Recorder recorder{[this](std::string_view line) { text << line << '\n'; }, dice, player};
+    journal::Tape tape;
+    TapeDeck recorder{session, tape, &dice, &player};
 };
 
 TEST_F(Journal, EveryKindOfRequestIsALine) {
-    recorder.Begin(session);
+    tape.start = play::StartOf(session, {});
+    tape.start.version = 1;
+    tape.start.dice.reset();
     dice.Expect({Rolled(2, 6, 7), Drawn(3, 1)});
     Roll(session, 2, 6);
     Roll(session, 0, 6);
@@ -83,10 +101,7 @@ TEST_F(Journal, EveryKindOfRequestIsALine) {
     player.ExpectEndCareer().ExpectMuster(MusterButton::Cash).ExpectMuster(MusterButton::Done);
     dice.Expect({Rolled(1, 6, 3)});
     TransferCareer(session);
-    recorder.End(LifeEnd::MusteredOut);
-    recorder.End(LifeEnd::Scrapped);
-    recorder.EndInError("type", "odd \"level\"");
-
+    tape.end = journal::End{journal::EndKind::Error, "type", "odd \"level\"", {}, {}, {}};
     const std::vector<std::string> expected = {
         kHeader,
         R"({"roll":[2,6],"result":7})",
@@ -105,45 +120,49 @@ TEST_F(Journal, EveryKindOfRequestIsALine) {
         R"({"muster":1,"press":"Cash","gambler":false})",
         R"({"roll":[1,6],"result":3})",
         R"({"muster":0,"press":"Done","gambler":false})",
-        R"({"end":"mustered out"})",
-        R"({"end":"scrapped"})",
         R"({"end":"error","kind":"type","message":"odd \"level\""})"};
-    EXPECT_EQ(LinesOf(text.str()), expected);
+    EXPECT_EQ(LinesOf(journal::JournalText(tape)), expected);
+    EXPECT_EQ(journal::JournalText(journal::ReadJournal("", journal::JournalText(tape)).tape),
+              journal::JournalText(tape));
 }
 
 TEST(Replay, HeaderMustBeKnown) {
-    const auto replayer = ReplayerOf({});
-    EXPECT_EQ(replayer.start().career, "Army");
-    EXPECT_EQ(replayer.start().method, RollingMethod::True2D);
+    const auto start = journal::ReadJournal("", kHeader).tape.start;
+    EXPECT_EQ(start.career, "Army");
+    EXPECT_EQ(start.method, RollingMethod::True2D);
     const auto rejects = [](std::string header, const std::string& part, const std::string& other) {
         header.replace(header.find(part), part.size(), other);
-        EXPECT_THROW(Replayer("life.jsonl", header), FileError) << header;
+        EXPECT_THROW(journal::ReadJournal("life.jsonl", header), journal::JournalError) << header;
     };
+    rejects(kHeader, "\"journal\":1", "\"journal\":3");
     rejects(kHeader, "\"journal\":1", "\"journal\":2");
     rejects(kHeader, "True 2D ", "True 3D ");
     rejects(kHeader, "[]", "[\"Fly\"]");
     rejects(kHeader, "\"race\"", "\"rice\"");
-    EXPECT_THROW(Replayer("life.jsonl", ""), FileError);
-    EXPECT_THROW(Replayer("life.jsonl", "not JSON"), FileError);
+    for (const std::string dice :
+         {"1", "{}", R"({"seed":1.5,"number":1})", R"({"seed":1,"number":-1})", R"({"seed":"","number":1})"})
+        rejects(kHeader, "\"journal\":1", R"("journal":2,"program":"","dice":)" + dice);
+    EXPECT_THROW(journal::ReadJournal("life.jsonl", ""), FileError);
+    EXPECT_THROW(journal::ReadJournal("life.jsonl", "not JSON"), FileError);
 }
 
 TEST(Replay, OtherRequestDivergesWithItsLine) {
-    auto replayer = ReplayerOf({R"({"roll":[1,6],"result":3})", R"({"ask":"Accept?","answer":"yes"})"});
-    EXPECT_EQ(replayer.Roll(1, 6), 3);
+    const Reading replayer({R"({"roll":[1,6],"result":3})", R"({"ask":"Accept?","answer":"yes"})"});
+    EXPECT_EQ(replayer->Roll(1, 6), 3);
     try {
-        replayer.Ask({"Refuse?"});
+        replayer->Ask({"Refuse?"});
         FAIL() << "another question is a divergence";
     } catch (const Divergence& divergence) {
         EXPECT_STREQ(
             divergence.what(),
             R"(life.jsonl:3: the journal holds {"ask":"Accept?","answer":"yes"}, the engine asked {"ask":"Refuse?"})");
     }
-    EXPECT_THROW(ReplayerOf({R"({"roll":[1,6],"result":3})"}).Roll(2, 6), Divergence);
-    EXPECT_THROW(ReplayerOf({R"({"roll":[1,6],"result":3})"}).Draw(6), Divergence);
-    EXPECT_THROW(ReplayerOf({R"({"end of term":3,"answer":1,"options":[]})"}).EndOfTerm({4, {}}), Divergence);
-    EXPECT_THROW(ReplayerOf({R"({"muster":3,"press":"Done","gambler":false})"}).Muster({}), Divergence);
-    EXPECT_THROW(ReplayerOf({R"({"end":"scrapped"})"}).ExpectEnd(LifeEnd::MusteredOut), Divergence);
-    EXPECT_THROW(ReplayerOf({R"({"roll":[1,6],"result":3})"}).ExpectEnd(LifeEnd::MusteredOut), Divergence);
+    EXPECT_THROW(Reading({R"({"roll":[1,6],"result":3})"})->Roll(2, 6), Divergence);
+    EXPECT_THROW(Reading({R"({"roll":[1,6],"result":3})"})->Draw(6), Divergence);
+    EXPECT_THROW(Reading({R"({"end of term":3,"answer":1,"options":[]})"})->EndOfTerm({4, {}}), Divergence);
+    EXPECT_THROW(Reading({R"({"muster":3,"press":"Done","gambler":false})"})->Muster({}), Divergence);
+    EXPECT_THROW(Replay({R"({"end":"scrapped"})"}).ExpectEnd(journal::EndKind::MusteredOut), Divergence);
+    EXPECT_THROW(Replay({R"({"roll":[1,6],"result":3})"}).ExpectEnd(journal::EndKind::MusteredOut), Divergence);
 }
 
 TEST(Replay, AnswersOutOfRangeAreErrors) {
@@ -154,27 +173,27 @@ TEST(Replay, AnswersOutOfRangeAreErrors) {
         question.columns[1].enabled = true;
         return question;
     };
-    EXPECT_THROW(ReplayerOf({R"({"roll":[2,6],"result":1})"}).Roll(2, 6), FileError);
-    EXPECT_THROW(ReplayerOf({R"({"roll":[2,6],"result":13})"}).Roll(2, 6), FileError);
-    EXPECT_THROW(ReplayerOf({R"({"roll":[2,6],"result":"7"})"}).Roll(2, 6), FileError);
-    EXPECT_THROW(ReplayerOf({R"({"roll":[2,6]})"}).Roll(2, 6), FileError);
-    EXPECT_THROW(ReplayerOf({R"({"draw":3,"result":3})"}).Draw(3), FileError);
+    EXPECT_THROW(Reading({R"({"roll":[2,6],"result":1})"})->Roll(2, 6), FileError);
+    EXPECT_THROW(Reading({R"({"roll":[2,6],"result":13})"})->Roll(2, 6), FileError);
+    EXPECT_THROW(Reading({R"({"roll":[2,6],"result":"7"})"})->Roll(2, 6), FileError);
+    EXPECT_THROW(Reading({R"({"roll":[2,6]})"})->Roll(2, 6), FileError);
+    EXPECT_THROW(Reading({R"({"draw":3,"result":3})"})->Draw(3), FileError);
     const std::vector<std::string_view> sides = {"A", "B"};
     for (const std::string picked : {"0", "3", "-1"})
         EXPECT_THROW(
-            ReplayerOf({R"({"choose":"Take","options":["A","B"],"picked":)" + picked + "}"}).Choose({"Take", sides}),
+            Reading({R"({"choose":"Take","options":["A","B"],"picked":)" + picked + "}"})->Choose({"Take", sides}),
             FileError);
-    EXPECT_THROW(ReplayerOf({R"({"table":[1],"picked":2})"}).PickTable(column(false)), FileError);
-    EXPECT_THROW(ReplayerOf({R"({"end of term":4,"answer":5,"options":[]})"}).EndOfTerm({4, {}}), FileError);
-    EXPECT_THROW(ReplayerOf({R"({"ask":"Accept?","answer":"perhaps"})"}).Ask({"Accept?"}), FileError);
+    EXPECT_THROW(Reading({R"({"table":[1],"picked":2})"})->PickTable(column(false)), FileError);
+    EXPECT_THROW(Reading({R"({"end of term":4,"answer":5,"options":[]})"})->EndOfTerm({4, {}}), FileError);
+    EXPECT_THROW(Reading({R"({"ask":"Accept?","answer":"perhaps"})"})->Ask({"Accept?"}), FileError);
     MusterQuestion muster;
     muster.cashEnabled = false;
-    EXPECT_THROW(ReplayerOf({R"({"muster":0,"press":"Cash","gambler":false})"}).Muster(muster), FileError);
-    EXPECT_THROW(ReplayerOf({R"({"muster":0,"press":"Material","gambler":true})"}).Muster(muster), FileError);
+    EXPECT_THROW(Reading({R"({"muster":0,"press":"Cash","gambler":false})"})->Muster(muster), FileError);
+    EXPECT_THROW(Reading({R"({"muster":0,"press":"Material","gambler":true})"})->Muster(muster), FileError);
     const std::vector<std::string_view> items = {"A", "B"};
     const auto select = [&](const std::string& marks) {
-        return ReplayerOf({R"({"select":"Take","maximum":1,"minimum":1,"items":["A","B"],"marked":)" + marks + "}"})
-            .Select({"Take", 1, 1, items});
+        return Reading({R"({"select":"Take","maximum":1,"minimum":1,"items":["A","B"],"marked":)" + marks + "}"})
+            ->Select({"Take", 1, 1, items});
     };
     EXPECT_EQ(select("[2]"), std::vector<int>{2});
     EXPECT_EQ(select("[]"), std::vector<int>{});
@@ -183,36 +202,31 @@ TEST(Replay, AnswersOutOfRangeAreErrors) {
     EXPECT_THROW(select("[2,1]"), FileError);
     const Names careers = {"Army"};
     const auto transfer = [&](const std::string& career, const std::string& assignment) {
-        return ReplayerOf({R"({"transfer":true,"career":")" + career + R"(","assignment":")" + assignment + "\"}"})
-            .Transfer({careers, [](std::string_view) { return std::make_shared<const Names>(Names{"Infantry"}); }});
+        return Reading({R"({"transfer":true,"career":")" + career + R"(","assignment":")" + assignment + "\"}"})
+            ->Transfer({careers, [](std::string_view) { return std::make_shared<const Names>(Names{"Infantry"}); }});
     };
     EXPECT_EQ(transfer("Army", "Infantry")->assignment, "Infantry");
     EXPECT_THROW(transfer("Navy", "Infantry"), FileError);
     EXPECT_THROW(transfer("Army", "Flight"), FileError);
 }
 
-TEST(Replay, ScrappedAtAQuestionIsScrappedAgain) {
-    auto replayer = ReplayerOf({R"({"end":"scrapped"})"});
-    EXPECT_THROW(replayer.EndOfTerm({4, {}}), CharacterScrapped);
-    replayer.ExpectEnd(LifeEnd::Scrapped);
-    auto longer = ReplayerOf({R"({"end":"mustered out"})", "{}"});
-    EXPECT_THROW(longer.ExpectEnd(LifeEnd::MusteredOut), FileError);
-    EXPECT_THROW(ReplayerOf({}).ExpectEnd(LifeEnd::MusteredOut), FileError) << "the journal ends early";
-}
-
-TEST_F(Journal, ErrorsAreReplayedIntoTheSameError) {
-    auto replayer =
-        ReplayerOf({R"({"roll":[2,6],"result":7})", R"({"end":"error","kind":"type","message":"free text"})"});
-    replayer.Roll(2, 6);
-    EXPECT_NO_THROW(replayer.ExpectErrorEnd("type"));
-    auto other = ReplayerOf({R"({"end":"error","kind":"overflow","message":""})"});
-    EXPECT_THROW(other.ExpectErrorEnd("type"), Divergence);
+TEST(Replay, EndsAsTheJournalDoes) {
+    Replay replay({R"({"end":"scrapped"})"});
+    EXPECT_THROW(replay.deck.EndOfTerm({4, {}}), CharacterScrapped);
+    replay.ExpectEnd(journal::EndKind::Scrapped);
+    EXPECT_THROW(replay.deck.Roll(1, 6), Divergence);
+    EXPECT_TRUE(Replay({R"({"end":"mustered out"})", "{}"}).read.goesOn);
+    EXPECT_THROW(Replay({}).ExpectEnd(journal::EndKind::MusteredOut), FileError) << "the journal ends early";
+    Replay failed({R"({"roll":[2,6],"result":7})", R"({"end":"error","kind":"type","message":"free text"})"});
+    failed.deck.Roll(2, 6);
+    EXPECT_NO_THROW(failed.ExpectEnd(journal::EndKind::Error, "type"));
+    EXPECT_THROW(failed.ExpectEnd(journal::EndKind::Error, "overflow"), Divergence);
 }
 
 // A plan drawn at random: by whatever player and method, with whatever options.
 play::LifePlan AnyPlan(RandomStream& picks) {
     play::LifePlan plan;
-    plan.seed = 11;
+    plan.seed = Seed(11);
     plan.player = static_cast<play::PlayerKind>(picks.Below(3));
     plan.method = picks.Below(2) == 0 ? RollingMethod::True2D : RollingMethod::Roll3Drop1;
     plan.terms = 1 + picks.Below(11);
@@ -221,25 +235,17 @@ play::LifePlan AnyPlan(RandomStream& picks) {
     return plan;
 }
 
-// Records a life and lives its journal again. Returns whether it was mustered out.
+// Records a life and lives its journal again, twice in one session. Returns whether it was mustered out.
 bool RecordAndReplay(Session& session, const play::LifePlan& plan, std::uint64_t number) {
-    std::string text;
-    const auto outcome =
-        play::Live(session, plan, number, [&text](std::string_view line) { AppendAll(text, line, "\n"); });
+    journal::Tape tape;
+    const auto outcome = play::Live(session, plan, number, &tape);
     const auto document = CharacterDocument(session);
-    Replayer replayer("life.jsonl", text);
-    session.method = replayer.start().method;
-    session.options = replayer.start().options;
-    play::Select(session, replayer.start().race, replayer.start().career, replayer.start().assignment);
-    session.seams.dice = &replayer;
-    session.seams.player = &replayer;
-    StartNewCharacter(session);
-    if (outcome.end)
-        EXPECT_NO_THROW(replayer.ExpectEnd(RunLife(session))) << number;
-    else
-        EXPECT_THROW(RunLife(session), RuleError) << outcome.error;
-    EXPECT_EQ(CharacterDocument(session), document) << number;
-    session.seams = {nullptr, nullptr, session.seams.display};
+    for (int i = 0; i < 2; ++i) {
+        auto read = journal::ReadJournal("life.jsonl", journal::JournalText(tape));
+        TapeDeck deck(session, read.tape, nullptr, nullptr, "life.jsonl");
+        EXPECT_EQ(play::LiveAgain(session, read.tape, deck).kind, outcome.kind) << number;
+        EXPECT_EQ(CharacterDocument(session), document) << number;
+    }
     return outcome.end == LifeEnd::MusteredOut;
 }
 
@@ -266,7 +272,7 @@ TEST(Replay, SoDoAThousandOnDataThatHoldsEveryCode) {
 TEST(Replay, HostileLinesAreErrorsOfBoundedLength) {
     const auto told = [](const std::string& line) -> std::string {
         try {
-            ReplayerOf({line}).Roll(1, 6);
+            Reading({line})->Roll(1, 6);
         } catch (const FileError& error) {
             return error.what();
         }

@@ -20,7 +20,7 @@ class Lives : public ::testing::Test {
     // The lives of a plan, each handed over with what it came to.
     template <typename Check>
     void LiveAll(LifePlan plan, int count, const Check& check) {
-        plan.seed = 5;
+        plan.seed = Seed(5);
         for (int number = 1; number <= count; ++number)
             check(play::Live(session, plan, static_cast<std::uint64_t>(number), {}));
     }

@@ -38,7 +38,7 @@ std::uint64_t Signature(const HeldPath& rules, Observer* observer = nullptr) {
     auto sum = kNoText;
     for (std::uint64_t number = 1; number <= 1500; ++number) {
         play::LifePlan plan;
-        plan.seed = 1;
+        plan.seed = Seed(1);
         plan.player = static_cast<play::PlayerKind>(number % 3);
         const auto outcome = play::Live(session, plan, number, {});
         sum = Checksum(outcome.end ? CharacterDocument(session) : outcome.kind, sum);

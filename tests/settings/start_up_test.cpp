@@ -73,7 +73,7 @@ TEST_F(StartUpTest, FirstRunAsksForTheFolderAndShowsNoNotice) {
     EXPECT_EQ(windows.icons.front(), Icon::Information);
     EXPECT_EQ(windows.lastText, "Korvane has been set to read data files from " + rules.path().string() + "/");
     EXPECT_EQ(folder.Read("Korvane.ini"), "dataloc=" + rules.held().text() + "\r\nLastMonth=11\r\n");
-    EXPECT_EQ(session.programTitle, "Brisane Farwend v2 Characters v1");
+    EXPECT_EQ(session.programTitle, "Brisane Farwend v2 Characters v1.1");
     EXPECT_TRUE(session.masterSkills[1].starts_with("Admin|"));
     EXPECT_TRUE(Start());
     EXPECT_EQ(windows.shown, Shown{"main"});

@@ -2,8 +2,7 @@
 
 namespace korvane::test {
 
-Desk::Desk(const HeldPath& data) : session(DataFolder(data), {}), window(session, guard) {
-    session.seams = {&dice, &window.player(), &window.display()};
+Desk::Desk(const HeldPath& data) : session(DataFolder(data), {}), window(session, guard, dice) {
     session.programTitle = "Korvane on trial";
     window.Load();
     window.show();

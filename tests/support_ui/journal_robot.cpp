@@ -57,7 +57,7 @@ std::string DiceOf(const std::vector<std::string>& journal) {
 
 JournalRobot::JournalRobot(const std::vector<std::string>& journal) {
     for (std::size_t i = 1; i < journal.size(); ++i)
-        if (!IsDice(journal[i]))
+        if (!IsDice(journal[i]) && !journal[i].starts_with("{\"file\""))
             questions_.push_back(Line::parse(journal[i]));
 }
 

@@ -43,7 +43,7 @@ class ExportTest : public ::testing::Test {
     test::TempFolder profile;
     const test::Environment environment{{"USERPROFILE=" + profile.path().string()}};
     test::Desk desk{rules.held()};
-    Exporter exporter{desk.session, desk.window, desk.guard};
+    Exporter exporter{desk.session, desk.window, desk.window.player(), desk.guard};
     test::Robot robot;
 };
 
@@ -63,7 +63,7 @@ TEST_F(ExportTest, WritesThePageOfTheSelectedTemplate) {
     robot.ThenMessage("Character exported to " + PathOf("Zoeb.htm"), QMessageBox::Ok);
     robot.ThenMessage("PDF file written to " + PathOf("Zoeb.pdf"), QMessageBox::Ok);
     Close();
-    exporter.Show();
+    exporter.Show(desk.window.life().tape());
     EXPECT_NE(profile.Read("Korvane/Zoeb.htm").find("\nZoe <b>\n</title>"), std::string::npos)
         << profile.Read("Korvane/Zoeb.htm").substr(0, 300);
     EXPECT_TRUE(profile.Read("Korvane/Zoeb.pdf").starts_with("%PDF"));
@@ -87,7 +87,7 @@ TEST_F(ExportTest, OffersTenNamesAsOftenAsWanted) {
         EXPECT_FALSE(offered.isEmpty());
         PressKey(dialog, Qt::Key_Escape);
     });
-    exporter.Show();
+    exporter.Show(desk.window.life().tape());
 }
 
 TEST_F(ExportTest, LeavingTheNamesLeavesTheDialogAsItWas) {
@@ -100,7 +100,7 @@ TEST_F(ExportTest, LeavingTheNamesLeavesTheDialogAsItWas) {
         EXPECT_EQ(Child<QLineEdit>(dialog, "name").text(), "Jo");
         PressKey(dialog, Qt::Key_Escape);
     });
-    exporter.Show();
+    exporter.Show(desk.window.life().tape());
 }
 
 TEST_F(ExportTest, AFaultIsShownAndLosesNothing) {
@@ -118,7 +118,7 @@ TEST_F(ExportTest, AFaultIsShownAndLosesNothing) {
         PressKey(dialog, Qt::Key_Return);
     });
     Close();
-    exporter.Show();
+    exporter.Show(desk.window.life().tape());
 }
 
 TEST_F(ExportTest, PdfKeepsLinesThatStandInNoRow) {

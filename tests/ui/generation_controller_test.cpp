@@ -13,7 +13,7 @@ using State = GenerationController::State;
 class Controller : public test::World {
   protected:
     Controller() {
-        session.seams = {&anyDice, &player, &controller};
+        session.seams.display = &controller;
         play::Select(session, "Imperial Human", "Army", "Infantry");
         controller.Roll(RollingMethod::True2D);
         session.race.backgroundSkillCount = 0;
@@ -25,7 +25,7 @@ class Controller : public test::World {
     }
 
     SeededDice anyDice{1, 1};
-    GenerationController controller{session};
+    GenerationController controller{session, anyDice, player};
 };
 
 TEST_F(Controller, KeepsTheEndedCharacterUntilTheNextStart) {

@@ -55,7 +55,7 @@ TEST_F(Guarded, WhatComesWithAnAnswerReachesNoWindowBehind) {
 }
 
 TEST_F(Guarded, NothingScrapsAFinishedCharacterAtItsExport) {
-    Exporter exporter(session, desk.window, desk.guard);
+    Exporter exporter(session, desk.window, desk.window.player(), desk.guard);
     robot.Then("KVNExport", [](QWidget& dialog) { RealClick(dialog, "rollName"); });
     robot.Then("SPICKBOX", [](QWidget& dialog) {
         PressKey(dialog, Qt::Key_Return);
@@ -68,7 +68,7 @@ TEST_F(Guarded, NothingScrapsAFinishedCharacterAtItsExport) {
         EXPECT_FALSE(Child<QLineEdit>(dialog, "name").text().isEmpty());
         PressKey(dialog, Qt::Key_Escape);
     });
-    exporter.Show();
+    exporter.Show(desk.window.life().tape());
 }
 
 TEST_F(Guarded, ADialogTakesNoPressWithinADoubleClick) {

@@ -6,8 +6,8 @@
 
 #include "base/files.h"
 #include "output/character_document.h"
-#include "output/journal/recorder.h"
-#include "output/journal/replayer.h"
+#include "output/journal/lines.h"
+#include "output/journal/read_journal.h"
 #include "play/life_plan.h"
 #include "support/temp_folder.h"
 #include "support_ui/desk.h"
@@ -27,10 +27,10 @@ struct Life {
 Life LiveHeadless(const play::LifePlan& plan, std::uint64_t number) {
     Display display;
     Session session(DataFolder(HeldPath(KORVANE_RULES)), {nullptr, nullptr, &display});
-    Lines journal;
-    const auto outcome = play::Live(session, plan, number, [&](std::string_view line) { journal.emplace_back(line); });
+    journal::Tape tape;
+    const auto outcome = play::Live(session, plan, number, &tape);
     const bool finished = outcome.end == LifeEnd::MusteredOut;
-    return {journal, finished ? CharacterDocument(session) : ""};
+    return {test::LinesOf(journal::JournalText(tape)), finished ? CharacterDocument(session) : ""};
 }
 
 void SetUp(const test::Desk& desk, const journal::Start& start) {
@@ -46,20 +46,21 @@ void SetUp(const test::Desk& desk, const journal::Start& start) {
 std::set<std::string> ExpectTheSameLife(const Life& life) {
     test::Desk desk(HeldPath(KORVANE_RULES));
     test::JournalRobot robot(life.journal);
-    journal::Replayer dice("dice", test::DiceOf(life.journal));
-    Lines lines;
-    journal::Recorder recorder([&](std::string_view line) { lines.emplace_back(line); }, dice, desk.window.player());
+    auto dice_tape = journal::ReadJournal("dice", test::DiceOf(life.journal)).tape;
+    journal::TapeDeck dice(desk.session, dice_tape, nullptr, nullptr, "dice");
     std::string document;
-    desk.window.characterFinished = [&] { document = CharacterDocument(desk.session); };
-    SetUp(desk, dice.start());
-    desk.session.seams = {&recorder, &recorder, &desk.window.display()};
-    recorder.Begin(desk.session);
+    desk.window.characterFinished = [&] {
+        document = CharacterDocument(desk.session);
+        return false;
+    };
+    SetUp(desk, dice_tape.start);
+    desk.window.life().UseDice(dice);
     desk.Click("roll");
     desk.Click("startCareer");
     EXPECT_TRUE(robot.AllAnswered());
     EXPECT_EQ(document, life.document);
-    lines.resize(life.journal.size() - 1);  // what follows are the dice of the next character
-    EXPECT_EQ(lines, Lines(life.journal.begin(), life.journal.end() - 1));
+    const auto lines = test::LinesOf(journal::JournalText(*desk.window.life().ended()));
+    EXPECT_EQ(Lines(lines.begin() + 1, lines.end() - 1), Lines(life.journal.begin() + 1, life.journal.end() - 1));
     EXPECT_TRUE(desk.Get<QWidget>("startCareer").isEnabled());
     return robot.kinds();
 }
@@ -70,7 +71,7 @@ TEST(Lives, AtTheWindowsAreThoseWithoutThem) {
     for (std::uint64_t number = 1; number <= 16; ++number) {
         SCOPED_TRACE(number);
         play::LifePlan plan;
-        plan.seed = 7;
+        plan.seed = Seed(7);
         plan.player = play::PlayerKind::Random;
         plan.method = number % 2 == 0 ? RollingMethod::True2D : RollingMethod::Roll3Drop1;
         plan.options.Set(Option::CapSkillsAt4, number % 3 == 0);
@@ -87,7 +88,7 @@ TEST(Lives, AtTheWindowsAreThoseWithoutThem) {
 
 TEST(Lives, AutomaticOnesLeaveThreeDialogs) {
     play::LifePlan plan;
-    plan.seed = 3;
+    plan.seed = Seed(3);
     plan.career = "Scout";
     const auto life = LiveHeadless(plan, 1);
     EXPECT_FALSE(life.document.empty());
@@ -96,7 +97,7 @@ TEST(Lives, AutomaticOnesLeaveThreeDialogs) {
 
 TEST(Lives, ScrappedAtAQuestionEndThere) {
     play::LifePlan plan;
-    plan.seed = 3;
+    plan.seed = Seed(3);
     plan.player = play::PlayerKind::Random;
     auto life = LiveHeadless(plan, 1);
     const auto is_table = [](const std::string& line) { return line.starts_with("{\"table\""); };

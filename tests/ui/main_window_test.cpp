@@ -133,7 +133,10 @@ TEST_F(MainWindow, ControlsAreLockedWhileACareerRuns) {
 
 TEST_F(MainWindow, FinishedCharacterStaysInViewAndCanBeSorted) {
     CharacterRecord finished;
-    window.characterFinished = [&] { finished = session.character; };
+    window.characterFinished = [&] {
+        finished = session.character;
+        return false;
+    };
     LiveShortly();
     EXPECT_TRUE(IsBlank());
     const auto lines = finished.History.lines();

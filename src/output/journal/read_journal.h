@@ -1,0 +1,47 @@
+// Reads a journal back onto a tape.
+#pragma once
+
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "base/error.h"
+#include "output/journal/tape.h"
+
+namespace korvane::journal {
+
+// The engine asked something else than the journal holds.
+class Divergence : public std::runtime_error {
+  public:
+    // `line` is that of the journal.
+    Divergence(int line, const std::string& message) : std::runtime_error(message), line_(line) {}
+    int line() const { return line_; }
+
+  private:
+    int line_;
+};
+
+// The journal itself is malformed, or ends early.
+class JournalError : public ParseError {
+  public:
+    using ParseError::ParseError;
+};
+
+struct Journal {
+    std::string name;               // for messages
+    Tape tape;                      // to the first line that can't be read: an odd one
+    std::size_t bytes = 0;          // of the text, to the end of the life
+    bool goesOn = false;            // whether something follows the end of the life
+    std::vector<std::size_t> ends;  // in bytes of the text: of the start, and of each line of the tape that isn't odd
+};
+
+// Reads a journal of version 1 or 2. A line that can't be taken stands on the tape as an odd one, to be told when a
+// life comes to it, and is the last. Throws JournalError for a malformed first line.
+Journal ReadJournal(std::string name, std::string_view text);
+
+// Refuses a line that the engine's request met. Throws JournalError when only its answer can't be taken, else
+// Divergence.
+[[noreturn]] void RefuseLine(const std::string& name, std::size_t place, const Line& held, const std::string& asked);
+
+}  // namespace korvane::journal

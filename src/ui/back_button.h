@@ -1,0 +1,37 @@
+// The way back out of a question: a small button with a menu, and its keys.
+#pragma once
+
+#include <QAction>
+#include <QDialog>
+#include <QMenu>
+#include <QToolButton>
+
+#include "character/player.h"
+
+namespace korvane::ui {
+
+// How a dialog was left that was not answered: what the player wants instead.
+inline constexpr int kWentBack = 3;
+inline constexpr int kWentForward = 4;
+inline constexpr int kWentToHistory = 5;
+
+// "Back" asks the last question again (Ctrl+Z); its menu leads forward again (Ctrl+Shift+Z) and to any question of the
+// history (Ctrl+H). It leaves the dialog with one of the results above.
+class BackButton : public QToolButton {
+  public:
+    explicit BackButton(QDialog& dialog);
+
+    // Enables what the player may do; nothing without steps.
+    void Offer(const LifeSteps* steps);
+
+  private:
+    QAction* Add(const QString& text, const QKeySequence& keys, int result);
+
+    QDialog& dialog_;
+    QMenu menu_;
+    QAction* back_;
+    QAction* forward_;
+    QAction* history_;
+};
+
+}  // namespace korvane::ui
