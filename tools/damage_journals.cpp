@@ -17,6 +17,7 @@
 #include "base/files.h"
 #include "base/text.h"
 #include "cli/commands.h"
+#include "output/journal/lines.h"
 #include "play/life_plan.h"
 
 namespace korvane {
@@ -29,8 +30,12 @@ Lines Record(Session& session, std::uint64_t number) {
     play::LifePlan plan;
     plan.seed = Seed(5);
     plan.player = number % 2 == 0 ? play::PlayerKind::Automatic : play::PlayerKind::Random;
+    journal::Tape tape;
+    play::Live(session, plan, number, &tape);
     Lines lines;
-    play::Live(session, plan, number, [&](std::string_view line) { lines.emplace_back(line); });
+    for (const auto line : SplitAll(journal::JournalText(tape), '\n'))
+        if (!line.empty())
+            lines.emplace_back(line);
     return lines;
 }
 

@@ -83,7 +83,10 @@ CharacterRecord LiveInWindow(Session& session, KVNGen& window) {
     LoadCareer(session, "Imperial Human", "Scout");
     window.Refresh();
     CharacterRecord finished;
-    window.characterFinished = [&] { finished = session.character; };
+    window.characterFinished = [&] {
+        finished = session.character;
+        return false;
+    };
     window.findChild<QPushButton*>("startCareer")->click();
     window.life().UsePlayer(window.player());
     return finished;
@@ -135,7 +138,7 @@ int Run(const QString& folder) {
     SeededDice dice(kSeed, 1);
     Session session(DataFolder(HeldPath(KORVANE_RULES)), {});
     ui::InputGuard guard;
-    KVNGen window(session, guard);
+    KVNGen window(session, guard, dice);
     session.programTitle = ProgramTitle(ProgramVersion(KORVANE_VERSION_MAJOR, KORVANE_VERSION_MINOR, 0));
     const Camera camera(QDir(folder).absolutePath());
     window.Load();
@@ -152,8 +155,8 @@ int Run(const QString& folder) {
     DesktopWindows windows(session, window, guard);
     QDir::setCurrent(KORVANE_RULES);
     camera.TakeDialog("first-run", [&] { windows.ChooseRaceFile("Imperial Human.eri"); });
-    Exporter exporter(session, window, guard);
-    camera.TakeDialog("export", [&] { exporter.Show(); });
+    Exporter exporter(session, window, window.player(), guard);
+    camera.TakeDialog("export", [&] { exporter.Show(window.life().tape()); });
     camera.TakeDialog("about", [&] {
         ui::KVNAbout about(window.windowTitle(), &window);
         guard.Run(about);

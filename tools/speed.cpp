@@ -81,11 +81,10 @@ struct Desktop {
     ClockDice dice;
     Session session{DataFolder(HeldPath("")), {}};
     ui::InputGuard guard;
-    KVNGen window{session, guard};
+    KVNGen window{session, guard, dice};
     DesktopWindows windows{session, window, guard};
 
     Desktop() {
-        session.seams = {&dice, &window.player(), &window.display()};
         if (!StartUp(session, windows, "", QDate::currentDate().month()))
             throw std::runtime_error("the program isn't set up; point Korvane.ini at the rules");
     }
@@ -149,7 +148,10 @@ int LiveTenTerms() {
             Answer(*dialog, desktop.session.character.TermsTotal);
     });
     int terms = 0;
-    desktop.window.characterFinished = [&] { terms = desktop.session.character.TermsTotal; };
+    desktop.window.characterFinished = [&] {
+        terms = desktop.session.character.TermsTotal;
+        return false;
+    };
     BusyTime busy;
     QTimer::singleShot(500, [&] {
         robot.start(30);

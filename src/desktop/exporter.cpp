@@ -16,6 +16,7 @@
 #include "output/page_file.h"
 #include "output/summary_texts.h"
 #include "pdf/page_pdf.h"
+#include "ui/back_button.h"
 #include "ui/message_boxes.h"
 #include "ui/qt_text.h"
 

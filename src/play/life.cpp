@@ -50,8 +50,10 @@ std::string DocumentDigest(const Session& session, const journal::Tape& tape) {
     return Sha256Text(CharacterDocument(session, LabelsOf(tape)));
 }
 
-journal::End EndOf(const Session& session, const journal::Tape& tape, const LifeOutcome& outcome) {
-    const bool is_new = tape.start.version > 1;
+namespace {
+
+// Without the digests.
+journal::End PlainEndOf(const LifeOutcome& outcome) {
     journal::End end;
     if (!outcome.end) {
         end.kind = journal::EndKind::Error;
@@ -59,13 +61,20 @@ journal::End EndOf(const Session& session, const journal::Tape& tape, const Life
         end.message = outcome.error;
     } else if (!outcome.finished()) {
         end.kind = journal::EndKind::Scrapped;
-    } else if (is_new) {
+    }
+    return end;
+}
+
+}  // namespace
+
+journal::End EndOf(const Session& session, const journal::Tape& tape, const LifeOutcome& outcome) {
+    auto end = PlainEndOf(outcome);
+    if (tape.start.version == 1)
+        return end;
+    if (outcome.finished())
         end.document = DocumentDigest(session, tape);
-    }
-    if (is_new) {
-        end.backs = tape.backs;
-        end.answers = journal::AnswersDigest(tape);
-    }
+    end.backs = tape.backs;
+    end.journal = JournalDigest(tape, end);
     return end;
 }
 
@@ -92,7 +101,7 @@ LifeOutcome LiveAgain(Session& session, const journal::Tape& tape, journal::Tape
     session.seams.observer = &deck;
     deck.NoteSelection();
     auto outcome = LiveOut(session);
-    deck.ExpectEnd(EndOf(session, tape, outcome));
+    deck.ExpectEnd(PlainEndOf(outcome));
     return outcome;
 }
 

@@ -40,8 +40,8 @@ std::optional<Finding> JudgeEnd(const Session& session, const journal::Tape& tap
     const auto& end = *tape.end;
     if (end.document && *end.document != DocumentDigest(session, tape))
         return Finding{Verdict::ResultDiffers, "the finished document is another", line, {}};
-    if (end.answers && *end.answers != journal::AnswersDigest(tape))
-        return Finding{Verdict::AnswerDiffers, "the lines aren't those that the last one tells of", line, {}};
+    if (end.journal && *end.journal != JournalDigest(tape, end))
+        return Finding{Verdict::AnswerDiffers, "the lines aren't those that were written", line, {}};
     return std::nullopt;
 }
 

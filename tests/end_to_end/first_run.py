@@ -1,4 +1,5 @@
-"""The program as its user meets it, in a real X server: a set-up that is cancelled, the first run, and a life that is begun.
+"""The program as its user meets it, in a real X server: a set-up that is cancelled, the first run, a life that is begun, and one
+that is gone back in.
 
 usage: first_run.py PROGRAM RULES ARTIFACTS; run.sh makes the place where it can run. The window tests live whole lives.
 """
@@ -7,6 +8,7 @@ from __future__ import annotations
 
 import os
 import signal
+import subprocess
 import sys
 from datetime import date
 from pathlib import Path
@@ -14,7 +16,7 @@ from typing import NoReturn
 
 import pyatspi
 
-from korvane_session import Failure, Session, Window
+from korvane_session import Control, Failure, Session, Window
 
 BUTTON = pyatspi.ROLE_PUSH_BUTTON
 LIST = pyatspi.ROLE_LIST
@@ -94,6 +96,83 @@ def begin_a_life(session: Session) -> None:
     expect(session.exit_status() == 0, "Exit ends the program well")
 
 
+def is_dialog(window: Window) -> bool:
+    return window.seek(BUTTON, "Start Career") is None
+
+
+def way_back(window: Window) -> Control:
+    return next(control for control in window.controls if control.name == "Back" and control.role != TEXT)
+
+
+def answer(session: Session, window: Window, last_term: bool) -> None:
+    """Answers a question as simply as can be."""
+    buttons = window.buttons()
+    if "Re-Enlist" in buttons:
+        session.keys("3" if last_term else "1")
+    elif "Select All" in buttons:
+        session.keys("Escape")
+    elif "End Career" in buttons:
+        session.click(window.button("End Career"))
+    elif "Material" in buttons:
+        session.keys("4" if any(" 0 rolls" in text for text in window.texts()) else "2")
+    elif "Yes" in buttons or "OK" in buttons:
+        session.keys("Return")
+    else:
+        session.keys("1")
+
+
+def live_until(session: Session, wanted: str, terms: int) -> Window:
+    """Answers questions until one has that button, after so many terms."""
+    for _ in range(100):
+        window = session.front(is_dialog)
+        session.settle()
+        window = session.front(is_dialog)
+        served = sum("------ Term" in line for lists in window.all(LIST) for line in lists.lines())
+        if wanted in window.buttons() and served >= terms:
+            return window
+        answer(session, window, served >= 4)
+    raise Failure(f"no dialog with {wanted} came")
+
+
+def go_back_in_a_life(session: Session) -> None:
+    """By button and by keyboard, forward, and by the history to the second term; then on to the end."""
+    session.keys("ctrl+Return")
+    meet(session, "seeded-skills", "Select All")
+    session.keys("Escape")
+    choice = meet(session, "seeded-choice", "Enlist Immediately")
+    session.keys("1")
+    session.click(way_back(live_until(session, "Personal", 0)))
+    expect(meet(session, "back-by-button", "Enlist Immediately").buttons() == choice.buttons(), "the same question")
+    session.keys("ctrl+z")
+    meet(session, "back-by-key", "Select All")
+    session.keys("ctrl+shift+z")
+    meet(session, "forward-by-key", "Enlist Immediately")
+    session.keys("ctrl+z")
+    meet(session, "back-again", "Select All")
+    live_until(session, "Re-Enlist", 3)
+    session.keys("ctrl+h")
+    main_window = session.front(lambda window: not is_dialog(window))
+    session.settle()
+    session.screenshot("back-by-history")
+    lines = main_window.find(LIST, "History").lines()
+    row = next(i for i, line in enumerate(lines) if "Term 2 --" in line)
+    session.keys("Home", *["Down"] * row, "Return")
+    expect("Re-Enlist" not in session.front(is_dialog).buttons(), "an earlier question")
+    live_until(session, "Export", 0)
+    session.screenshot("export-at-the-end")
+    session.keys("Escape")
+    session.front(lambda window: not is_dialog(window))
+
+
+def verify(command_line: Path, rules: Path, journal: Path) -> None:
+    verdict = subprocess.run(
+        [command_line, "verify", journal, "--data", rules, "--seed", "friday night"], capture_output=True, text=True
+    )
+    print(verdict.stdout + verdict.stderr)
+    expect(verdict.returncode == 0 and ": proved" in verdict.stdout, "the journal of the life is proved")
+    expect("; went back 4 times" in verdict.stdout, "it tells how often the player went back")
+
+
 def main() -> int:
     def on_time_limit(*_: object) -> NoReturn:
         raise Failure("the time limit of the whole test")
@@ -110,6 +189,15 @@ def main() -> int:
             begin_a_life(session)
         with Session(program, rules, artifacts) as session:
             meet(session, "second-run", "Start Career")  # the set-up is known
+        journal = Path(os.environ["HOME"]) / "life.jsonl"
+        arguments = ("--seed", "friday night", "--journal", str(journal))
+        with Session(program, rules, artifacts, arguments=arguments) as session:
+            meet(session, "seeded", "Start Career")
+            go_back_in_a_life(session)
+            session.settle()
+            session.keys("alt+e")
+            expect(session.exit_status() == 0, "Exit ends the program well")
+        verify(program.with_name("korvane-cli"), rules, journal)
     except Failure as failure:
         print(f"FAILED: {failure}", file=sys.stderr)
         return 1

@@ -172,11 +172,18 @@ class Window:
 class Session:
     """One run of the program. Leaving the `with` block ends it, if it hasn't ended by itself."""
 
-    def __init__(self, program: Path, folder: Path, artifacts: Path, environment: dict[str, str] | None = None) -> None:
+    def __init__(
+        self,
+        program: Path,
+        folder: Path,
+        artifacts: Path,
+        environment: dict[str, str] | None = None,
+        arguments: tuple[str, ...] = (),
+    ) -> None:
         self.artifacts = artifacts
         # The toolkit tells which window has the input only to those who listen.
         pyatspi.Registry.registerEventListener(lambda event: None, "window:activate", "window:deactivate")
-        self.process = subprocess.Popen([program], cwd=folder, env=os.environ | (environment or {}))
+        self.process = subprocess.Popen([program, *arguments], cwd=folder, env=os.environ | (environment or {}))
 
     def __enter__(self) -> Session:
         return self

@@ -10,7 +10,7 @@
 # Exit status: 0 passed, 77 a tool is missing, any other failed.
 set -euo pipefail
 
-readonly time_limit=150  # seconds; a run takes far less
+readonly time_limit=300  # seconds; a run takes far less
 
 [ $# -eq 3 ] || { sed -n '4,7s/^# //p' "$0" >&2; exit 2; }
 here=$(cd "$(dirname "$0")" && pwd)

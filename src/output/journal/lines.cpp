@@ -123,8 +123,12 @@ std::string TextToTheEnd(const Tape& tape) {
 
 }  // namespace
 
-std::string AnswersDigest(const Tape& tape) {
-    return Sha256Text(TextToTheEnd(tape));
+std::string JournalDigest(const Tape& tape, End end) {
+    end.journal.reset();
+    auto text = TextToTheEnd(tape);
+    AppendEnd(text, end);
+    text += '\n';
+    return Sha256Text(text);
 }
 
 void AppendStart(std::string& out, const Start& start) {
@@ -179,8 +183,8 @@ void AppendEnd(std::string& out, const End& end) {
         json.Key("document").Text(*end.document);
     if (end.backs)
         json.Key("backs").Number(*end.backs);
-    if (end.answers)
-        json.Key("answers").Text(*end.answers);
+    if (end.journal)
+        json.Key("sha256").Text(*end.journal);
     json.EndObject();
 }
 

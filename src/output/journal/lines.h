@@ -23,8 +23,8 @@ std::string RequestText(const Line& line);
 // A whole journal: the start, the lines, and the end where there is one; each with a line end.
 std::string JournalText(const Tape& tape);
 
-// The digest of a journal's lines but the last.
-std::string AnswersDigest(const Tape& tape);
+// The digest of the journal as it is without its own digest.
+std::string JournalDigest(const Tape& tape, End end);
 
 // The captions of the ticked boxes.
 std::vector<std::string_view> TickedCaptions(const Options& options);

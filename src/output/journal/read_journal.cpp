@@ -295,8 +295,8 @@ End ReadEnd(const Json& object, int version) {
     if (end.kind == EndKind::MusteredOut)
         end.document = members.Text("document");
     end.backs = members.Number("backs", 0, kMostAsked);
-    if (members.Has("answers"))
-        end.answers = members.Text("answers");
+    if (members.Has("sha256"))
+        end.journal = members.Text("sha256");
     return end;
 }
 

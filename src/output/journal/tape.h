@@ -114,7 +114,7 @@ struct End {
     std::string message;                  // of the error, free
     std::optional<std::string> document;  // the digest of the finished character's
     std::optional<std::int64_t> backs;    // none in version 1
-    std::optional<std::string> answers;   // the digest of the lines before
+    std::optional<std::string> journal;   // the digest of all that is told but this
 };
 
 struct Tape {
