@@ -66,6 +66,7 @@ struct Session {
 
     RollingMethod method = RollingMethod::True2D;
     Options options;
+    bool hasStepsBetween = true;  // background skills, connections, packages: the lives of the first version had none
     ChoiceState choice;
     MusterResults musterResults;
     Seams seams;

@@ -150,6 +150,8 @@ int BackgroundSkillCount(const CharacterRecord& character) {
 }
 
 void GrantBackgroundSkills(Session& session) {
+    if (!session.hasStepsBetween)
+        return;
     const ListItems items(BackgroundSkills(session.race));
     const int count = std::min(BackgroundSkillCount(session.character), items.size());
     if (count == 0)
@@ -164,7 +166,7 @@ void GrantBackgroundSkills(Session& session) {
 }
 
 void GrantConnections(Session& session) {
-    if (!session.options[Option::AddSkillsForConnections])
+    if (!session.hasStepsBetween || !session.options[Option::AddSkillsForConnections])
         return;
     std::string taken;
     for (int number = 1; number <= kConnections; ++number) {
@@ -181,7 +183,7 @@ void GrantConnections(Session& session) {
 }
 
 void GrantSkillPackage(Session& session) {
-    if (!session.options[Option::SelectSkillPackage])
+    if (!session.hasStepsBetween || !session.options[Option::SelectSkillPackage])
         return;
     const auto file = PackagesOrNotice(session);
     if (!file) {

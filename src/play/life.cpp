@@ -40,7 +40,8 @@ journal::Start StartOf(const Session& session, const Origin& dice) {
 DocumentLabels LabelsOf(const journal::Tape& tape) {
     DocumentLabels labels;
     labels.dice = tape.start.dice;
-    labels.backs = tape.backs;
+    if (tape.start.version > 1)
+        labels.backs = tape.backs;
     if (labels.dice && labels.dice->seed)
         labels.number = labels.dice->number;
     return labels;
@@ -109,6 +110,7 @@ MissingSelection::MissingSelection(Missing missing)
     : std::runtime_error(Concat("unknown ", missing.kind, " ", Quoted(missing.name))), missing_(std::move(missing)) {}
 
 void Select(Session& session, std::string_view race, std::string_view career, std::string_view assignment) {
+    session.hasStepsBetween = true;
     if (auto missing = SelectStart(session, race, career, assignment))
         throw MissingSelection(std::move(*missing));
 }
@@ -123,6 +125,7 @@ void SelectStartOf(Session& session, const journal::Start& start) {
     session.choice = {};
     session.musterResults = {};
     Select(session, start.race, start.career, start.assignment);
+    session.hasStepsBetween = start.version > 1;
 }
 
 }  // namespace korvane::play

@@ -55,6 +55,7 @@ void RecordedLife::CharacterBegins() {
         return;
     tape_ = {};
     undone_.clear();
+    session_.hasStepsBetween = true;
     deck_.Rewind();
     deck_.CompareWith(nullptr);
     ++number_;
@@ -93,6 +94,7 @@ void RecordedLife::BeginAgain() {
     session_.assignment = before_->assignment;
     session_.method = before_->method;
     session_.options = before_->options;
+    session_.hasStepsBetween = tape_.start.version > 1;
     session_.choice = {};
     session_.musterResults = {};
     deck_.Rewind();

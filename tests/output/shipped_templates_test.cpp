@@ -15,7 +15,7 @@
 namespace korvane {
 namespace {
 
-const HeldPath kRules = EnsureTrailingBackslash(HeldPath(KORVANE_RULES));
+const HeldPath kRules = EnsureTrailingBackslash(HeldPath(KORVANE_SHIPPED_RULES));
 
 // The tags of a line: bars around capitals and digits, with a "*" perhaps.
 std::set<std::string> TagsOf(std::string_view line) {

@@ -224,6 +224,26 @@ TEST_F(Tapes, EachFaultHasItsVerdict) {
     EXPECT_EQ(Verify(session, {"", tape, {}, {}, {}}, Seed("friday night")).verdict, Verdict::Proved);
 }
 
+TEST_F(Tapes, OfTheFirstVersionLiveAgainAsTheyDidThen) {
+    const test::TempFolder rules;
+    rules.CopyRules();
+    const std::filesystem::path kept(KORVANE_VERSION_1);
+    std::filesystem::copy_file(kept / "Imperial Human.eri", rules.path() / "Imperial Human.eri",
+                               std::filesystem::copy_options::overwrite_existing);
+    Session then(DataFolder(rules.held()), {nullptr, nullptr, &display});
+    for (const std::string name : {"automatic", "longest", "scrapped"}) {
+        auto journal = ReadJournalFile(kept / (name + ".jsonl"));
+        journal::TapeDeck deck(then, journal.tape, nullptr, nullptr, name);
+        const bool finished = LiveAgain(then, journal.tape, deck).finished();
+        EXPECT_EQ(Verify(then, journal, {}).verdict, Verdict::Consistent);
+        if (!finished)
+            continue;
+        auto document = ReadBytes(kept / (name + ".json"), "a document");
+        document.resize(document.rfind('}'));
+        EXPECT_TRUE(CharacterDocument(then, LabelsOf(journal.tape)).starts_with(document)) << "but for what is new";
+    }
+}
+
 TEST_F(Tapes, KeptJournalsHoldWhatStandsAndNoMore) {
     const test::TempFolder folder;
     const auto tape = Record(4);
