@@ -52,7 +52,7 @@ Options OptionsNamed(const std::vector<std::string>& captions) {
 }
 
 Format FormatNamed(const std::string& name) {
-    constexpr std::array kNames = {std::pair("json", Format::Json), std::pair("html", Format::Html),
+    constexpr std::array kNames = {std::pair("json", Format::Json), std::pair("html", Format::Html), std::pair("sarif", Format::Sarif),
                                    std::pair("none", Format::None)};
     for (const auto& [known, format] : kNames)
         if (name == known)
@@ -180,6 +180,15 @@ void AddVerify(CLI::App& app, VerifyCommand& command, RawOptions& raw) {
         ->capture_default_str();
 }
 
+void AddCheck(CLI::App& app, CheckCommand& command, RawOptions& raw) {
+    app.add_option("DIR", command.folder, "The folder (default: the configured one, else the shipped rules)");
+    app.add_option("--explain", command.explain, "Say what a kind of mistake, as \"check-counts-other\", is");
+    app.add_flag("--strict", command.strict, "Exit status 1 for warnings too");
+    app.add_option("--format", raw.format, "How the mistakes are printed")
+        ->check(CLI::IsMember({"text", "json", "sarif"}))
+        ->capture_default_str();
+}
+
 void AddCodes(CLI::App& app, CodesCommand& command) {
     app.add_option("--data", command.data,
                    "Folder of the rule data (default: the configured one, else the shipped rules)");
@@ -242,17 +251,20 @@ int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
     PlayCommand play;
     ReplayCommand replay;
     VerifyCommand verify;
+    CheckCommand check;
     CodesCommand codes;
     auto* const generate_app = app.add_subcommand("generate", "Generate characters without a person");
     auto* const play_app = app.add_subcommand("play", "Play a character's life at the terminal");
     auto* const replay_app = app.add_subcommand("replay", "Play a journal again, die by die");
     auto* const verify_app = app.add_subcommand("verify", "Say whether journals were honestly lived");
+    auto* const check_app = app.add_subcommand("check", "Find the mistakes in a folder of rule data");
     auto* const codes_app = app.add_subcommand("codes", "List the codes of mishaps and events");
     AddCodes(*codes_app, codes);
     AddGenerate(*generate_app, generate, raw);
     AddPlay(*play_app, play, raw);
     AddReplay(*replay_app, replay, raw);
     AddVerify(*verify_app, verify, raw);
+    AddCheck(*check_app, check, raw);
     auto words = Words(arguments);
     std::ranges::reverse(words);  // as the library wants them
     try {
@@ -275,6 +287,10 @@ int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
     if (verify_app->parsed()) {
         verify.format = FormatNamed(raw.format);
         return Verify(verify, streams);
+    }
+    if (check_app->parsed()) {
+        check.format = FormatNamed(raw.format);
+        return Check(check, streams);
     }
     if (codes_app->parsed())
         return Codes(codes, streams);

@@ -24,7 +24,7 @@ struct Streams {
     int width = 0;  // of the terminal that the output goes to, in characters; 0 for none
 };
 
-enum class Format { Text, Json, Html, None };
+enum class Format { Text, Json, Html, Sarif, None };
 
 // How characters come by their names. A page always has one.
 struct NameOrder {
@@ -77,6 +77,15 @@ struct VerifyCommand {
     Format format = Format::Text;
 };
 int Verify(const VerifyCommand& command, Streams& streams);
+
+// Finds the mistakes in a folder of rule data.
+struct CheckCommand {
+    std::string folder;   // empty: the configured one, else the shipped rules
+    std::string explain;  // a kind of mistake to be explained; empty: none
+    bool strict = false;  // warnings fail too
+    Format format = Format::Text;
+};
+int Check(const CheckCommand& command, Streams& streams);
 
 // Lists the codes that rule data may carry, in their order; with a count, how often lives carried each out; or
 // describes them, as docs/codes.md does.

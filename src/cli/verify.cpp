@@ -12,7 +12,7 @@ namespace korvane::cli {
 
 namespace {
 
-using play::Finding;
+using play::Proof;
 using play::Verdict;
 
 int StatusOf(Verdict verdict, bool demandsProof) {
@@ -25,30 +25,30 @@ std::string OriginText(const journal::Start& start) {
     return Concat("seed ", start.dice->seed->given(), ", character ", start.dice->number);
 }
 
-std::string TextOf(const journal::Journal& journal, const Finding& finding) {
-    auto text = Concat(journal.name, ": ", NameOf(finding.verdict));
-    if (finding.line)
-        AppendAll(text, " (line ", *finding.line, ")");
-    if (!finding.why.empty())
-        AppendAll(text, ": ", finding.why);
-    if (finding.verdict == Verdict::Proved)
+std::string TextOf(const journal::Journal& journal, const Proof& proof) {
+    auto text = Concat(journal.name, ": ", NameOf(proof.verdict));
+    if (proof.line)
+        AppendAll(text, " (line ", *proof.line, ")");
+    if (!proof.why.empty())
+        AppendAll(text, ": ", proof.why);
+    if (proof.verdict == Verdict::Proved)
         AppendAll(text, ": ", OriginText(journal.tape.start));
     if (journal.tape.backs > 0)
         AppendAll(text, "; went back ", journal.tape.backs, journal.tape.backs == 1 ? " time" : " times");
     return text + "\n";
 }
 
-std::string JsonOf(const journal::Journal& journal, const Finding& finding) {
+std::string JsonOf(const journal::Journal& journal, const Proof& proof) {
     std::string text;
     JsonWriter json(text);
     json.BeginObject();
     json.Key("journal").Text(journal.name);
-    json.Key("verdict").Text(NameOf(finding.verdict));
-    if (finding.line)
-        json.Key("line").Number(*finding.line);
-    if (!finding.why.empty())
-        json.Key("why").Text(finding.why);
-    json.Key("files").TextArray(finding.files);
+    json.Key("verdict").Text(NameOf(proof.verdict));
+    if (proof.line)
+        json.Key("line").Number(*proof.line);
+    if (!proof.why.empty())
+        json.Key("why").Text(proof.why);
+    json.Key("files").TextArray(proof.files);
     if (const auto& dice = journal.tape.start.dice; dice && dice->seed) {
         json.Key("seed").Given(*dice->seed);
         json.Key("number").Unsigned(dice->number);
@@ -61,9 +61,9 @@ std::string JsonOf(const journal::Journal& journal, const Finding& finding) {
 int VerifyOne(Session& session, const VerifyCommand& command, const std::string& path, Streams& streams) {
     try {
         const auto journal = play::ReadJournalFile(path);
-        const auto finding = play::Verify(session, journal, command.seed);
-        streams.out << (command.format == Format::Json ? JsonOf(journal, finding) : TextOf(journal, finding));
-        return StatusOf(finding.verdict, command.seed.has_value());
+        const auto proof = play::Verify(session, journal, command.seed);
+        streams.out << (command.format == Format::Json ? JsonOf(journal, proof) : TextOf(journal, proof));
+        return StatusOf(proof.verdict, command.seed.has_value());
     } catch (const FileError& error) {
         streams.err << "korvane-cli: file error: " << error.what() << '\n';
         return kFailure;

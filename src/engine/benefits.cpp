@@ -110,6 +110,13 @@ bool IsCharacteristicRaise(const Session& session, std::string_view benefit) {
 
 }  // namespace
 
+std::vector<std::string_view> KnownBenefits() {
+    std::vector<std::string_view> benefits;
+    for (const auto& known : kKnown)
+        benefits.push_back(known.benefit);
+    return benefits;
+}
+
 void TakeBenefit(Session& session, std::string_view benefit) {
     if (const auto* const known = std::ranges::find(kKnown, benefit, &Known::benefit); known != kKnown.end()) {
         TakeKnown(session, *known);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
 
 #include "character/KVNDeclare.h"
 
@@ -9,5 +10,8 @@ namespace korvane {
 
 // Gives the character a benefit. A text that the rules don't know is a benefit as it stands.
 void TakeBenefit(Session& session, std::string_view benefit);
+
+// The texts of the benefits that do something.
+std::vector<std::string_view> KnownBenefits();
 
 }  // namespace korvane

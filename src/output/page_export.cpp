@@ -253,6 +253,16 @@ Names TemplateNames(const HeldPath& dataLocation) {
     return names;
 }
 
+std::vector<std::string> TagsOfPages(const MasterSkills& skills) {
+    Session session(DataFolder(HeldPath("")), {});
+    session.masterSkills = skills;
+    session.race.characteristicCount = kMostCharacteristics;
+    std::vector<std::string> tags;
+    for (auto& replacement : ReplacementsFor(session, {}))
+        tags.push_back(std::move(replacement.tag));
+    return tags;
+}
+
 std::vector<std::string> FillTemplate(const std::vector<std::string>& lines, const Session& session,
                                       std::string_view name) {
     const auto replacements = ReplacementsFor(session, name);

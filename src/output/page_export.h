@@ -31,6 +31,9 @@ Names TemplateNames(const HeldPath& dataLocation);
 std::vector<std::string> FillTemplate(const std::vector<std::string>& lines, const Session& session,
                                       std::string_view name);
 
+// The tags that a page may hold, with their bars, where the master list is this one.
+std::vector<std::string> TagsOfPages(const MasterSkills& skills);
+
 // The bytes of the page, in the encoding of its template.
 std::string Page(const PageTemplate& form, const Session& session, std::string_view name);
 

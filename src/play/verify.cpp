@@ -17,16 +17,16 @@ std::string ListOf(const std::vector<std::string>& names) {
     return list;
 }
 
-Finding RulesDiffer(const std::vector<std::string>& files, std::string_view more = {}) {
+Proof RulesDiffer(const std::vector<std::string>& files, std::string_view more = {}) {
     return {Verdict::RulesDiffer, Concat(ListOf(files), more.empty() ? "" : "; ", more), {}, files};
 }
 
 // What was found on the way, before anything that follows from it.
-std::optional<Finding> FoundByTheDeck(const journal::TapeDeck& deck) {
+std::optional<Proof> FoundByTheDeck(const journal::TapeDeck& deck) {
     if (!deck.changedFiles().empty())
         return RulesDiffer(deck.changedFiles());
     if (const auto die = deck.foreignDie())
-        return Finding{Verdict::DieDiffers, {}, journal::JournalLine(*die), {}};
+        return Proof{Verdict::DieDiffers, {}, journal::JournalLine(*die), {}};
     return std::nullopt;
 }
 
@@ -35,17 +35,17 @@ bool HasOddLine(const journal::Tape& tape) {
 }
 
 // What the last line says of the result, against the life that was just lived.
-std::optional<Finding> JudgeEnd(const Session& session, const journal::Tape& tape) {
+std::optional<Proof> JudgeEnd(const Session& session, const journal::Tape& tape) {
     const int line = journal::JournalLine(tape.lines.size());
     const auto& end = *tape.end;
     if (end.document && *end.document != DocumentDigest(session, tape))
-        return Finding{Verdict::ResultDiffers, "the finished document is another", line, {}};
+        return Proof{Verdict::ResultDiffers, "the finished document is another", line, {}};
     if (end.journal && *end.journal != JournalDigest(tape, end))
-        return Finding{Verdict::AnswerDiffers, "the lines aren't those that were written", line, {}};
+        return Proof{Verdict::AnswerDiffers, "the lines aren't those that were written", line, {}};
     return std::nullopt;
 }
 
-Finding Judge(Session& session, const journal::Journal& journal, journal::TapeDeck& deck) {
+Proof Judge(Session& session, const journal::Journal& journal, journal::TapeDeck& deck) {
     const auto& tape = journal.tape;
     try {
         LiveAgain(session, tape, deck);
@@ -84,7 +84,7 @@ std::string_view NameOf(Verdict verdict) {
     return kNames.at(static_cast<std::size_t>(verdict));
 }
 
-Finding Verify(Session& session, const journal::Journal& journal, const std::optional<Seed>& demanded) {
+Proof Verify(Session& session, const journal::Journal& journal, const std::optional<Seed>& demanded) {
     const auto& start = journal.tape.start;
     const auto& seed = start.dice ? start.dice->seed : std::nullopt;
     if (demanded && seed && *seed != *demanded)
@@ -94,13 +94,13 @@ Finding Verify(Session& session, const journal::Journal& journal, const std::opt
     std::optional<SeededDice> dice;
     if (seed)
         deck.CompareWith(&dice.emplace(seed->value(), start.dice->number));
-    auto finding = Judge(session, journal, deck);
-    if (finding.verdict != Verdict::Proved || seed)
-        return finding;
-    finding.verdict = Verdict::Consistent;
-    finding.why = start.version == 1 ? "a journal of version 1 names neither seed nor digests, so nothing can be proved"
+    auto proof = Judge(session, journal, deck);
+    if (proof.verdict != Verdict::Proved || seed)
+        return proof;
+    proof.verdict = Verdict::Consistent;
+    proof.why = start.version == 1 ? "a journal of version 1 names neither seed nor digests, so nothing can be proved"
                                      : "the dice are the clock's, which nobody can prove";
-    return finding;
+    return proof;
 }
 
 }  // namespace korvane::play

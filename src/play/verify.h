@@ -22,7 +22,7 @@ enum class Verdict {
 // "proved", "the rules differ", and so on.
 std::string_view NameOf(Verdict verdict);
 
-struct Finding {
+struct Proof {
     Verdict verdict = Verdict::Proved;
     std::string why;                 // in a sentence; empty where the verdict says it all
     std::optional<int> line;         // of the journal
@@ -31,6 +31,6 @@ struct Finding {
 
 // Lives the journal's life again on the session's rules and rolls the dice of its seed itself; of `demanded`, where one
 // is. Throws JournalError for a journal that can't be read, and FileError for rule files that can't be.
-Finding Verify(Session& session, const journal::Journal& journal, const std::optional<Seed>& demanded);
+Proof Verify(Session& session, const journal::Journal& journal, const std::optional<Seed>& demanded);
 
 }  // namespace korvane::play

@@ -1,0 +1,67 @@
+// What is wrong with rule data: findings, and the kinds of them.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvane::check {
+
+enum class Severity { Error, Warning };
+
+// A kind of mistake; its code names it on the command line.
+struct Kind {
+    std::string_view code;
+    Severity severity;
+    std::string_view explanation;
+};
+// All of them, in the order of their codes.
+std::span<const Kind> Kinds();
+// The kind of that code; nullptr for none.
+const Kind* KindNamed(std::string_view code);
+
+struct Finding {
+    std::string file;  // its bare name
+    int line = 1;      // from 1
+    int column = 1;    // from 1, in characters
+    const Kind* kind = nullptr;
+    std::string message;  // what is wrong, and what to write instead
+    std::string text;     // the line as it stands
+};
+
+// Collects the findings of one file.
+class Report {
+  public:
+    Report(std::string file, std::vector<Finding>& findings) : file_(std::move(file)), findings_(findings) {}
+
+    const std::string& file() const { return file_; }
+    // Adds a finding of a kind that there is.
+    void Add(std::string_view kind, int line, std::size_t column, std::string message, std::string_view text = {});
+    bool HasAny() const { return any_; }
+
+  private:
+    std::string file_;
+    std::vector<Finding>& findings_;
+    bool any_ = false;
+};
+
+// A part of a line: where it begins in it, so that what is wrong with it can be pointed at.
+struct Piece {
+    int line = 1;
+    std::string_view whole;  // the line
+    std::string_view text;   // the part, a view into the line
+
+    // The column, from 1, at which a part of the text begins.
+    std::size_t ColumnOf(std::string_view part) const;
+};
+inline void Add(Report& report, std::string_view kind, const Piece& piece, std::string message) {
+    report.Add(kind, piece.line, piece.ColumnOf(piece.text), std::move(message), piece.whole);
+}
+
+// The known name that a wrong one is likely to mean: the nearest, if it is near; empty for none.
+std::string_view Nearest(std::string_view wrong, std::span<const std::string_view> known);
+// "; did you mean X?", or nothing.
+std::string DidYouMean(std::string_view wrong, std::span<const std::string_view> known);
+
+}  // namespace korvane::check

@@ -1,0 +1,193 @@
+#include "check/folder.h"
+
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <tuple>
+
+#include "base/error.h"
+#include "base/files.h"
+#include "base/text.h"
+#include "check/files.h"
+#include "data/data_folder.h"
+#include "data/master_skills.h"
+#include "data/record_files.h"
+#include "output/page_export.h"
+
+namespace korvane::check {
+
+namespace {
+
+using File = std::shared_ptr<const TextFile>;
+
+// A race of the folder with its files.
+struct Race {
+    std::string name;
+    File file;
+    Known known;
+};
+
+class Folder {
+  public:
+    explicit Folder(const HeldPath& path) : path_(EnsureTrailingBackslash(path)), data_(path_), names_(ListFiles(path_)) {}
+
+    std::vector<Finding> Check() {
+        CheckCases();
+        CheckExtras();
+        for (const auto& name : *data_.RaceNames())
+            races_.push_back({name, Read(name + ".eri"), {}});
+        for (auto& race : races_)
+            CheckRace(race);
+        CheckUnseen();
+        CheckTemplates();
+        std::ranges::stable_sort(findings_, {}, [](const Finding& finding) {
+            return std::tuple(finding.file, finding.line, finding.column);
+        });
+        return std::move(findings_);
+    }
+
+  private:
+    Report ReportOf(const std::string& file) { return {file, findings_}; }
+    File Read(const std::string& name) const {
+        return std::make_shared<const TextFile>(ReadTextFile(path_ + name, "rule data"));
+    }
+
+    void CheckCases() {
+        std::map<std::string, std::string> seen;
+        for (const auto& name : names_)
+            if (const auto [place, is_new] = seen.emplace(Upper(name), name); !is_new)
+                ReportOf(name).Add("case", 1, 1, Concat("\"", place->second, "\" differs from it in the case of letters alone"));
+    }
+
+    // The files that stand beside races and careers. The master list comes first: it says which skills there are.
+    void CheckExtras() {
+        if (FileExists(path_ + "MasterSkills.dat")) {
+            master_ = Read("MasterSkills.dat");
+            auto report = ReportOf("MasterSkills.dat");
+            CheckMasterSkills(report, *master_);
+            for (int line = 1; line <= master_->lines(); ++line)
+                skills_.push_back(Trim(SplitFirst(master_->line(line), "|").first));
+            TryToRead("MasterSkills.dat", [&] { LoadMasterSkills(path_); });
+        }
+        TryToRead("Names.dat", [&] { data_.NamesOfRaces(); });
+        TryToRead("Worlds.dat", [&] { data_.HomeWorlds(); });
+        TryToRead(std::string(kSkillPackagesFile), [&] { CheckPackages(); });
+    }
+
+    void CheckPackages() {
+        const auto& packages = data_.Packages();
+        if (!packages || skills_.empty())
+            return;
+        auto report = ReportOf(std::string(kSkillPackagesFile));
+        for (const auto& package : packages->packages)
+            for (const auto& alternatives : package.skills)
+                for (const auto skill : alternatives) {
+                    const auto bare = SplitFirst(skill, " (").first;
+                    const int line = packages->source->LineOf(skill);
+                    if (std::ranges::find(skills_, bare) == skills_.end())
+                        Add(report, "skill-unknown", {line, packages->source->line(line), skill},
+                            Concat("there is no skill \"", bare, "\"", DidYouMean(bare, skills_)));
+                }
+    }
+
+    // What the program's own reader says of a file, unless something was found in it already.
+    template <typename Read>
+    void TryToRead(const std::string& name, const Read& read) {
+        try {
+            read();
+        } catch (const ParseError& error) {
+            const auto is_told = [&](const Finding& finding) { return finding.file == name; };
+            if (std::ranges::any_of(findings_, is_told))
+                return;
+            const std::string_view told = error.what();
+            ReportOf(name).Add("unreadable", error.line(), 1, std::string(told.substr(std::min(told.find("expected"), told.size()))));
+        }
+    }
+
+    void CheckRace(Race& race) {
+        race.known = KnownOf(*race.file, skills_);
+        const auto careers = data_.CareerNames(race.name);
+        auto report = ReportOf(race.name + ".eri");
+        if (careers->empty())
+            report.Add("careers-missing", 1, 1, Concat("the race has no career: there is no file \"", race.name, "-CAREER.ecf\""));
+        CheckRaceFile(report, *race.file, race.known, *careers);
+        TryToRead(race.name + ".eri", [&] { ReadRace(race.file); });
+        for (const auto& career : *careers)
+            CheckCareer(race, career);
+    }
+
+    void CheckCareer(const Race& race, const std::string& career) {
+        const auto name = Concat(race.name, "-", career, ".ecf");
+        const auto file = Read(name);
+        seen_.push_back(name);
+        auto report = ReportOf(name);
+        CheckCareerFile(report, *file, race.known, career);
+        TryToRead(name, [&] { ReadCareer(file); });
+        const auto assignments = data_.AssignmentNames(race.name, career);
+        if (assignments->empty())
+            report.Add("assignments-missing", 1, 1, Concat("the career has no assignment: there is no file \"", race.name, "-", career, "-ASSIGNMENT.eas\""));
+        for (const auto& assignment : *assignments)
+            CheckAssignment(race, Concat(race.name, "-", career, "-", assignment, ".eas"));
+    }
+
+    void CheckAssignment(const Race& race, const std::string& name) {
+        const auto file = Read(name);
+        seen_.push_back(name);
+        auto report = ReportOf(name);
+        CheckAssignmentFile(report, *file, race.known);
+        TryToRead(name, [&] { ReadAssignment(file); });
+    }
+
+    void CheckUnseen() {
+        for (const auto& name : names_) {
+            const bool is_rules = EndsIgnoringCase(name, ".ecf") || EndsIgnoringCase(name, ".eas");
+            if (is_rules && std::ranges::find(seen_, name) == seen_.end() && !IsCase(name))
+                ReportOf(name).Add("file-unseen", 1, 1, Concat("no race or career is called as this file begins", DidYouMeanFile(name)));
+        }
+    }
+    // Whether the name was told already, as one of two that differ in case.
+    bool IsCase(const std::string& name) const {
+        return std::ranges::any_of(findings_, [&](const Finding& finding) { return finding.file == name; });
+    }
+    std::string DidYouMeanFile(const std::string& name) const {
+        std::vector<std::string> beginnings;
+        for (const auto& race : races_) {
+            beginnings.push_back(race.name);
+        }
+        const std::vector<std::string_view> known(beginnings.begin(), beginnings.end());
+        return DidYouMean(name.substr(0, name.find('-')), known);
+    }
+
+    void CheckTemplates() {
+        Session session(DataFolder(path_), {});
+        if (master_)
+            TryToRead("MasterSkills.dat", [&] { session.masterSkills = LoadMasterSkills(path_); });
+        const auto tags = TagsOfPages(session.masterSkills);
+        const std::vector<std::string_view> known(tags.begin(), tags.end());
+        for (const auto& name : TemplateNames(path_)) {
+            auto report = ReportOf(name);
+            CheckTemplate(report, *Read(name), known);
+        }
+    }
+
+    HeldPath path_;
+    DataFolder data_;
+    Names names_;
+    File master_;
+    std::vector<std::string_view> skills_;
+    std::vector<Race> races_;
+    Names seen_;
+    std::vector<Finding> findings_;
+};
+
+}  // namespace
+
+std::vector<Finding> CheckFolder(const HeldPath& folder) {
+    std::error_code error;
+    const auto path = NativePath(folder);
+    if (!std::filesystem::is_directory(path, error))
+        throw IoError(path.string(), "can't be checked", "there is no such folder");
+    return Folder(folder).Check();
+}
+
+}  // namespace korvane::check
