@@ -251,7 +251,7 @@ void SyncFolder(const fs::path& folder) {
         syncfs(directory.number());
 }
 
-LineFile::LineFile(fs::path path, Sync sync, std::size_t size) : path_(std::move(path)), sync_(sync) {
+LineFile::LineFile(fs::path path, Sync sync, bool goesOn) : path_(std::move(path)), sync_(sync) {
     std::error_code error;
     fs::create_directories(FolderOf(path_), error);
     if (const auto kind = fs::status(path_, error).type(); kind == fs::file_type::fifo || kind == fs::file_type::socket)
@@ -261,12 +261,12 @@ LineFile::LineFile(fs::path path, Sync sync, std::size_t size) : path_(std::move
         throw IoError(path_.string(), "can't be written", errno);
     struct stat status {};
     const bool is_file = fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode);
-    if (is_file && size == 0 && status.st_size > 0) {
+    if (is_file && !goesOn && status.st_size > 0) {
         close(descriptor_);
         throw IoError(path_.string(), "can't be written", "it holds something already; name another file");
     }
-    if (is_file && size > 0)
-        CutTo(size);
+    if (is_file)
+        size_ = static_cast<std::size_t>(status.st_size);
     if (sync_ == Sync::Now)
         SyncDirectory(FolderOf(path_));
 }

@@ -47,9 +47,8 @@ class LineFile {
   public:
     // Makes the file, with its folder; an empty one that is there is taken. Throws IoError for one that holds something
     // already, and for what the system refuses.
-    LineFile(std::filesystem::path path, Sync sync) : LineFile(std::move(path), sync, 0) {}
-    // Goes on with a file that is there after so many of its bytes; the others are dropped.
-    LineFile(std::filesystem::path path, Sync sync, std::size_t size);
+    // `goesOn`: what the file holds is left as it is, to be cut or gone on with.
+    LineFile(std::filesystem::path path, Sync sync, bool goesOn = false);
     ~LineFile();
     LineFile(const LineFile&) = delete;
     LineFile& operator=(const LineFile&) = delete;

@@ -39,6 +39,7 @@ struct ChoiceState {
 
 // What the last mustering out brought.
 struct MusterResults {
+    std::size_t historyBefore = 0;  // the lines of the history when it began
     TextList cash;
     TextList benefits;
 };

@@ -130,6 +130,9 @@ class Player {
 // Thrown by a player who scraps the character at a question; the generation ends as by "Scrap and Restart".
 struct CharacterScrapped {};
 
+// Thrown by a player who leaves in the middle of a life, which isn't ended by that.
+struct PlayerLeft {};
+
 // A question that the player has answered: how much of the history was written when it was asked, and in which term.
 struct Moment {
     std::size_t history = 0;

@@ -96,7 +96,8 @@ void CheckBenefits(Report& report, const TextFile& file, const Known& known) {
         }
         const auto near = Nearest(text, benefits);
         const bool is_slip = !near.empty() && near.size() > 5 && CharacterCount(text) + 2 >= near.size() &&
-                             Nearest(text, std::array{near}) == near && Upper(text).substr(0, 3) == Upper(near).substr(0, 3);
+                             Nearest(text, std::array{near}) == near &&
+                             Upper(text).substr(0, 3) == Upper(near).substr(0, 3);
         if (is_slip)
             Add(report, "benefit", piece, Concat("\"", text, "\" is only written down; did you mean \"", near, "\"?"));
     }
@@ -173,7 +174,8 @@ class RaceLines {
     Piece Next() {
         if (line_ >= file_.lines()) {
             if (ok_)
-                report_.Add("lines", std::max(file_.lines(), 1), 1, Concat("the file ends after ", file_.lines(), " lines"));
+                report_.Add("lines", std::max(file_.lines(), 1), 1,
+                            Concat("the file ends after ", file_.lines(), " lines"));
             ok_ = false;
             return {std::max(line_, 1), {}, {}};
         }
@@ -188,7 +190,8 @@ class RaceLines {
             return;
         ok_ = false;
         if (count == nullptr) {
-            report_.Add("heading", heading.line, 1, Concat("a heading in brackets belongs here, for ", what), heading.whole);
+            report_.Add("heading", heading.line, 1, Concat("a heading in brackets belongs here, for ", what),
+                        heading.whole);
             return;
         }
         int next = heading.line;
@@ -198,7 +201,8 @@ class RaceLines {
         while (before > count->line && !file_.line(before).starts_with('['))
             --before;
         const int there = (before > count->line ? before : next) - count->line - 1;
-        Add(report_, "count", *count, Concat("the count is ", count->text, ", but ", there, " lines follow before the next heading"));
+        Add(report_, "count", *count,
+            Concat("the count is ", count->text, ", but ", there, " lines follow before the next heading"));
     }
     // A count from 0 to `most`.
     std::optional<int> Count(Piece& count, int most) {
@@ -221,8 +225,9 @@ void CheckCharacteristic(Report& report, const Piece& line) {
     const auto text = line.text;
     const bool has_dice = text.size() >= 5 && text[3] == ' ' && text[4] >= '1' && text[4] <= '9';
     const auto modifier = text.size() > 6 ? text.substr(6) : std::string_view();
-    const bool has_modifier = modifier.empty() || ((modifier[0] == '+' || modifier[0] == '-') && modifier.size() > 1 &&
-                                                   modifier.find_first_not_of("0123456789", 1) == std::string_view::npos);
+    const bool has_modifier =
+        modifier.empty() || ((modifier[0] == '+' || modifier[0] == '-') && modifier.size() > 1 &&
+                             modifier.find_first_not_of("0123456789", 1) == std::string_view::npos);
     if (!has_dice || !has_modifier || (text.size() > 5 && text[5] != ' '))
         Add(report, "number", line, Concat("\"", text, "\" is no characteristic; write \"Str 2\" or \"Str 2 +1\""));
 }
@@ -239,7 +244,8 @@ void CheckDraft(Report& report, const Piece& entry, const Names& careers) {
     const auto career = SplitFirst(entry.text, "/").first;
     const std::vector<std::string_view> known(careers.begin(), careers.end());
     if (std::ranges::find(known, career) == known.end())
-        Add(report, "career-missing", entry, Concat("the race has no career \"", career, "\"", DidYouMean(career, known)));
+        Add(report, "career-missing", entry,
+            Concat("the race has no career \"", career, "\"", DidYouMean(career, known)));
 }
 
 void CheckPreCareer(Report& report, const Piece& option) {
@@ -252,14 +258,17 @@ void CheckPreCareer(Report& report, const Piece& option) {
 
 void CheckSpecialityPair(Report& report, const Piece& skill, const Piece& list, const Known& known) {
     if (std::ranges::find(known.skills, skill.text) == known.skills.end())
-        return Add(report, "skill-unknown", skill, Concat("there is no skill \"", skill.text, "\"", DidYouMean(skill.text, known.skills)));
+        return Add(report, "skill-unknown", skill,
+                   Concat("there is no skill \"", skill.text, "\"", DidYouMean(skill.text, known.skills)));
     const auto pieces = SplitAll(list.text, '/');
     if (pieces.size() > 23)  // one more is the player's to pick later
-        return Add(report, "alternatives", list, Concat(pieces.size(), " specialities; a question shows at most 23 of them"));
+        return Add(report, "alternatives", list,
+                   Concat(pieces.size(), " specialities; a question shows at most 23 of them"));
     for (std::size_t i = 0; i < pieces.size(); ++i)
         if (std::find(pieces.begin(), pieces.begin() + static_cast<std::ptrdiff_t>(i), pieces[i]) !=
             pieces.begin() + static_cast<std::ptrdiff_t>(i))
-            return Add(report, "duplicate", {list.line, list.whole, pieces[i]}, Concat("the speciality \"", pieces[i], "\" stands twice"));
+            return Add(report, "duplicate", {list.line, list.whole, pieces[i]},
+                       Concat("the speciality \"", pieces[i], "\" stands twice"));
 }
 
 // A counted list after its heading. Gives its count, for the next heading.
@@ -306,7 +315,8 @@ void CheckRaceFile(Report& report, const TextFile& file, const Known& known, con
     lines.Heading(&count, "the traits");
     count = CheckList(lines, 10, [](const Piece&) {});
     if (lines.ok() && lines.line() < file.lines())
-        Add(report, "count", count, Concat("the count is ", count.text, ", but ", file.lines() - count.line, " lines follow"));
+        Add(report, "count", count,
+            Concat("the count is ", count.text, ", but ", file.lines() - count.line, " lines follow"));
 }
 
 void CheckMasterSkills(Report& report, const TextFile& file) {
@@ -317,7 +327,10 @@ void CheckMasterSkills(Report& report, const TextFile& file) {
         if (piece.text.empty())
             continue;
         if (IsBlank(name) || !tag.starts_with('|') || !(tag.ends_with('|') || tag.ends_with('*')))
-            Add(report, "tag", piece, Concat("\"", piece.text, "\" is no skill with its tag; write \"Medic||MEDIC|\", or \"Art||ART*\" for one with specialities"));
+            Add(report, "tag", piece,
+                Concat("\"", piece.text,
+                       "\" is no skill with its tag; write \"Medic||MEDIC|\", or \"Art||ART*\" for one with "
+                       "specialities"));
         else if (std::ranges::find(names, name) != names.end())
             Add(report, "duplicate", piece, Concat("the skill \"", name, "\" stands twice"));
         names.push_back(name);

@@ -21,7 +21,8 @@ constexpr std::array<Kind, 31> kKinds = {{
     {"assignments-missing", kError,
      "A career is entered through an assignment. Without a file RACE-CAREER-ASSIGNMENT.eas it can't be started."},
     {"basic-training", kError,
-     "Each row of the first skill table is trained at level 0 when the career begins: the rules write \"-0\" behind it. "
+     "Each row of the first skill table is trained at level 0 when the career begins: the rules write \"-0\" behind "
+     "it. "
      "Alternatives and levels don't survive that. Name one skill, without a level."},
     {"benefit", kWarning,
      "Some benefits do something (a vehicle brings a skill, an ally a friend), and are known by their exact text. This "
@@ -42,8 +43,7 @@ constexpr std::array<Kind, 31> kKinds = {{
      "A check is read by places: the first three characters name a characteristic, the number that begins at the fifth "
      "is the target, and the place of the first \"+\" says which characteristic's modifier is added. So \"+Str6\", "
      "\"D+ex6\", \"En+d6\", \"Int+7\", \"Edu +7\" and \"Soc 7+\" count the first to the sixth."},
-    {"code-foreign", kWarning,
-     "The code belongs to another career, whose people and places its questions name."},
+    {"code-foreign", kWarning, "The code belongs to another career, whose people and places its questions name."},
     {"code-unknown", kError,
      "What stands behind \"/\" are codes, in capitals, with blanks between them. Mishaps and events have their own. "
      "\"korvane-cli codes --describe\" tells what each does."},
@@ -64,16 +64,17 @@ constexpr std::array<Kind, 31> kKinds = {{
     {"number", kError,
      "Numbers are read up to the first character that isn't a digit: \"5,000\" is 5, \"Cr5000\" is nothing. Write "
      "digits alone."},
-    {"pre-career", kWarning, "Nothing happens at such a place. The rules know \"University\" and \"Military Academy\"."},
+    {"pre-career", kWarning,
+     "Nothing happens at such a place. The rules know \"University\" and \"Military Academy\"."},
     {"skill-level", kError,
-     "A level behind \"=\" or \"-\" is a whole number. A \"-\" within a name is taken for the mark of a level, unless a "
+     "A level behind \"=\" or \"-\" is a whole number. A \"-\" within a name is taken for the mark of a level, unless "
+     "a "
      "\"=\" stands in the row: write \"Engineer (M-Drive)=1\"."},
     {"skill-raise", kError,
      "A characteristic is raised by its three letters, a blank, \"+\" and a number: \"Str +1\"."},
     {"skill-unknown", kWarning,
      "The skill isn't in MasterSkills.dat, so pages don't show it and checks of the rules don't find it."},
-    {"slash", kError,
-     "A \"/\" ends the text of an entry: what follows are codes. Write the text without one."},
+    {"slash", kError, "A \"/\" ends the text of an entry: what follows are codes. Write the text without one."},
     {"speciality", kWarning, "The race file doesn't list this speciality of the skill."},
     {"tag", kWarning, "Nothing is put in the place of a tag that nobody knows: it stands on the page as it is."},
     {"text-missing", kError, "A text is missing: what happens would go without a word."},

@@ -29,7 +29,8 @@ struct Race {
 
 class Folder {
   public:
-    explicit Folder(const HeldPath& path) : path_(EnsureTrailingBackslash(path)), data_(path_), names_(ListFiles(path_)) {}
+    explicit Folder(const HeldPath& path)
+        : path_(EnsureTrailingBackslash(path)), data_(path_), names_(ListFiles(path_)) {}
 
     std::vector<Finding> Check() {
         CheckCases();
@@ -56,7 +57,8 @@ class Folder {
         std::map<std::string, std::string> seen;
         for (const auto& name : names_)
             if (const auto [place, is_new] = seen.emplace(Upper(name), name); !is_new)
-                ReportOf(name).Add("case", 1, 1, Concat("\"", place->second, "\" differs from it in the case of letters alone"));
+                ReportOf(name).Add("case", 1, 1,
+                                   Concat("\"", place->second, "\" differs from it in the case of letters alone"));
     }
 
     // The files that stand beside races and careers. The master list comes first: it says which skills there are.
@@ -96,11 +98,11 @@ class Folder {
         try {
             read();
         } catch (const ParseError& error) {
-            const auto is_told = [&](const Finding& finding) { return finding.file == name; };
-            if (std::ranges::any_of(findings_, is_told))
+            if (IsTold(name))
                 return;
             const std::string_view told = error.what();
-            ReportOf(name).Add("unreadable", error.line(), 1, std::string(told.substr(std::min(told.find("expected"), told.size()))));
+            ReportOf(name).Add("unreadable", error.line(), 1,
+                               std::string(told.substr(std::min(told.find("expected"), told.size()))));
         }
     }
 
@@ -109,9 +111,11 @@ class Folder {
         const auto careers = data_.CareerNames(race.name);
         auto report = ReportOf(race.name + ".eri");
         if (careers->empty())
-            report.Add("careers-missing", 1, 1, Concat("the race has no career: there is no file \"", race.name, "-CAREER.ecf\""));
+            report.Add("careers-missing", 1, 1,
+                       Concat("the race has no career: there is no file \"", race.name, "-CAREER.ecf\""));
         CheckRaceFile(report, *race.file, race.known, *careers);
         TryToRead(race.name + ".eri", [&] { ReadRace(race.file); });
+        race.known.trusted = !report.HasAny();
         for (const auto& career : *careers)
             CheckCareer(race, career);
     }
@@ -125,7 +129,9 @@ class Folder {
         TryToRead(name, [&] { ReadCareer(file); });
         const auto assignments = data_.AssignmentNames(race.name, career);
         if (assignments->empty())
-            report.Add("assignments-missing", 1, 1, Concat("the career has no assignment: there is no file \"", race.name, "-", career, "-ASSIGNMENT.eas\""));
+            report.Add("assignments-missing", 1, 1,
+                       Concat("the career has no assignment: there is no file \"", race.name, "-", career,
+                              "-ASSIGNMENT.eas\""));
         for (const auto& assignment : *assignments)
             CheckAssignment(race, Concat(race.name, "-", career, "-", assignment, ".eas"));
     }
@@ -141,12 +147,13 @@ class Folder {
     void CheckUnseen() {
         for (const auto& name : names_) {
             const bool is_rules = EndsIgnoringCase(name, ".ecf") || EndsIgnoringCase(name, ".eas");
-            if (is_rules && std::ranges::find(seen_, name) == seen_.end() && !IsCase(name))
-                ReportOf(name).Add("file-unseen", 1, 1, Concat("no race or career is called as this file begins", DidYouMeanFile(name)));
+            if (is_rules && std::ranges::find(seen_, name) == seen_.end() && !IsTold(name))
+                ReportOf(name).Add("file-unseen", 1, 1,
+                                   Concat("no race or career is called as this file begins", DidYouMeanFile(name)));
         }
     }
-    // Whether the name was told already, as one of two that differ in case.
-    bool IsCase(const std::string& name) const {
+    // Whether something of the file was told already.
+    bool IsTold(const std::string& name) const {
         return std::ranges::any_of(findings_, [&](const Finding& finding) { return finding.file == name; });
     }
     std::string DidYouMeanFile(const std::string& name) const {
@@ -159,6 +166,8 @@ class Folder {
     }
 
     void CheckTemplates() {
+        if (IsTold("MasterSkills.dat"))
+            return;  // its tags may be missing for that alone
         Session session(DataFolder(path_), {});
         if (master_)
             TryToRead("MasterSkills.dat", [&] { session.masterSkills = LoadMasterSkills(path_); });

@@ -66,11 +66,10 @@ void CheckRaise(Report& report, const Piece& raise, const Known& known) {
 void CheckName(Report& report, const Piece& skill, const Known& known) {
     const auto [bare, rest] = SplitFirst(skill.text, " (");
     if (std::ranges::find(known.skills, bare) == known.skills.end()) {
-        Add(report, "skill-unknown", skill,
-            Concat("there is no skill \"", bare, "\"", DidYouMean(bare, known.skills)));
+        Add(report, "skill-unknown", skill, Concat("there is no skill \"", bare, "\"", DidYouMean(bare, known.skills)));
         return;
     }
-    if (rest.empty())
+    if (rest.empty() || !known.trusted)
         return;
     const auto speciality = rest.ends_with(')') ? rest.substr(0, rest.size() - 1) : rest;
     const auto row = std::ranges::find(known.specialities, bare, &Speciality::skill);
@@ -107,8 +106,8 @@ void CheckOne(Report& report, const Piece& one, const Known& known, bool isBasic
                        ? Concat("the \"-\" in \"", text, "\" is taken for the mark of a level; write \"", text, "=1\"")
                        : Concat("\"", level.text, "\" is no level; write a whole number"));
     if (isBasic)
-        return Add(report, "basic-training", level, Concat("a row of the first table has no level; write \"",
-                                                           text.substr(0, mark), "\""));
+        return Add(report, "basic-training", level,
+                   Concat("a row of the first table has no level; write \"", text.substr(0, mark), "\""));
     CheckName(report, {one.line, one.whole, text.substr(0, mark)}, known);
 }
 
@@ -138,9 +137,8 @@ bool IsForeign(std::string_view code, std::string_view career) {
     const auto is_of = [&](const Family& family) {
         return std::ranges::find(family.careers, career) != family.careers.end();
     };
-    const auto family = std::ranges::find_if(kFamilies, [&](const Family& each) {
-        return code.starts_with(each.prefix);
-    });
+    const auto family =
+        std::ranges::find_if(kFamilies, [&](const Family& each) { return code.starts_with(each.prefix); });
     return family != kFamilies.end() && !is_of(*family) && std::ranges::any_of(kFamilies, is_of);
 }
 
@@ -218,13 +216,18 @@ void CheckRolledCheck(Report& report, const Piece& check, const Known& known) {
         if (!IsDigit(c) && c != '+' && c != ' ')
             letters += c;
     const auto target_text = text.size() > 4 ? text.substr(text[4] == '+' ? 5 : 4) : std::string_view();
-    const auto target = target_text.substr(0, std::min(target_text.find_first_not_of("0123456789"), target_text.size()));
+    const auto target =
+        target_text.substr(0, std::min(target_text.find_first_not_of("0123456789"), target_text.size()));
     const auto slot = SlotOf(known, letters);
     if (slot == 0)
         return Add(report, "check-characteristic", check,
                    Concat("the race has no characteristic \"", letters, "\"; it has ", ListOf(known.characteristics)));
-    const auto right = CheckCounting(known, slot, target.empty() ? "6" : target.substr(target.size() > 1 && target[0] == '0' ? target.find_first_not_of('0') : 0));
-    const auto advice = right.empty() ? std::string() : Concat("; write ", right, " for ", known.characteristics[slot - 1]);
+    const auto right = CheckCounting(
+        known, slot,
+        target.empty() ? "6"
+                       : target.substr(target.size() > 1 && target[0] == '0' ? target.find_first_not_of('0') : 0));
+    const auto advice =
+        right.empty() ? std::string() : Concat("; write ", right, " for ", known.characteristics[slot - 1]);
     if (place == std::string_view::npos)
         return Add(report, "check-form", check, Concat("without a \"+\" no modifier counts", advice));
     const Piece sign{check.line, check.whole, text.substr(place)};
@@ -270,7 +273,8 @@ std::optional<int> CheckNumber(Report& report, const Piece& number, std::string_
     const auto read = std::from_chars(text.data(), text.data() + text.size(), value);
     if (IsWhole(text) && read.ec == std::errc() && value >= least && value <= most)
         return value;
-    Add(report, kind, number, Concat("\"", text, "\" is no whole number from ", least, " to ", most, " in digits alone"));
+    Add(report, kind, number,
+        Concat("\"", text, "\" is no whole number from ", least, " to ", most, " in digits alone"));
     return std::nullopt;
 }
 

@@ -17,6 +17,7 @@ struct Known {
     std::vector<std::string> characteristics;  // three letters each, from the first
     std::vector<Speciality> specialities;
     std::vector<std::string_view> skills;  // of the master list
+    bool trusted = true;                   // whether nothing is wrong with the specialities themselves
 };
 
 // A row of a skill table, a rank bonus, a background skill. `isBasic`: of the first table.

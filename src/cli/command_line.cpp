@@ -52,8 +52,8 @@ Options OptionsNamed(const std::vector<std::string>& captions) {
 }
 
 Format FormatNamed(const std::string& name) {
-    constexpr std::array kNames = {std::pair("json", Format::Json), std::pair("html", Format::Html), std::pair("sarif", Format::Sarif),
-                                   std::pair("none", Format::None)};
+    constexpr std::array kNames = {std::pair("json", Format::Json), std::pair("html", Format::Html),
+                                   std::pair("sarif", Format::Sarif), std::pair("none", Format::None)};
     for (const auto& [known, format] : kNames)
         if (name == known)
             return format;

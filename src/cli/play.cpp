@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "base/error.h"
+#include "base/files.h"
 #include "base/text.h"
 #include "character/characteristics.h"
 #include "cli/commands.h"
@@ -66,25 +67,25 @@ class PlayedLife {
         life_.goesOn = [this](const journal::Divergence& divergence) {
             display_.GoOn();
             out_.Write(Concat("\n", divergence.what(), "\nThe rules have changed since then.\n"));
-            const bool goes_on = player_.Ask({"Go on from the last answer that fits?", {}, Icon::Question, true});
+            const bool goes_on = player_.AskBeside({"Go on from the last answer that fits?"});
             display_.Hush();
             return goes_on;
         };
     }
 
     int Run() {
-        const auto unfinished = OpenJournal();
         const auto finished = [this] {
             out_.Write("\n" + CharacterText(session_));
             streams_.out << std::flush;
             return false;
         };
         try {
+            const auto unfinished = OpenJournal();
             const auto outcome = unfinished ? GoOn(*unfinished, finished) : Begin(finished);
             if (outcome.cause)
                 std::rethrow_exception(outcome.cause);
             return !journal_ || journal_->whole() ? kSuccess : kFailure;
-        } catch (const PlayerQuit&) {
+        } catch (const PlayerLeft&) {
             if (journal_)
                 out_.Write(
                     Concat("\nThe life is kept in ", command_.journal, ". Go on with it by the same command.\n"));
@@ -105,7 +106,10 @@ class PlayedLife {
         const std::filesystem::path path(command_.journal);
         const auto report = [this](const std::string& error) { Report(error); };
         std::error_code error;
-        if (std::filesystem::is_regular_file(path, error) && std::filesystem::file_size(path, error) > 0) {
+        if (command_.journal == "-")
+            throw UsageError("a journal is kept in a file: \"-\" is none");
+        if (std::filesystem::is_regular_file(path, error) && std::filesystem::file_size(path, error) > 0 &&
+            !BeginsAnew(path)) {
             auto journal = play::ReadJournalFile(path);
             if (!journal.tape.end && WantsToGoOn(journal)) {
                 journal_.emplace(path, journal, report);
@@ -120,7 +124,20 @@ class PlayedLife {
     bool WantsToGoOn(const journal::Journal& journal) {
         out_.Write(Concat("\n", command_.journal, " holds a life that isn't finished: ", journal.tape.start.race, ", ",
                           journal.tape.start.career, ", ", journal.tape.lines.size(), " lines.\n"));
-        return player_.Ask({"Go on with it?"});
+        if (command_.seed)
+            out_.Write("Its dice are those of its own beginning, not of another seed.\n");
+        if (journal.IsDamaged())
+            out_.Write(Concat(command_.journal, ":", journal::JournalLine(journal.tape.lines.size() - 1),
+                              ": the line is damaged; what follows it would be lost.\n"));
+        return player_.AskBeside({"Go on with it?", {}, Icon::Question, !journal.IsDamaged()});
+    }
+    // Whether the file holds no more than a part of a first line, with which nothing was answered.
+    bool BeginsAnew(const std::filesystem::path& path) {
+        const auto bytes = ReadStream(path, "a journal", kMostJournal);
+        if (bytes.find('\n') != std::string::npos || !bytes.starts_with("{\"journal\""))
+            return false;
+        std::filesystem::resize_file(path, 0);
+        return true;
     }
 
     play::LifeOutcome Begin(const play::RecordedLife::Finished& finished) {

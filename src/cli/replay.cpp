@@ -21,10 +21,14 @@ class Replays {
           session_(DataFolder(ChooseDataLocation(command.data)), {nullptr, nullptr, &display_}) {}
 
     int Run() {
+        bool failed = false;
         int status = kSuccess;
-        for (const auto& path : command_.journals)
-            status = std::max(status, RunOne(path));
-        return status;
+        for (const auto& path : command_.journals) {
+            const int one = RunOne(path);
+            failed |= one == kFailure;
+            status = std::max(status, one);
+        }
+        return failed ? kFailure : status;
     }
 
   private:
@@ -34,10 +38,10 @@ class Replays {
         } catch (const journal::Divergence& divergence) {
             streams_.err << "korvane-cli: " << divergence.what() << '\n';
             return kDivergence;
-        } catch (const FileError& error) {
+        } catch (const std::exception& error) {
             if (command_.journals.size() == 1)
                 throw;
-            streams_.err << "korvane-cli: file error: " << error.what() << '\n';
+            streams_.err << "korvane-cli: " << path << ": " << error.what() << '\n';
             return kFailure;
         }
     }

@@ -165,7 +165,7 @@ bool TerminalPlayer::Obey(const std::string& answer) {
 }
 
 void TerminalPlayer::GoBack() {
-    if (!living_ || steps == nullptr || !steps->MayGoBack()) {
+    if (!living_ || scrapping_ || steps == nullptr || !steps->MayGoBack()) {
         out_.Write("There is no answer to go back to.\n");
         return;
     }
@@ -176,7 +176,7 @@ void TerminalPlayer::GoBack() {
 }
 
 void TerminalPlayer::GoForward() {
-    if (!living_ || steps == nullptr || !steps->MayGoForward()) {
+    if (!living_ || scrapping_ || steps == nullptr || !steps->MayGoForward()) {
         out_.Write("There is nothing to go forward to.\n");
         return;
     }
@@ -187,14 +187,19 @@ void TerminalPlayer::GoForward() {
 }
 
 void TerminalPlayer::OfferScrapping() {
-    if (!living_)
-        out_.Write("There is no character yet.\n");
-    else if (Ask({kScrapQuestion, {}, Icon::Question, false}))
+    if (!living_ || scrapping_) {
+        out_.Write(scrapping_ ? "Please answer y or n.\n" : "There is no character yet.\n");
+        return;
+    }
+    scrapping_ = true;
+    const bool scraps = Ask({kScrapQuestion, {}, Icon::Question, false});
+    scrapping_ = false;
+    if (scraps)
         throw CharacterScrapped();
 }
 
 void TerminalPlayer::OfferQuitting() {
-    throw PlayerQuit();
+    throw PlayerLeft();
 }
 
 void TerminalPlayer::ShowSheet() {
@@ -203,7 +208,7 @@ void TerminalPlayer::ShowSheet() {
 
 // Age and characteristics, where they have changed.
 void TerminalPlayer::ShowStanding() {
-    if (!living_)
+    if (!living_ || scrapping_)
         return;
     auto standing = AgeLabel(session_.character);
     for (const auto& line : CharacteristicLines(session_.character))
@@ -295,12 +300,19 @@ bool TerminalPlayer::Ask(const YesNoQuestion& question) {
         const auto answer = Upper(Read(Concat("\n", question.text, question.defaultYes ? " [Y/n] " : " [y/N] ")));
         if (answer.empty())
             return question.defaultYes;
-        if (answer == "Y" || answer == "YES")
+        if (std::string_view("YES").starts_with(answer))
             return true;
-        if (answer == "N" || answer == "NO")
+        if (std::string_view("NO").starts_with(answer))
             return false;
         out_.Write("Please answer y or n.\n");
     }
+}
+
+bool TerminalPlayer::AskBeside(const YesNoQuestion& question) {
+    const bool lived = std::exchange(living_, false);
+    const bool yes = Ask(question);
+    living_ = lived;
+    return yes;
 }
 
 void TerminalPlayer::Tell(const Notice& notice) {

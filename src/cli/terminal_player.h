@@ -49,9 +49,6 @@ class TerminalDisplay : public Display {
     bool all_ = false;
 };
 
-// Thrown when the player has had enough for now.
-struct PlayerQuit {};
-
 // Every member throws UsageError when the input ends in the middle.
 class TerminalPlayer : public Player {
   public:
@@ -63,6 +60,8 @@ class TerminalPlayer : public Player {
     std::function<void()> goingElsewhere;
     // From now on there is a character: it can be looked at, gone back in and scrapped.
     void BeginLife() { living_ = true; }
+    // A question that is none of the life's: there is no way back from it, and nothing is scrapped.
+    bool AskBeside(const YesNoQuestion& question);
 
     int Choose(const ChoiceQuestion& question) override;
     std::vector<int> Select(const ListQuestion& question) override;
@@ -101,7 +100,8 @@ class TerminalPlayer : public Player {
     std::istream& in_;
     WrappedOut& out_;
     bool living_ = false;
-    std::string standing_;  // as it was shown last
+    bool scrapping_ = false;  // the player is asked whether to scrap the character
+    std::string standing_;    // as it was shown last
 };
 
 }  // namespace korvane::cli

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/encoding.h"
 #include "base/text.h"
 #include "cli/commands.h"
 #include "cli/data_choice.h"
@@ -22,11 +23,11 @@ int StatusOf(Verdict verdict, bool demandsProof) {
 std::string OriginText(const journal::Start& start) {
     if (!start.dice || !start.dice->seed)
         return {};
-    return Concat("seed ", start.dice->seed->given(), ", character ", start.dice->number);
+    return Concat("seed ", Printable(start.dice->seed->given(), 80), ", character ", start.dice->number);
 }
 
 std::string TextOf(const journal::Journal& journal, const Proof& proof) {
-    auto text = Concat(journal.name, ": ", NameOf(proof.verdict));
+    auto text = Concat(Printable(journal.name, 300), ": ", NameOf(proof.verdict));
     if (proof.line)
         AppendAll(text, " (line ", *proof.line, ")");
     if (!proof.why.empty())

@@ -7,15 +7,10 @@
 
 namespace korvane {
 
-JournalKeeper::JournalKeeper(std::filesystem::path path, play::KeptJournal::Report report)
-    : path_(std::move(path)), report_(std::move(report)) {
-    journal_.emplace(path_, report_);
-}
-
-JournalKeeper::JournalKeeper(std::filesystem::path path, const journal::Journal& journal,
-                             play::KeptJournal::Report report)
-    : path_(std::move(path)), report_(std::move(report)), used_(true) {
-    journal_.emplace(path_, journal, report_);
+JournalKeeper::JournalKeeper(std::filesystem::path path, play::KeptJournal::Report report, bool isUsed)
+    : path_(std::move(path)), report_(std::move(report)), used_(isUsed) {
+    if (!isUsed)
+        journal_.emplace(path_, report_);
 }
 
 std::filesystem::path JournalKeeper::NextPath() {

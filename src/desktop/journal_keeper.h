@@ -14,10 +14,9 @@ namespace korvane {
 // was kept is overwritten.
 class JournalKeeper : public play::TapeKeeper {
   public:
-    // Throws IoError for a file that holds something or can't be written.
-    JournalKeeper(std::filesystem::path path, play::KeptJournal::Report report);
-    // The first life is a journal's, which goes on in its file.
-    JournalKeeper(std::filesystem::path path, const journal::Journal& journal, play::KeptJournal::Report report);
+    // `isUsed`: a life stands in the file already. Throws IoError for a file that holds something else or can't be
+    // written.
+    JournalKeeper(std::filesystem::path path, play::KeptJournal::Report report, bool isUsed = false);
 
     void Begun(const journal::Tape& tape) override;
     void Recorded(const journal::Line& line) override;

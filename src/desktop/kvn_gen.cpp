@@ -274,6 +274,7 @@ void KVNGen::KeepIn(const std::filesystem::path& path) {
     if (std::filesystem::is_regular_file(path, error) && std::filesystem::file_size(path, error) > 0) {
         const auto journal = play::ReadJournalFile(path);
         if (!journal.tape.end) {
+            Keep(std::make_unique<JournalKeeper>(path, ReportOfKeeper(), true));
             GoOn(journal, path);
             return;
         }
@@ -283,7 +284,7 @@ void KVNGen::KeepIn(const std::filesystem::path& path) {
 }
 
 void KVNGen::KeepJournal() {
-    const auto path = ui::AskForNewFile(guard_, *this, windowTitle(), tr("life.jsonl"));
+    const auto path = ui::AskForNewFile(guard_, *this, windowTitle(), tr("life.jsonl"), false);
     if (!path.isEmpty())
         TryToKeepIn(path.toStdString());
 }
@@ -296,7 +297,7 @@ void KVNGen::TryToKeepIn(const std::filesystem::path& path) {
     try {
         KeepIn(path);
     } catch (const FileError& error) {
-        ui::ShowError(guard_, this, windowTitle(), ToQt(error.what()), tr("No journal is kept."));
+        ui::ShowError(guard_, this, windowTitle(), ToQt(error.what()), tr("No journal can be kept there."));
     }
 }
 
@@ -323,8 +324,13 @@ void KVNGen::OpenJournal() {
 }
 
 void KVNGen::GoOn(const journal::Journal& journal, const std::filesystem::path& path) {
-    Keep(journal.tape.end ? nullptr : std::make_unique<JournalKeeper>(path, journal, ReportOfKeeper()));
+    // This life stands in its own file; those that follow are kept as they were before.
+    std::optional<play::KeptJournal> own;
+    if (!journal.tape.end)
+        own.emplace(path, journal, ReportOfKeeper());
+    controller_.life().keeper = own ? &*own : nullptr;
     Live([&](const play::RecordedLife::Finished& finished) { return controller_.GoOn(journal, finished); });
+    controller_.life().keeper = keeper_.get();
 }
 
 void KVNGen::SaveJournal() {
@@ -416,6 +422,8 @@ void KVNGen::Guard(const std::function<void()>& action) {
     try {
         action();
         Refresh();
+    } catch (const PlayerLeft&) {
+        return;  // the program ends; what is kept of the life can be gone on with
     } catch (const RuleError& error) {
         TellStopped(ToQt(error.what()));
     } catch (const journal::JournalError& error) {

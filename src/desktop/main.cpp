@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "base/encoding.h"
 #include "base/error.h"
 #include "desktop/desktop_windows.h"
 #include "desktop/exporter.h"
@@ -33,9 +34,15 @@ Wishes WishesOf(const std::vector<std::string>& arguments) {
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const bool has_value = i + 1 < arguments.size();
         if (arguments[i] == "--seed" && has_value)
-            wishes.seed.emplace(arguments[++i]);
+            wishes.seed.emplace(korvane::DecodeWord(arguments[++i]));
+        else if (arguments[i].starts_with("--seed="))
+            wishes.seed.emplace(korvane::DecodeWord(arguments[i].substr(7)));
         else if (arguments[i] == "--journal" && has_value)
             wishes.journal = arguments[++i];
+        else if (arguments[i].starts_with("--journal="))
+            wishes.journal = arguments[i].substr(10);
+        else if (arguments[i] == "--seed" || arguments[i] == "--journal")
+            throw korvane::UsageError(arguments[i] + " needs a value");
         else
             wishes.others.append(wishes.others.empty() ? "" : " ").append(arguments[i]);
     }

@@ -109,6 +109,7 @@ int PensionFor(int termsInCareer) {
 
 void MusterOut(Session& session) {
     auto& character = session.character;
+    session.musterResults.historyBefore = session.character.History.size();
     session.musterResults.cash.Clear();
     session.musterResults.benefits.Clear();
     CountRolls(character);

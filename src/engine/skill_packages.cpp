@@ -127,10 +127,8 @@ void GrantPackage(Session& session, const SkillPackage& package) {
 // The packages of the data folder. A life that is told isn't lost for the want of them: what is wrong is told.
 std::optional<SkillPackages> PackagesOrNotice(Session& session) {
     try {
-        if (const auto& file = session.data.Packages()) {
-            NoteFile(session, file->source);
+        if (const auto& file = session.data.Packages())
             return file;
-        }
         Tell(session, Concat("No skill package: the data folder has no ", kSkillPackagesFile));
     } catch (const FileError& error) {
         // Without the folder, which is another where the life is lived again.
@@ -186,6 +184,8 @@ void GrantSkillPackage(Session& session) {
     if (!session.hasStepsBetween || !session.options[Option::SelectSkillPackage])
         return;
     const auto file = PackagesOrNotice(session);
+    if (file)
+        NoteFile(session, file->source);
     if (!file) {
         LeaveOpen(session, 1, "skill package", "");
         return;

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "base/encoding.h"
 #include "output/journal/lines.h"
 
 namespace korvane::play {
@@ -23,8 +22,22 @@ KeptJournal::KeptJournal(std::filesystem::path path, Report report)
 }
 
 KeptJournal::KeptJournal(std::filesystem::path path, const journal::Journal& journal, Report report)
-    : path_(std::move(path)), report_(std::move(report)), ends_(journal.ends) {
-    file_.emplace(path_, Sync::Now, journal.bytes);
+    : path_(std::move(path)),
+      report_(std::move(report)),
+      cut_(journal.bytes),
+      isCut_(journal.isCut && !journal.goesOn && journal.tape.lines.size() + 1 == journal.ends.size()),
+      ends_(journal.ends) {
+    file_.emplace(path_, Sync::Now, true);
+}
+
+void KeptJournal::CutNow() {
+    if (!cut_)
+        return;
+    file_->CutTo(*std::exchange(cut_, std::nullopt));
+    if (std::exchange(isCut_, false)) {
+        file_->Write("");
+        ++ends_.back();
+    }
 }
 
 template <typename Action>
@@ -42,6 +55,7 @@ void KeptJournal::Try(const Action& action) {
 
 void KeptJournal::Write(const std::vector<std::string>& lines) {
     Try([&] {
+        CutNow();
         auto end = file_->size();
         for (const auto& line : lines)
             ends_.push_back(end += line.size() + 1);
@@ -50,6 +64,7 @@ void KeptJournal::Write(const std::vector<std::string>& lines) {
 }
 
 void KeptJournal::Begun(const journal::Tape& tape) {
+    cut_.reset();
     Try([&] { file_->CutTo(0); });
     ends_.clear();
     std::vector<std::string> lines(1);
@@ -64,8 +79,11 @@ void KeptJournal::Recorded(const journal::Line& line) {
 }
 
 void KeptJournal::CutTo(std::size_t lines) {
-    ends_.resize(lines + 1);
-    Try([&] { file_->CutTo(ends_.back()); });
+    Try([&] {
+        CutNow();
+        ends_.resize(lines + 1);
+        file_->CutTo(ends_.back());
+    });
 }
 
 void KeptJournal::Ended(const journal::End& end) {
@@ -75,8 +93,8 @@ void KeptJournal::Ended(const journal::End& end) {
 }
 
 journal::Journal ReadJournalFile(const std::filesystem::path& path) {
-    auto text = DecodeText(ReadStream(path, "a journal", kMostJournal));
-    return journal::ReadJournal(path == "-" ? "standard input" : path.string(), text);
+    return journal::ReadJournal(path == "-" ? "standard input" : path.string(),
+                                ReadStream(path, "a journal", kMostJournal));
 }
 
 }  // namespace korvane::play

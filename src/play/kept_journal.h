@@ -33,13 +33,16 @@ class KeptJournal : public TapeKeeper {
 
   private:
     void Write(const std::vector<std::string>& lines);
+    void CutNow();
     template <typename Action>
     void Try(const Action& action);
 
     std::filesystem::path path_;
     Report report_;
     std::optional<LineFile> file_;
-    std::vector<std::size_t> ends_;  // in bytes: of the start, and of each line
+    std::optional<std::size_t> cut_;  // to be done before anything is written: what is dropped is kept until then
+    bool isCut_ = false;              // the last line that stands has no line end
+    std::vector<std::size_t> ends_;   // in bytes: of the start, and of each line
     bool whole_ = true;
 };
 

@@ -78,6 +78,7 @@ void RecordedLife::CheckRolled(std::string_view check, int own, int once, int ef
 // The opening was recorded before it was known what is selected at the start.
 void RecordedLife::BeginTape() {
     tape_.lines.clear();
+    deck_.CallIt({});
     tape_.start = StartOf(session_, tape_.start.dice.value_or(Origin{}));
     deck_.Rewind();
     deck_.NoteSelection();
@@ -121,6 +122,7 @@ LifeOutcome RecordedLife::GoOn(journal::Journal journal, const Finished& finishe
     ended_.reset();
     undone_.clear();
     tape_ = std::move(journal.tape);
+    deck_.CallIt(journal.name);
     if (!tape_.lines.empty() && std::holds_alternative<journal::OddLine>(tape_.lines.back()))
         tape_.lines.pop_back();
     SelectStartOf(session_, tape_.start);
@@ -131,41 +133,52 @@ LifeOutcome RecordedLife::LiveOn(const Finished& finished, bool again) {
     before_ = Before{session_.selection,  session_.race,   session_.career,
                      session_.assignment, session_.method, session_.options};
     for (;; again = true) {
+        std::optional<journal::Divergence> divergence;
         try {
-            const auto begin = [&](Session&) {
-                if (again)
-                    BeginAgain();
-            };
-            auto outcome = LiveOut(session_, begin);
-            End(outcome);
-            if (!outcome.finished() || !finished || !finished()) {
-                ended_ = tape_;
-                return outcome;
-            }
-            if (MayGoBack())
-                GoBackTo(MomentCount() - 1);
+            if (auto outcome = LiveOnce(finished, again))
+                return *outcome;
         } catch (const WentBack& back) {
             GoBackTo(back.moment);
         } catch (const WentForward&) {
             GoForward();
-        } catch (const journal::Divergence& divergence) {
-            if (!goesOn || !goesOn(divergence))
-                throw;
-            undone_.clear();
-            CutTo(deck_.position());
+        } catch (const journal::Divergence& met) {
+            divergence = met;
         }
+        if (!divergence)
+            continue;
+        if (!goesOn || !goesOn(*divergence))
+            throw *divergence;
+        undone_.clear();
+        CutTo(deck_.position());
     }
 }
 
-void RecordedLife::End(const LifeOutcome& outcome) {
+// From the beginning, or from where the life stands, to the end; nothing when the player goes back out of the end.
+std::optional<LifeOutcome> RecordedLife::LiveOnce(const Finished& finished, bool again) {
+    auto outcome = LiveOut(session_, [&](Session&) {
+        if (again)
+            BeginAgain();
+    });
+    const bool was_ended = End(outcome);
+    if (outcome.finished() && finished && finished() && MayGoBack()) {
+        GoBackTo(MomentCount() - 1);
+        return std::nullopt;
+    }
+    // A character is shown before files are written.
+    if (!was_ended && keeper != nullptr)
+        keeper->Ended(*tape_.end);
+    ended_ = tape_;
+    return outcome;
+}
+
+bool RecordedLife::End(const LifeOutcome& outcome) {
     auto end = EndOf(session_, tape_, outcome);
     if (tape_.end && tape_.end->kind == end.kind && tape_.end->document == end.document)
-        return;
+        return true;
     if (tape_.end)
         CutTo(tape_.lines.size());
     tape_.end = std::move(end);
-    if (keeper != nullptr)
-        keeper->Ended(*tape_.end);
+    return false;
 }
 
 void RecordedLife::CutTo(std::size_t lines) {

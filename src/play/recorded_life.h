@@ -80,7 +80,9 @@ class RecordedLife : public LifeSteps, private Observer {
     void BeginTape();
     void BeginAgain();
     LifeOutcome LiveOn(const Finished& finished, bool again);
-    void End(const LifeOutcome& outcome);
+    std::optional<LifeOutcome> LiveOnce(const Finished& finished, bool again);
+    // Puts the end onto the tape. Returns whether it stood there.
+    bool End(const LifeOutcome& outcome);
     void GoBackTo(std::size_t moment);
     void GoForward();
     void CutTo(std::size_t lines);

@@ -1,6 +1,7 @@
 #include "play/verify.h"
 
 #include <array>
+#include <filesystem>
 
 #include "base/encoding.h"
 #include "base/text.h"
@@ -35,12 +36,13 @@ bool HasOddLine(const journal::Tape& tape) {
 }
 
 // What the last line says of the result, against the life that was just lived.
-std::optional<Proof> JudgeEnd(const Session& session, const journal::Tape& tape) {
+std::optional<Proof> JudgeEnd(const Session& session, const journal::Journal& journal) {
+    const auto& tape = journal.tape;
     const int line = journal::JournalLine(tape.lines.size());
     const auto& end = *tape.end;
     if (end.document && *end.document != DocumentDigest(session, tape))
         return Proof{Verdict::ResultDiffers, "the finished document is another", line, {}};
-    if (end.journal && *end.journal != JournalDigest(tape, end))
+    if (end.journal && end.journal != journal.digest)
         return Proof{Verdict::AnswerDiffers, "the lines aren't those that were written", line, {}};
     return std::nullopt;
 }
@@ -50,7 +52,7 @@ Proof Judge(Session& session, const journal::Journal& journal, journal::TapeDeck
     try {
         LiveAgain(session, tape, deck);
     } catch (const MissingSelection& selection) {
-        return RulesDiffer({selection.missing().file}, selection.what());
+        return RulesDiffer({std::filesystem::path(selection.missing().file).filename().string()}, selection.what());
     } catch (const journal::Divergence& divergence) {
         if (auto found = FoundByTheDeck(deck))
             return *found;
@@ -58,13 +60,13 @@ Proof Judge(Session& session, const journal::Journal& journal, journal::TapeDeck
     } catch (const journal::JournalError& error) {
         if (auto found = FoundByTheDeck(deck))
             return *found;
-        if (tape.end || HasOddLine(tape))
+        if (tape.end || (HasOddLine(tape) && journal.IsDamaged()))
             throw;
         return {Verdict::Unfinished, {}, error.line(), {}};
     }
     if (auto found = FoundByTheDeck(deck))
         return *found;
-    if (auto found = JudgeEnd(session, tape))
+    if (auto found = JudgeEnd(session, journal))
         return *found;
     if (journal.goesOn)
         return {Verdict::AnswerDiffers, "lines follow the last one", journal::JournalLine(tape.lines.size() + 1), {}};
@@ -99,7 +101,7 @@ Proof Verify(Session& session, const journal::Journal& journal, const std::optio
         return proof;
     proof.verdict = Verdict::Consistent;
     proof.why = start.version == 1 ? "a journal of version 1 names neither seed nor digests, so nothing can be proved"
-                                     : "the dice are the clock's, which nobody can prove";
+                                   : "the dice are the clock's, which nobody can prove";
     return proof;
 }
 

@@ -4,6 +4,7 @@
 #include <QEventLoop>
 #include <QMessageBox>
 #include <QWindow>
+#include <algorithm>
 #include <exception>
 #include <type_traits>
 #include <utility>
@@ -52,7 +53,7 @@ void DialogPlayer::Announce() {
         muster_->ShowState(session_.selection.career, session_.character.MusterRolls,
                            session_.character.MusterBonusCount, session_.musterResults.cash.lines(),
                            session_.musterResults.benefits.lines());
-        muster_->SetHistory(HistoryTexts(historyBefore_));
+        muster_->SetHistory(HistoryTexts(session_.musterResults.historyBefore));
     }
 }
 
@@ -85,8 +86,10 @@ void DialogPlayer::RunNeeded(NeededDialog& dialog) {
             return;
         // What else hides a dialog, a window manager that kills it say, is no answer. One that is still there was left
         // because the program ends.
-        if (result == NeededDialog::kScrapped || dialog.isVisible())
+        if (result == NeededDialog::kScrapped)
             throw CharacterScrapped();
+        if (dialog.isVisible())
+            throw PlayerLeft();
     }
 }
 
@@ -129,7 +132,8 @@ std::vector<std::string> DialogPlayer::SkillTexts() const {
 }
 
 std::span<const std::string> DialogPlayer::HistoryTexts(std::size_t from) const {
-    return session_.character.History.lines().subspan(from);
+    const auto lines = session_.character.History.lines();
+    return lines.subspan(std::min(from, lines.size()));
 }
 
 int DialogPlayer::Choose(const ChoiceQuestion& question) {
@@ -242,13 +246,11 @@ std::optional<MusterPress> DialogPlayer::RunMuster(KVNMuster& dialog) {
 
 MusterPress DialogPlayer::Muster(const MusterQuestion& question) {
     auto& dialog = Prepare(muster_);
-    if (!dialog.isVisible() && question.cash.empty() && question.benefits.empty())
-        historyBefore_ = session_.character.History.size();
     dialog.SetQuestion(question);
-    dialog.SetHistory(HistoryTexts(historyBefore_));
+    dialog.SetHistory(HistoryTexts(session_.musterResults.historyBefore));
     const auto press = RunMuster(dialog);
     if (!press)  // the program ends
-        throw CharacterScrapped();
+        throw PlayerLeft();
     const bool done = press->button == MusterButton::Done;
     mayAbandon_ = done && question.rolls > 0 && !session_.Automatic();
     if (done && !mayAbandon_)

@@ -76,8 +76,7 @@ class DialogPlayer : public Player {
     std::unique_ptr<KVNTables> tables_;
     std::unique_ptr<KVNEndTerm> endTerm_;
     std::unique_ptr<KVNTransfer> transfer_;
-    std::size_t historyBefore_ = 0;  // the lines when mustering out began
-    bool mayAbandon_ = false;        // "Done" was pressed, and the question of the unused rolls comes
+    bool mayAbandon_ = false;  // "Done" was pressed, and the question of the unused rolls comes
 };
 
 }  // namespace korvane::ui

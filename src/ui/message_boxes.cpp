@@ -62,9 +62,11 @@ QString AskForFile(InputGuard& guard, QWidget& parent, const QString& title, con
     return guard.Run(dialog) == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
-QString AskForNewFile(InputGuard& guard, QWidget& parent, const QString& title, const QString& proposed) {
+QString AskForNewFile(InputGuard& guard, QWidget& parent, const QString& title, const QString& proposed,
+                      bool replaces) {
     QFileDialog dialog(&parent, title, QDir::homePath());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !replaces);
     dialog.setDefaultSuffix(QFileInfo(proposed).suffix());
     dialog.selectFile(proposed);
     return guard.Run(dialog) == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();

@@ -17,10 +17,11 @@ int ShowMessage(InputGuard& guard, QWidget* parent, const QString& title, const 
 // A question with Yes and No; Escape answers No. The result is QMessageBox::Yes, or that of a way taken.
 int AskYesNo(InputGuard& guard, QWidget* parent, const QString& title, const YesNoQuestion& question,
              const LifeSteps* steps = nullptr);
-// The file that the player chooses to read, and the one to write; empty when cancelled. Files that are there are kept:
-// the dialog asks before one is replaced.
+// The file that the player chooses to read, and the one to write; empty when cancelled. Where a file that is there
+// would be replaced, the dialog asks.
 QString AskForFile(InputGuard& guard, QWidget& parent, const QString& title, const QString& filter);
-QString AskForNewFile(InputGuard& guard, QWidget& parent, const QString& title, const QString& proposed);
+QString AskForNewFile(InputGuard& guard, QWidget& parent, const QString& title, const QString& proposed,
+                      bool replaces = true);
 // An error. `advice` says what happens next; `record`, if any, can be looked at and copied.
 void ShowError(InputGuard& guard, QWidget* parent, const QString& title, const QString& text, const QString& advice,
                const QString& record = {});

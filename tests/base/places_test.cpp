@@ -134,8 +134,8 @@ TEST(Places, LinesAreInTheFileAtOnceAndNoFileIsOverwritten) {
     EXPECT_EQ(folder.Read("deep/life.jsonl"), "one\n");
     EXPECT_THROW(LineFile(journal.path(), Sync::Now), IoError);
     EXPECT_EQ(folder.Read("deep/life.jsonl"), "one\n");
-    LineFile(journal.path(), Sync::Now, 3).Write("two");
-    EXPECT_EQ(folder.Read("deep/life.jsonl"), "onetwo\n");
+    LineFile(journal.path(), Sync::Now, true).Write("two");
+    EXPECT_EQ(folder.Read("deep/life.jsonl"), "one\ntwo\n");
 }
 
 TEST(Errors, ShowWhatWasFoundInBoundsAndAsItIs) {

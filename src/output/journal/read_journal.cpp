@@ -6,6 +6,7 @@
 #include <span>
 #include <utility>
 
+#include "base/digest.h"
 #include "base/encoding.h"
 #include "base/text.h"
 #include "character/player_texts.h"
@@ -303,40 +304,69 @@ End ReadEnd(const Json& object, int version) {
 // The lines of a text as they come.
 class TextLines {
   public:
-    explicit TextLines(std::string_view text) : text_(text) {}
+    // A byte-order mark is no part of the first line.
+    explicit TextLines(std::string_view text) : text_(text), next_(text.starts_with("\xEF\xBB\xBF") ? 3 : 0) {}
     bool AtEnd() const { return next_ >= text_.size(); }
     std::string_view Next() {
         const auto line = SplitFirst(text_.substr(next_), "\n").first;
+        begin_ = next_;
         next_ = std::min(next_ + line.size() + 1, text_.size());
         return line;
     }
+    std::size_t begin() const { return begin_; }  // of the line
     std::size_t next() const { return next_; }
+    bool isCut() const { return !text_.ends_with('\n'); }
 
   private:
     std::string_view text_;
-    std::size_t next_ = 0;
+    std::size_t next_;
+    std::size_t begin_ = 0;
 };
 
-void ReadLines(Journal& journal, TextLines& lines) {
+constexpr std::size_t kMostLines = 200'000;  // of a life
+
+// The digest of a journal up to a last line, without the digest that stands in it.
+std::string DigestWithout(std::string_view before, std::string_view last, const std::string& digest) {
+    auto line = std::string(last);
+    const auto member = Concat(",\"sha256\":\"", digest, "\"");
+    if (const auto place = line.find(member); place != std::string::npos)
+        line.erase(place, member.size());
+    return Sha256Text(Concat(before, line, "\n"));
+}
+
+// Takes a line: it is the tape's next, or its end.
+void TakeLine(Tape& tape, std::string_view text) {
+    Json object;
+    try {
+        object = Parsed(text);
+        if (object.contains("end"))
+            tape.end = ReadEnd(object, tape.start.version);
+        else if (tape.lines.size() == kMostLines)
+            throw Fault{Concat("at most ", kMostLines, " lines"), "another"};
+        else
+            tape.lines.push_back(ReadKnownLine(object));
+    } catch (const Fault& fault) {
+        tape.lines.push_back(
+            OddLine{object.is_object() ? std::string(text) : std::string(), fault.expected, fault.found});
+    }
+}
+
+bool EndsOddly(const Tape& tape) {
+    return !tape.lines.empty() && std::holds_alternative<OddLine>(tape.lines.back());
+}
+
+void ReadLines(Journal& journal, TextLines& lines, std::string_view text) {
     auto& tape = journal.tape;
-    while (!lines.AtEnd() && !tape.end) {
-        const auto text = lines.Next();
-        Json object;
-        try {
-            object = Parsed(text);
-            if (object.contains("end"))
-                tape.end = ReadEnd(object, tape.start.version);
-            else
-                tape.lines.push_back(ReadKnownLine(object));
-        } catch (const Fault& fault) {
-            tape.lines.push_back(
-                OddLine{object.is_object() ? Shown(object) : std::string(), fault.expected, fault.found});
-        }
-        if (!tape.lines.empty() && std::holds_alternative<OddLine>(tape.lines.back()))
-            return;
+    while (!lines.AtEnd() && !tape.end && !EndsOddly(tape)) {
+        const auto line = lines.Next();
+        TakeLine(tape, line);
+        if (EndsOddly(tape))
+            break;
         journal.bytes = lines.next();
         if (!tape.end)
             journal.ends.push_back(journal.bytes);
+        else if (tape.end->journal)
+            journal.digest = DigestWithout(text.substr(0, lines.begin()), line, *tape.end->journal);
     }
     journal.goesOn = !lines.AtEnd();
 }
@@ -362,10 +392,15 @@ Journal ReadJournal(std::string name, std::string_view text) {
         throw JournalError(journal.name, 1, fault.expected, fault.found);
     }
     journal.ends.push_back(journal.bytes = lines.next());
-    ReadLines(journal, lines);
+    journal.isCut = lines.isCut();
+    ReadLines(journal, lines, text);
     if (journal.tape.end)
         journal.tape.backs = journal.tape.end->backs.value_or(0);
     return journal;
+}
+
+bool Journal::IsDamaged() const {
+    return EndsOddly(tape) && (!isCut || goesOn);
 }
 
 void RefuseLine(const std::string& name, std::size_t place, const Line& held, const std::string& asked) {

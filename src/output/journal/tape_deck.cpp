@@ -37,7 +37,13 @@ void TapeDeck::FastForward() {
             loaded_.emplace_back(file->request.name, file->answer);
 }
 
-void TapeDeck::Reject(std::string_view expected, std::string_view found) const {
+void TapeDeck::Reject(std::string_view expected, std::string_view found) {
+    if (player_ != nullptr) {
+        --position_;
+        answered_.pop_back();
+        throw Divergence(JournalLine(position_), Concat(Printable(name_, 300), ":", JournalLine(position_),
+                                                        ": expected ", expected, ", found ", found));
+    }
     throw JournalError(name_, JournalLine(position_ - 1), expected, found);
 }
 

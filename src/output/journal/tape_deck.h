@@ -23,6 +23,8 @@ class TapeDeck : public Dice, public Player, public Observer {
     TapeDeck(const Session& session, Tape& tape, Dice* dice, Player* player, std::string name = {})
         : session_(session), tape_(tape), dice_(dice), player_(player), name_(std::move(name)) {}
 
+    // The journal's name, for messages.
+    void CallIt(std::string name) { name_ = std::move(name); }
     // Stands at the tape's beginning again.
     void Rewind();
     // Stands at its end, as if it had been played.
@@ -88,7 +90,8 @@ class TapeDeck : public Dice, public Player, public Observer {
     // At the end of the tape: whether anybody goes on. Throws when nobody does.
     void GoOn(bool live, const Line& asked);
     void CompareDie(int result, int seeded);
-    [[noreturn]] void Reject(std::string_view expected, std::string_view found) const;
+    // Refuses the answer of the line just played: when the life goes on, the rules have changed.
+    [[noreturn]] void Reject(std::string_view expected, std::string_view found);
 
     const Session& session_;
     Tape& tape_;
