@@ -189,6 +189,25 @@ void AddCheck(CLI::App& app, CheckCommand& command, RawOptions& raw) {
         ->capture_default_str();
 }
 
+void AddBalance(CLI::App& app, BalanceCommand& command, RawOptions& raw) {
+    app.add_option("--data", command.data, "Folder of the rule data");
+    app.add_option("--race", command.race, "This race alone");
+    app.add_option("--career", command.career, "This career alone");
+    AddNumber(app, "--count", command.count, 1, kMostLives, "Lives of each career (default: 10000)");
+    AddNumber(app, "--terms", command.terms, 1, 100, "Terms of service of each life (default: 4)");
+    AddSeed(app, command.seed, "Seed of the lives (default: 1)");
+    app.add_option("--format", raw.format, "How the figures are printed; md: as a page, into a folder")
+        ->check(CLI::IsMember({"text", "json", "md"}))
+        ->capture_default_str();
+    app.add_option("--out", command.outFolder, "Folder for the page of \"--format md\" and its pictures");
+}
+
+void AddNewCareer(CLI::App& app, NewCareerCommand& command) {
+    app.add_option("RACE", command.race, "The race, as its file is named")->required();
+    app.add_option("CAREER", command.career, "The name of the career")->required();
+    app.add_option("--data", command.data, "Folder of the rule data");
+}
+
 void AddCodes(CLI::App& app, CodesCommand& command) {
     app.add_option("--data", command.data,
                    "Folder of the rule data (default: the configured one, else the shipped rules)");
@@ -252,12 +271,16 @@ int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
     ReplayCommand replay;
     VerifyCommand verify;
     CheckCommand check;
+    BalanceCommand balance;
+    NewCareerCommand new_career;
     CodesCommand codes;
     auto* const generate_app = app.add_subcommand("generate", "Generate characters without a person");
     auto* const play_app = app.add_subcommand("play", "Play a character's life at the terminal");
     auto* const replay_app = app.add_subcommand("replay", "Play a journal again, die by die");
     auto* const verify_app = app.add_subcommand("verify", "Say whether journals were honestly lived");
     auto* const check_app = app.add_subcommand("check", "Find the mistakes in a folder of rule data");
+    auto* const balance_app = app.add_subcommand("balance", "Measure what rule data make of lives");
+    auto* const new_career_app = app.add_subcommand("new-career", "Write the files of a new career, to be filled in");
     auto* const codes_app = app.add_subcommand("codes", "List the codes of mishaps and events");
     AddCodes(*codes_app, codes);
     AddGenerate(*generate_app, generate, raw);
@@ -265,6 +288,8 @@ int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
     AddReplay(*replay_app, replay, raw);
     AddVerify(*verify_app, verify, raw);
     AddCheck(*check_app, check, raw);
+    AddBalance(*balance_app, balance, raw);
+    AddNewCareer(*new_career_app, new_career);
     auto words = Words(arguments);
     std::ranges::reverse(words);  // as the library wants them
     try {
@@ -288,6 +313,14 @@ int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
         verify.format = FormatNamed(raw.format);
         return Verify(verify, streams);
     }
+    if (balance_app->parsed()) {
+        if ((raw.format == "md") == balance.outFolder.empty())
+            throw UsageError(R"("--format md" and "--out FOLDER" go together)");
+        balance.format = FormatNamed(raw.format);
+        return MeasureBalance(balance, streams);
+    }
+    if (new_career_app->parsed())
+        return NewCareer(new_career, streams);
     if (check_app->parsed()) {
         check.format = FormatNamed(raw.format);
         return Check(check, streams);

@@ -87,6 +87,27 @@ struct CheckCommand {
 };
 int Check(const CheckCommand& command, Streams& streams);
 
+// Measures what the rule data make of lives, for each assignment.
+struct BalanceCommand {
+    std::string data;
+    std::string race;    // empty: all
+    std::string career;  // the same
+    std::uint64_t count = 10'000;  // lives a career
+    int terms = 4;
+    std::optional<Seed> seed;
+    Format format = Format::Text;
+    std::string outFolder;  // for a page, "balance.md", with its pictures; empty: none
+};
+int MeasureBalance(const BalanceCommand& command, Streams& streams);
+
+// Writes the files of a new career, to be filled in.
+struct NewCareerCommand {
+    std::string data;
+    std::string race;
+    std::string career;
+};
+int NewCareer(const NewCareerCommand& command, Streams& streams);
+
 // Lists the codes that rule data may carry, in their order; with a count, how often lives carried each out; or
 // describes them, as docs/codes.md does.
 struct CodesCommand {

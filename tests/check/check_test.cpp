@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "check/folder.h"
+#include "cli/run_cli.h"
 #include "support/temp_folder.h"
 
 namespace korvane::check {
@@ -163,6 +164,43 @@ TEST_F(Check, FilesThatNobodyWillSeeAreTold) {
             told.push_back(Concat(finding.file, " ", finding.kind->code));
     EXPECT_EQ(told, (std::vector<std::string>{"Empty.eri careers-missing", "Tolloum-Prisoner.ecf assignments-missing",
                                               "Toloum-Guard.ecf file-unseen", "tolloum-merchant.ecf case"}));
+}
+
+TEST_F(Check, ANewCareerIsWholeAndPlays) {
+    const auto data = folder.path().string();
+    EXPECT_EQ(cli::RunCli({"new-career", "Tolloum", "Eel Smith", "--data", data}).status, 0);
+    EXPECT_EQ(Told(Findings()), "");
+    EXPECT_NE(cli::RunCli({"new-career", "Tolloum", "Eel Smith", "--data", data}).err.find("is there already"),
+              std::string::npos);
+    EXPECT_EQ(cli::RunCli({"new-career", "Toloum", "Eel Smith", "--data", data}).status, 1);
+    const auto balance = cli::RunCli({"balance", "--data", data, "--career", "Eel Smith", "--count", "60"});
+    EXPECT_EQ(balance.status, 0) << balance.err;
+    EXPECT_NE(balance.out.find("  Eel Smith, First Assignment: accepted % "), std::string::npos) << balance.out;
+}
+
+TEST_F(Check, TellsOnTheCommandLineAsFailsAsAsked) {
+    const auto check = [&](const std::vector<std::string>& more) {
+        std::vector<std::string> words = {"check", folder.path().string()};
+        words.insert(words.end(), more.begin(), more.end());
+        return cli::RunCli(words);
+    };
+    EXPECT_EQ(check({}).out, "");
+    folder.Write(kAssignment, [&] {
+        auto text = folder.Read(kAssignment);
+        return text.replace(text.find("Survive:Int+5"), 13, "Survive:Int 5+");
+    }());
+    const auto told = kAssignment + ":3:14: warning: counts Soc; write Int+5 for Int [check-counts-other]\n";
+    EXPECT_EQ(check({}).out, told);
+    EXPECT_EQ(check({}).status, 0);
+    EXPECT_EQ(check({"--strict"}).status, 1);
+    EXPECT_NE(check({"--format", "json"})
+                  .out.find(R"("line":3,"column":14,"severity":"warning","code":"check-counts-other")"),
+              std::string::npos);
+    EXPECT_NE(check({"--format", "sarif"}).out.find(R"("uri":"Tolloum-Merchant-House%20Factor.eas")"),
+              std::string::npos);
+    EXPECT_NE(cli::RunCli({"check", "--explain", "heading"}).out.find("line numbers"), std::string::npos);
+    EXPECT_NE(cli::RunCli({"check", "--explain", "headin"}).err.find("did you mean \"heading\"?"), std::string::npos);
+    EXPECT_EQ(cli::RunCli({"check", "/no/such"}).status, 1);
 }
 
 TEST(Shipped, RulesAreWithoutAMistake) {
