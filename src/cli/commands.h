@@ -90,8 +90,8 @@ int Check(const CheckCommand& command, Streams& streams);
 // Measures what the rule data make of lives, for each assignment.
 struct BalanceCommand {
     std::string data;
-    std::string race;    // empty: all
-    std::string career;  // the same
+    std::string race;              // empty: all
+    std::string career;            // the same
     std::uint64_t count = 10'000;  // lives a career
     int terms = 4;
     std::optional<Seed> seed;

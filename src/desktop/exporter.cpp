@@ -37,17 +37,23 @@ void Exporter::Guard(QWidget& dialog, const Action& action) {
     working_ = false;
 }
 
-bool Exporter::Show(const journal::Tape& tape) {
+bool Exporter::Show(const journal::Tape& tape, bool mayGoBack) {
     QStringList templates;
     for (const auto& name : TemplateNames(session_.data.location()))
         templates << ToQt(name);
     ui::KVNExport dialog(ToQt(session_.programTitle), templates, ToQt(OpenPointsLine(session_.character)), &window_);
+    dialog.MayGoBack(mayGoBack);
+    dialog.mayClose = [&] {
+        return ui::AskYesNo(guard_, &dialog, ToQt(session_.programTitle),
+                            {"The character has not been exported. Close all the same?", {}, Icon::Question, false}) ==
+               QMessageBox::Yes;
+    };
     dialog.rollName = [&] { Guard(dialog, [&] { RollName(dialog); }); };
     dialog.exportPage = [&] { Guard(dialog, [&] { Export(dialog, tape); }); };
     dialog.endProgram = [&] {
         if (working_)
             return;
-        dialog.reject();
+        dialog.done(QDialog::Rejected);
         guard_.EndProgram(0);
     };
     return guard_.Run(dialog) == ui::kWentBack;
@@ -71,6 +77,7 @@ void Exporter::Export(ui::KVNExport& dialog, const journal::Tape& tape) {
         return;
     }
     const auto page = QString::fromStdString(outcome.path);
+    dialog.NoteExported();
     TellExported(dialog, ToQt(outcome.message), page);
     if (dialog.wantsJournal()) {
         const auto written = std::filesystem::path(outcome.path).replace_extension(".jsonl");

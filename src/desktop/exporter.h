@@ -18,7 +18,8 @@ class Exporter {
 
     // Shows the export dialog for the session's character, whose life stands on the tape, until the player closes it.
     // Returns whether the player goes back into the life.
-    bool Show(const journal::Tape& tape);
+    // `mayGoBack`: whether that is still possible.
+    bool Show(const journal::Tape& tape, bool mayGoBack = true);
 
   private:
     void RollName(ui::KVNExport& dialog);

@@ -3,6 +3,7 @@
 #include <exception>
 #include <utility>
 
+#include "base/text.h"
 #include "character/characteristics.h"
 #include "character/summary.h"
 #include "engine/selection.h"
@@ -101,12 +102,57 @@ LifeEnd GenerationController::Run(const std::function<play::LifeOutcome()>& live
         const auto outcome = live();
         if (outcome.cause)
             std::rethrow_exception(outcome.cause);
-        ended = {*outcome.end, session_.character, WholeDetailLines(session_), OpenPointsLine(session_.character)};
+        ended = {*outcome.end,
+                 session_.character,
+                 session_.selection,
+                 session_.race,
+                 session_.career,
+                 session_.assignment,
+                 LabelsOf(session_),
+                 EndedDetailLines(session_),
+                 OpenPointsLine(session_.character)};
     });
     ended_ = std::move(ended);
     Enter(State::Ended);
     changes_.history = changes_.skills = changes_.summary = true;
     return ended_->end;
+}
+
+GenerationController::Labels GenerationController::LabelsOf(const Session& session) {
+    const auto& character = session.character;
+    return {AgeLabel(character),        RankLabel(character, session.assignment),
+            AlliesLabel(character),     EnemiesLabel(character),
+            ContactsLabel(character),   RivalsLabel(character),
+            MedicalDebtLabel(character)};
+}
+
+std::string GenerationController::heading() const {
+    const auto& selection = ended_ ? ended_->selection : session_.selection;
+    const auto& character = shown();
+    const auto who =
+        Concat(selection.race, ", ", selection.career, " (", selection.assignment, "), age ", character.Age);
+    if (!ended_)
+        return character.TermsTotal > 0 ? who : std::string();
+    return Concat(ended_->end == LifeEnd::MusteredOut ? "Finished: " : "Scrapped: ", who);
+}
+
+void GenerationController::SwapEnded() {
+    std::swap(session_.character, ended_->record);
+    std::swap(session_.selection, ended_->selection);
+    std::swap(session_.race, ended_->race);
+    std::swap(session_.career, ended_->career);
+    std::swap(session_.assignment, ended_->assignment);
+}
+
+void GenerationController::WithEnded(const std::function<void()>& action) {
+    SwapEnded();
+    try {
+        action();
+    } catch (...) {
+        SwapEnded();
+        throw;
+    }
+    SwapEnded();
 }
 
 void GenerationController::ControlsLocked(bool locked) noexcept {

@@ -22,10 +22,25 @@ class GenerationController : public Display {
         Ended,    // a life has ended: its character is kept, while the session's is the next one already
         Failed,   // an error stopped a life: what there is of the character stays in the session, to be read
     };
-    // A character whose life has ended.
+    // What is told of a character beside its lists.
+    struct Labels {
+        std::string age;
+        std::string rank;
+        std::string allies;
+        std::string enemies;
+        std::string contacts;
+        std::string rivals;
+        std::string medicalDebt;
+    };
+    // A character whose life has ended, with the rules' records that it ended with.
     struct EndedLife {
         LifeEnd end = LifeEnd::MusteredOut;
         CharacterRecord record;
+        Selection selection;
+        RaceRecord race;
+        CareerRecord career;
+        AssignmentRecord assignment;
+        Labels labels;
         std::vector<std::string> details;
         std::string open;  // what is still to be decided, in one line; empty for nothing
     };
@@ -51,6 +66,11 @@ class GenerationController : public Display {
     const std::optional<EndedLife>& ended() const { return ended_; }
     // The character whose skills and history are to be seen.
     const CharacterRecord& shown() const { return ended_ ? ended_->record : session_.character; }
+    Labels labels() const { return ended_ ? ended_->labels : LabelsOf(session_); }
+    // Who is shown, in a line: "Finished: Imperial Human, Scout (Courier), age 34".
+    std::string heading() const;
+    // Puts the ended character into the session for as long as something is done with it. There must be one.
+    void WithEnded(const std::function<void()>& action);
     bool mayRoll() const { return !session_.selection.race.empty(); }
     bool mayStart() const;
     // What has changed since this was asked last.
@@ -80,6 +100,9 @@ class GenerationController : public Display {
     void ControlsLocked(bool locked) noexcept override;
 
   private:
+    static Labels LabelsOf(const Session& session);
+    // Exchanges the session's character and records for those that ended.
+    void SwapEnded();
     LifeEnd Run(const std::function<play::LifeOutcome()>& live);
     void Enter(State state);
     // A new character has been started: what an error left is in the session no more.

@@ -98,6 +98,7 @@ void KVNGen::SetUpMenu() {
     add(tr("&Keep a journal..."), Qt::CTRL | Qt::Key_K, &KVNGen::KeepJournal);
     add(tr("&Go on from a journal..."), Qt::CTRL | Qt::Key_O, &KVNGen::OpenJournal);
     add(tr("&Journal of this character..."), Qt::CTRL | Qt::Key_S, &KVNGen::SaveJournal);
+    add(tr("&Export..."), Qt::CTRL | Qt::Key_E, &KVNGen::ExportEnded);
     auto* const about = menuBar()->addAction("&About");
     connect(about, &QAction::triggered, this, [this] { Do([this] { ShowAbout(); }); });
 }
@@ -163,6 +164,8 @@ void KVNGen::LayOut() {
     auto* const left = new QWidget;
     auto* const set_up = new QVBoxLayout(left);
     set_up->setContentsMargins({});
+    next_.setObjectName("next");
+    set_up->addWidget(&next_);
     set_up->addWidget(&selectCareer_);
     set_up->addWidget(&statistics_);
     set_up->addWidget(&startCareer_);
@@ -182,13 +185,12 @@ void KVNGen::LayOut() {
     history_.setMinimumWidth(history_.fontMetrics().averageCharWidth() * 40);
     splitter_.setObjectName("splitter");
     splitter_.setChildrenCollapsible(false);
-    splitter_.addWidget(left);
     splitter_.addWidget(Labelled("Skills", skills_));
     splitter_.addWidget(Labelled("History", history_));
     splitter_.addWidget(right);
     // In characters. The history takes most of what a wide screen has to give.
-    constexpr std::array kWidths = {30, 32, 80, 36};
-    constexpr std::array kStretch = {0, 1, 4, 1};
+    constexpr std::array kWidths = {32, 80, 36};
+    constexpr std::array kStretch = {1, 4, 1};
     QList<int> sizes;
     for (int i = 0; i < splitter_.count(); ++i) {
         const auto place = static_cast<std::size_t>(i);
@@ -197,8 +199,20 @@ void KVNGen::LayOut() {
     }
     splitter_.setSizes(sizes);
     auto* const central = new QWidget;
-    auto* const frame = new QVBoxLayout(central);
-    frame->addWidget(&splitter_);
+    auto* const frame = new QHBoxLayout(central);
+    left->setMaximumWidth(fontMetrics().averageCharWidth() * 40);
+    frame->addWidget(left);
+    auto* const shown = new QVBoxLayout;
+    heading_.setObjectName("heading");
+    heading_.setTextFormat(Qt::PlainText);
+    for (auto* const label : {&next_, &heading_}) {
+        auto font = label->font();
+        font.setBold(true);
+        label->setFont(font);
+    }
+    shown->addWidget(&heading_);
+    shown->addWidget(&splitter_, 1);
+    frame->addLayout(shown, 1);
     setCentralWidget(central);
     statusBar()->setSizeGripEnabled(false);
     status_.setObjectName("status");
@@ -350,6 +364,17 @@ void KVNGen::SaveJournal() {
     }
 }
 
+void KVNGen::ExportEnded() {
+    const auto& ended = controller_.ended();
+    if (!ended || ended->end != LifeEnd::MusteredOut) {
+        ui::ShowMessage(guard_, this, windowTitle(), tr("There is no finished character to export."),
+                        Icon::Information);
+        return;
+    }
+    if (exportAgain)
+        controller_.WithEnded(exportAgain);
+}
+
 std::optional<std::size_t> KVNGen::MomentOf(int row) const {
     const auto& life = controller_.life();
     std::optional<std::size_t> moment;
@@ -491,15 +516,17 @@ void KVNGen::ShowState() {
 }
 
 void KVNGen::ShowLabels() {
-    const auto& character = session_.character;
-    characteristics_.SetLines(CharacteristicLines(character));
-    age_.setText(ToQt(AgeLabel(character)));
-    rank_.setText(ToQt(RankLabel(character, session_.assignment)));
-    allies_.setText(ToQt(AlliesLabel(character)));
-    enemies_.setText(ToQt(EnemiesLabel(character)));
-    contacts_.setText(ToQt(ContactsLabel(character)));
-    rivals_.setText(ToQt(RivalsLabel(character)));
-    medicalDebt_.setText(ToQt(MedicalDebtLabel(character)));
+    characteristics_.SetLines(CharacteristicLines(session_.character));
+    const auto labels = controller_.labels();
+    age_.setText(ToQt(labels.age));
+    rank_.setText(ToQt(labels.rank));
+    allies_.setText(ToQt(labels.allies));
+    enemies_.setText(ToQt(labels.enemies));
+    contacts_.setText(ToQt(labels.contacts));
+    rivals_.setText(ToQt(labels.rivals));
+    medicalDebt_.setText(ToQt(labels.medicalDebt));
+    next_.setText(controller_.ended() ? tr("The next character") : tr("Set-up"));
+    heading_.setText(ToQt(controller_.heading()));
 }
 
 void KVNGen::ShowDetails() {

@@ -41,6 +41,8 @@ class KVNGen : public QMainWindow {
     // Called with the finished character, still in the session, when a life has run to its end. Returns whether the
     // player goes back into the life.
     std::function<bool()> characterFinished;
+    // Called to export a character that was finished before, in the session for that long.
+    std::function<void()> exportAgain;
 
     // Fills the window when it is shown first: the title, the races. Throws FileError for a malformed rule file.
     void Load();
@@ -74,6 +76,7 @@ class KVNGen : public QMainWindow {
     void TellStopped(const QString& error);
     void OpenJournal();
     void SaveJournal();
+    void ExportEnded();
     // Lets the player choose a question by the line of the history that followed it.
     std::optional<std::size_t> ChooseMoment();
     // The question that a row of the history came from.
@@ -101,6 +104,8 @@ class KVNGen : public QMainWindow {
     std::unique_ptr<JournalKeeper> keeper_;
     // The boxes come before what stands in them.
     QSplitter splitter_;
+    QLabel next_;     // whose the left column is
+    QLabel heading_;  // whose all the rest is
     QGroupBox selectCareer_;
     QGroupBox statistics_;
     QGroupBox optionsGroup_;

@@ -58,6 +58,7 @@ int Run(const Wishes& wishes) {
         window.life().UseSeed(*wishes.seed);
     korvane::Exporter exporter(session, window, window.player(), guard);
     window.characterFinished = [&] { return exporter.Show(window.life().tape()); };
+    window.exportAgain = [&] { exporter.Show(*window.life().ended(), false); };
     korvane::DesktopWindows windows(session, window, guard);
     try {
         if (!korvane::StartUp(session, windows, wishes.others, QDate::currentDate().month()))

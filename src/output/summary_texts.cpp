@@ -176,16 +176,10 @@ std::string OpenPointsLine(const CharacterRecord& character) {
     return line;
 }
 
-std::vector<std::string> WholeDetailLines(const Session& session) {
-    const auto& character = session.character;
-    const auto& selection = session.selection;
-    std::vector<std::string> lines = {Concat(selection.race, ", ", selection.career, ", ", selection.assignment),
-                                      AgeLabel(character), RankLabel(character, session.assignment)};
-    std::ranges::move(CharacteristicLines(character), std::back_inserter(lines));
-    for (auto* const label : {AlliesLabel, EnemiesLabel, ContactsLabel, RivalsLabel, MedicalDebtLabel})
-        lines.push_back(label(character));
-    std::ranges::move(DetailLines(character), std::back_inserter(lines));
-    for (const auto& point : OpenPoints(character))
+std::vector<std::string> EndedDetailLines(const Session& session) {
+    auto lines = CharacteristicLines(session.character);
+    std::ranges::move(DetailLines(session.character), std::back_inserter(lines));
+    for (const auto& point : OpenPoints(session.character))
         lines.push_back("Still to decide: " + point);
     return lines;
 }

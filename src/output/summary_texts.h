@@ -31,8 +31,9 @@ std::vector<std::string> DetailLines(const CharacterRecord& character);
 std::vector<std::string> OpenPoints(const CharacterRecord& character);
 // The same in one line, with commas; empty for nothing.
 std::string OpenPointsLine(const CharacterRecord& character);
-// The same after all that the panel and its labels show, for a character that no longer stands there.
-std::vector<std::string> WholeDetailLines(const Session& session);
+// The lines of the panel for a character whose life has ended: its characteristics, whose list is the next one's by
+// then, the lines of above, and what is still to be decided.
+std::vector<std::string> EndedDetailLines(const Session& session);
 
 // The title of a rank; throws RuleError (subscript) for one outside 0 to 12.
 std::string_view RankTitle(const AssignmentRecord& assignment, int rank);

@@ -60,7 +60,7 @@ KVNExport::KVNExport(const QString& programTitle, const QStringList& templates, 
     Connect(rollName_, rollName);
     Connect(export_, exportPage);
     Connect(end_, endProgram);
-    connect(&close_, &QPushButton::clicked, this, &QDialog::accept);
+    connect(&close_, &QPushButton::clicked, this, &KVNExport::reject);
     connect(&templates_, &QListWidget::itemDoubleClicked, &export_, &QPushButton::click);
     LayOut();
 }
@@ -87,6 +87,11 @@ void KVNExport::LayOut() {
     grid->addLayout(buttons, 4, 0, 1, 3);
     name_.setFocus();
     resize(fontMetrics().averageCharWidth() * 64, fontMetrics().lineSpacing() * 16);
+}
+
+void KVNExport::reject() {
+    if (exported_ || !mayClose || mayClose())
+        QDialog::reject();
 }
 
 QString KVNExport::templateName() const {

@@ -22,6 +22,13 @@ class KVNExport : public QDialog {
     std::function<void()> exportPage;
     std::function<void()> endProgram;
 
+    // Asked before the dialog is closed without an export.
+    std::function<bool()> mayClose;
+    void NoteExported() { exported_ = true; }
+    void MayGoBack(bool may) { back_.setEnabled(may); }
+
+    void reject() override;
+
     void SetName(const QString& name) { name_.setText(name); }
     QString name() const { return name_.text(); }
     // The selected template's file name; empty when there is none.
@@ -44,6 +51,7 @@ class KVNExport : public QDialog {
     QPushButton close_;
     QPushButton end_;
     QPushButton back_;
+    bool exported_ = false;
 };
 
 }  // namespace korvane::ui

@@ -161,6 +161,7 @@ def go_back_in_a_life(session: Session) -> None:
     live_until(session, "Export", 0)
     session.screenshot("export-at-the-end")
     session.keys("Escape")
+    session.click(meet(session, "not-exported", "Yes").button("Yes"))
     session.front(lambda window: not is_dialog(window))
 
 

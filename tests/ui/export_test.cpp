@@ -87,6 +87,9 @@ TEST_F(ExportTest, OffersTenNamesAsOftenAsWanted) {
         EXPECT_FALSE(offered.isEmpty());
         PressKey(dialog, Qt::Key_Escape);
     });
+    robot.ThenMessage("The character has not been exported. Close all the same?", QMessageBox::No);
+    Close();
+    robot.ThenMessage("The character has not been exported. Close all the same?", QMessageBox::Yes);
     exporter.Show(desk.window.life().tape());
 }
 
@@ -100,6 +103,7 @@ TEST_F(ExportTest, LeavingTheNamesLeavesTheDialogAsItWas) {
         EXPECT_EQ(Child<QLineEdit>(dialog, "name").text(), "Jo");
         PressKey(dialog, Qt::Key_Escape);
     });
+    robot.ThenMessage("The character has not been exported. Close all the same?", QMessageBox::Yes);
     exporter.Show(desk.window.life().tape());
 }
 
@@ -118,6 +122,7 @@ TEST_F(ExportTest, AFaultIsShownAndLosesNothing) {
         PressKey(dialog, Qt::Key_Return);
     });
     Close();
+    robot.ThenMessage("The character has not been exported. Close all the same?", QMessageBox::Yes);
     exporter.Show(desk.window.life().tape());
 }
 

@@ -68,6 +68,7 @@ TEST_F(Guarded, NothingScrapsAFinishedCharacterAtItsExport) {
         EXPECT_FALSE(Child<QLineEdit>(dialog, "name").text().isEmpty());
         PressKey(dialog, Qt::Key_Escape);
     });
+    robot.ThenMessage("The character has not been exported. Close all the same?", QMessageBox::Yes);
     exporter.Show(desk.window.life().tape());
 }
 

@@ -1,6 +1,7 @@
 // The main window: what it shows, what its controls do, and how it meets errors.
 
 #include <QAccessible>
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
@@ -143,7 +144,15 @@ TEST_F(MainWindow, FinishedCharacterStaysInViewAndCanBeSorted) {
     EXPECT_EQ(desk.Shown("history"), Lines(lines.begin(), lines.end()));
     EXPECT_EQ(desk.Shown("skills"), SkillLines(finished, false));
     EXPECT_EQ(desk.Shown("characteristics"), CharacteristicLines(session.character)) << "already the next one's";
-    EXPECT_TRUE(desk.Shows("details", AgeLabel(finished)));
+    EXPECT_EQ(desk.Get<QLabel>("age").text().toStdString(), AgeLabel(finished))
+        << "all but the set-up is the last one's";
+    EXPECT_TRUE(desk.Get<QLabel>("heading").text().startsWith("Finished: Imperial Human, "));
+    int exported = 0;
+    window.exportAgain = [&] { exported += session.character.History.size() == finished.History.size() ? 1 : 0; };
+    const auto actions = window.findChildren<QAction*>();
+    (*std::ranges::find(actions, "&Export...", &QAction::text))->trigger();
+    EXPECT_EQ(exported, 1) << "still exportable";
+    EXPECT_TRUE(IsBlank());
     const auto open = "Still to decide: " + QString::fromStdString(OpenPointsLine(finished));
     EXPECT_TRUE(test::Child<QLabel>(window, "status").text().contains(open)) << OpenPointsLine(finished);
     desk.Click("roll");
