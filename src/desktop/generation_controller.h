@@ -66,6 +66,7 @@ class GenerationController : public Display {
     const std::optional<EndedLife>& ended() const { return ended_; }
     // The character whose skills and history are to be seen.
     const CharacterRecord& shown() const { return ended_ ? ended_->record : session_.character; }
+    const RaceRecord& shownRace() const { return ended_ ? ended_->race : session_.race; }
     Labels labels() const { return ended_ ? ended_->labels : LabelsOf(session_); }
     // Who is shown, in a line: "Finished: Imperial Human, Scout (Courier), age 34".
     std::string heading() const;

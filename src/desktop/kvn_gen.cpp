@@ -200,7 +200,7 @@ void KVNGen::LayOut() {
     splitter_.setSizes(sizes);
     auto* const central = new QWidget;
     auto* const frame = new QHBoxLayout(central);
-    left->setMaximumWidth(fontMetrics().averageCharWidth() * 40);
+    left->setFixedWidth(std::max(left->sizeHint().width(), fontMetrics().averageCharWidth() * 40));
     frame->addWidget(left);
     auto* const shown = new QVBoxLayout;
     heading_.setObjectName("heading");
@@ -494,7 +494,7 @@ void KVNGen::Refresh() {
     if (changes.skills)
         skills_.SetLines(SkillLines(shown, session_.options[Option::SortSkillsByValue]));
     if (changes.history)
-        history_.SetLines(shown.History.lines());
+        history_.Tell(shown, controller_.shownRace());
     if (changes.summary || changes.selection)  // the rank's title is the assignment's
         ShowLabels();
     if (changes.summary || changes.history || changes.skills)

@@ -24,6 +24,7 @@
 #include "ui/dialog_player.h"
 #include "ui/elided_label.h"
 #include "ui/option_boxes.h"
+#include "ui/story_list.h"
 
 namespace korvane {
 
@@ -121,7 +122,7 @@ class KVNGen : public QMainWindow {
     QPushButton startCareer_;
     QPushButton scrapAndRestart_;
     ui::CopyList skills_;
-    ui::CopyList history_;
+    ui::StoryList history_;
     ui::OptionBoxes options_;
     QLabel age_;
     QLabel rank_;

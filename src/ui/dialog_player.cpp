@@ -9,6 +9,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "base/text.h"
 #include "character/player_texts.h"
 #include "output/summary_texts.h"
 #include "ui/message_boxes.h"
@@ -17,6 +18,10 @@
 namespace korvane::ui {
 
 namespace {
+
+QString RollsText(int rolls) {
+    return rolls == 1 ? QObject::tr("1 benefit roll") : QObject::tr("%1 benefit rolls").arg(rolls);
+}
 
 template <typename Texts>
 QStringList ToList(const Texts& texts) {
@@ -136,6 +141,14 @@ std::span<const std::string> DialogPlayer::HistoryTexts(std::size_t from) const 
     return lines.subspan(std::min(from, lines.size()));
 }
 
+std::vector<std::string> DialogPlayer::BenefitRows() const {
+    std::vector<std::string> rows;
+    const auto& career = session_.career;
+    for (std::size_t i = 1; i < career.otherBenefit.size(); ++i)
+        rows.push_back(Concat(i, ": Cr", career.cashLine.at(i), " - ", career.otherBenefit.at(i)));
+    return rows;
+}
+
 int DialogPlayer::Choose(const ChoiceQuestion& question) {
     auto& dialog = Prepare(choice_);
     dialog.SetQuestion(question);
@@ -195,6 +208,7 @@ EndOfTermAnswer DialogPlayer::EndOfTerm(const EndOfTermQuestion& question) {
 std::optional<TransferAnswer> DialogPlayer::Transfer(const TransferQuestion& question) {
     auto& dialog = Prepare(transfer_);
     dialog.SetQuestion(question);
+    dialog.SetCost(CostOfLeaving());
     // A fault met while the dialog lists assignments is kept until its event handler is left.
     std::exception_ptr fault;
     dialog.careerChosen = [&](const QString& career) {
@@ -215,6 +229,15 @@ std::optional<TransferAnswer> DialogPlayer::Transfer(const TransferQuestion& que
         throw;
     }
     return dialog.Result();
+}
+
+// What a transfer costs: the rank, and the rolls of the career that is left.
+QString DialogPlayer::CostOfLeaving() const {
+    const auto& character = session_.character;
+    const auto rank = ToQt(Trim(RankTitle(session_.assignment, character.Rank)));
+    return QObject::tr(
+               "Moving on costs your rank%1 and the benefit rolls of this career; \"%2\" musters you out with them.")
+        .arg(rank.isEmpty() ? QString() : QObject::tr(" (%1)").arg(rank), ToQt(kEndCareer));
 }
 
 std::optional<MusterPress> DialogPlayer::RunMuster(KVNMuster& dialog) {
@@ -247,6 +270,9 @@ std::optional<MusterPress> DialogPlayer::RunMuster(KVNMuster& dialog) {
 MusterPress DialogPlayer::Muster(const MusterQuestion& question) {
     auto& dialog = Prepare(muster_);
     dialog.SetQuestion(question);
+    dialog.SetTable(BenefitRows());
+    dialog.SetForfeit(question.rolls > 0 ? QObject::tr("Leaving now forfeits %1.").arg(RollsText(question.rolls))
+                                         : QString());
     dialog.SetHistory(HistoryTexts(session_.musterResults.historyBefore));
     const auto press = RunMuster(dialog);
     if (!press)  // the program ends

@@ -60,6 +60,9 @@ class DialogPlayer : public Player {
     int RunWithSteps(const std::function<int()>& run);
     // One press; nothing when the program ends.
     std::optional<MusterPress> RunMuster(KVNMuster& dialog);
+    // The rows of the career's benefits, by the roll.
+    std::vector<std::string> BenefitRows() const;
+    QString CostOfLeaving() const;
     QString Title() const;
     // The window that a message stands before.
     QWidget* Front() const;

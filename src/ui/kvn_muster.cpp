@@ -24,6 +24,7 @@ KVNMuster::KVNMuster(QWidget* parent)
       back_(*this),
       gambler_(ToQt(kGamblerQuestion)),
       results_("Results"),
+      table_("table", tr("The career's table, by the roll")),
       cash_("cashResults", tr("Results: cash")),
       benefits_("materialResults", tr("Results: material benefits")),
       history_("historyResults", tr("Results: history")) {
@@ -52,13 +53,24 @@ void KVNMuster::LayOut() {
     for (auto& button : buttons_)
         buttons->addWidget(&button);
     column->addLayout(buttons);
+    forfeit_.setObjectName("forfeit");
+    forfeit_.setForegroundRole(QPalette::Text);
+    column->addWidget(&forfeit_);
     column->addWidget(&results_);
-    auto* const lists = new QHBoxLayout;
-    lists->addWidget(&cash_, 2);
-    lists->addWidget(&benefits_, 3);
-    lists->addWidget(&history_, 4);
+    auto* const lists = new QGridLayout;
+    const auto add = [&](int place, const QString& heading, CopyList& list, int stretch) {
+        auto* const label = new QLabel(heading);
+        label->setBuddy(&list);
+        lists->addWidget(label, 0, place);
+        lists->addWidget(&list, 1, place);
+        lists->setColumnStretch(place, stretch);
+    };
+    add(0, tr("The career's table"), table_, 4);
+    add(1, tr("Cash"), cash_, 2);
+    add(2, tr("Benefits"), benefits_, 3);
+    add(3, tr("History"), history_, 4);
     column->addLayout(lists, 1);
-    resize(fontMetrics().averageCharWidth() * 96, fontMetrics().lineSpacing() * 22);
+    resize(fontMetrics().averageCharWidth() * 120, fontMetrics().lineSpacing() * 22);
 }
 
 void KVNMuster::SetQuestion(const MusterQuestion& question) {
@@ -80,6 +92,15 @@ void KVNMuster::ShowState(std::string_view career, int rolls, int bonuses, std::
     benefits_.SetLines(benefits);
     cash_.scrollToBottom();
     benefits_.scrollToBottom();
+}
+
+void KVNMuster::SetTable(const std::vector<std::string>& rows) {
+    table_.SetLines(rows);
+}
+
+void KVNMuster::SetForfeit(const QString& forfeit) {
+    forfeit_.setText(forfeit);
+    forfeit_.setVisible(!forfeit.isEmpty());
 }
 
 void KVNMuster::SetHistory(std::span<const std::string> lines) {

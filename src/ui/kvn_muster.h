@@ -10,6 +10,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "character/player.h"
 #include "ui/back_button.h"
@@ -32,6 +33,9 @@ class KVNMuster : public QDialog {
     // What is left to spend and what it has brought, without a change to the buttons.
     void ShowState(std::string_view career, int rolls, int bonuses, std::span<const std::string> cash,
                    std::span<const std::string> benefits);
+    // The rows of the career's table, by the roll; and what is lost by leaving now, empty for nothing.
+    void SetTable(const std::vector<std::string>& rows);
+    void SetForfeit(const QString& forfeit);
     // What the history has said since the dialog opened.
     void SetHistory(std::span<const std::string> lines);
 
@@ -52,6 +56,8 @@ class KVNMuster : public QDialog {
     QCheckBox gambler_;
     std::array<QPushButton, 4> buttons_;
     QLabel results_;
+    QLabel forfeit_;
+    CopyList table_;
     CopyList cash_;
     CopyList benefits_;
     CopyList history_;

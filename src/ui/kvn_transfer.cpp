@@ -54,15 +54,19 @@ void KVNTransfer::LayOut() {
     grid->addWidget(&career_, 1, 1);
     grid->addWidget(&assignmentLabel_, 2, 0);
     grid->addWidget(&assignment_, 2, 1);
+    cost_.setObjectName("cost");
+    cost_.setWordWrap(true);
+    cost_.setTextFormat(Qt::PlainText);
     grid->addWidget(&notice_, 3, 0, 1, 2);
+    grid->addWidget(&cost_, 4, 0, 1, 2);
     grid->setColumnStretch(1, 1);
-    grid->setRowStretch(3, 1);
+    grid->setRowStretch(4, 1);
     auto* const buttons = new QHBoxLayout;
     buttons->addWidget(&back_);
     buttons->addStretch();
     buttons->addWidget(&accept_);
     buttons->addWidget(&endCareer_);
-    grid->addLayout(buttons, 4, 0, 1, 2);
+    grid->addLayout(buttons, 5, 0, 1, 2);
     resize(fontMetrics().averageCharWidth() * 66, sizeHint().height());
 }
 
@@ -73,12 +77,14 @@ void KVNTransfer::SetQuestion(const TransferQuestion& question) {
         career_.addItem(ToQt(name));
     career_.setCurrentIndex(-1);
     assignment_.clear();
+    assignment_.setEnabled(false);
     accept_.setEnabled(false);
     career_.setFocus();
 }
 
 void KVNTransfer::SetAssignments(const QStringList& names) {
     assignment_.clear();
+    assignment_.setEnabled(true);
     assignment_.addItems(names);
     assignment_.setCurrentIndex(-1);
 }

@@ -22,6 +22,8 @@ class KVNTransfer : public NeededDialog {
     BackButton& back() { return back_; }
     // Nothing for "End Career".
     std::optional<TransferAnswer> Result() const;
+    // What the transfer costs, in a sentence.
+    void SetCost(const QString& cost) { cost_.setText(cost); }
 
     // Called when a career is chosen, to list its assignments. An exception of it must not pass through here.
     std::function<void(const QString& career)> careerChosen;
@@ -32,6 +34,7 @@ class KVNTransfer : public NeededDialog {
 
     QLabel heading_;
     QLabel notice_;
+    QLabel cost_;
     QLabel careerLabel_;
     QLabel assignmentLabel_;
     ChoiceCombo career_;

@@ -34,8 +34,11 @@ void SPICKBOX::AddButton() {
     auto* const button = new QPushButton(this);
     const int number = static_cast<int>(buttons_.size()) + 1;
     button->setObjectName(QString("pick%1").arg(number));
-    if (number <= 9)
-        button->setToolTip(tr("Key %1").arg(number));
+    const auto key = number <= 9 ? QString::number(number) : QString(QChar('A' + number - 10));
+    button->setToolTip(tr("Key %1").arg(key));
+    keys_.push_back(new QLabel(key, this));
+    keys_.back()->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    keys_.back()->setForegroundRole(QPalette::Text);
     connect(button, &QPushButton::clicked, this, [this, number] {
         picked_ = number;
         accept();
@@ -53,6 +56,7 @@ void SPICKBOX::SetQuestion(const ChoiceQuestion& question) {
     auto longest = CharacterCount(question.title);
     for (std::size_t i = 0; i < buttons_.size(); ++i) {
         buttons_[i]->setVisible(i < question.options.size());
+        keys_[i]->setVisible(i < question.options.size());
         if (i >= question.options.size())
             continue;
         buttons_[i]->setText(ToCaption(question.options[i]));
@@ -84,15 +88,23 @@ void SPICKBOX::Place(int longest) {
     const int row = (height - title_height) / shown_;
     const int button_height = std::min(buttons_.front()->sizeHint().height(), row);
     int top = title_height + (row - button_height) / 2;
+    const int left = width / 2 - button_width / 2;
+    const int gap = fontMetrics().averageCharWidth() / 2;
     for (auto* const button : Shown()) {
-        button->setGeometry(width / 2 - button_width / 2, top, button_width, button_height);
+        button->setGeometry(left, top, button_width, button_height);
+        const auto place = static_cast<std::size_t>(std::ranges::find(buttons_, button) - buttons_.begin());
+        keys_[place]->setGeometry(0, top, std::max(left - gap, 0), button_height);
         top += row;
     }
     CenterOnScreen(*this);
 }
 
 void SPICKBOX::keyPressEvent(QKeyEvent* event) {
-    const int digit = DigitOf(*event);
+    int digit = DigitOf(*event);
+    const bool is_letter = event->key() >= Qt::Key_A && event->key() <= Qt::Key_O && !event->isAutoRepeat() &&
+                           (event->modifiers() & ~Qt::ShiftModifier) == 0;
+    if (is_letter)
+        digit = event->key() - Qt::Key_A + 10;
     if (digit >= 1 && digit <= shown_)
         buttons_[static_cast<std::size_t>(digit - 1)]->click();
     else

@@ -12,7 +12,7 @@
 
 namespace korvane::ui {
 
-// The keys 1 to 9 press the first nine buttons.
+// The keys 1 to 9 press the first nine buttons, A to O the others.
 class SPICKBOX : public NeededDialog {
   public:
     explicit SPICKBOX(QWidget* parent);
@@ -34,6 +34,7 @@ class SPICKBOX : public NeededDialog {
     BackButton back_;
     QLabel title_;  // a narrow frame may cut the window's own
     std::vector<QPushButton*> buttons_;
+    std::vector<QLabel*> keys_;  // the key of each, beside it
     int shown_ = 0;
     int picked_ = 0;
 };

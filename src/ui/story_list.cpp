@@ -1,0 +1,163 @@
+#include "ui/story_list.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QPainterPath>
+#include <algorithm>
+
+namespace korvane::ui {
+
+namespace {
+
+StoryKind KindOf(const QModelIndex& index) {
+    return static_cast<StoryKind>(index.data(StoryDelegate::kKindRole).toInt());
+}
+
+QString TextOf(const QModelIndex& index) {
+    const auto heading = index.data(StoryDelegate::kHeadingRole).toString();
+    return heading.isEmpty() ? index.data(Qt::DisplayRole).toString() : heading;
+}
+
+// How far a line is set in: by two characters for its sign or picture, but for headings and prose.
+int IndentOf(const QStyleOptionViewItem& option, StoryKind kind) {
+    const int unit = option.fontMetrics.averageCharWidth();
+    return kind == StoryKind::Term || kind == StoryKind::Prose ? unit : 4 * unit;
+}
+
+QFont FontOf(const QStyleOptionViewItem& option, StoryKind kind) {
+    auto font = option.font;
+    font.setBold(kind == StoryKind::Term || kind == StoryKind::Promotion);
+    return font;
+}
+
+constexpr int kPadding = 2;
+int AboveOf(const QStyleOptionViewItem& option, StoryKind kind) {
+    return kind == StoryKind::Term ? option.fontMetrics.height() / 2 : kPadding;
+}
+
+bool HasDarkBase(const QPalette& palette) {
+    return palette.color(QPalette::Base).lightness() < 128;
+}
+
+// All of them read at 4.5 to 1 at least on their background.
+QColor ColorOf(const QStyleOptionViewItem& option, StoryKind kind) {
+    const auto& palette = option.palette;
+    if ((option.state & QStyle::State_Selected) != 0)
+        return palette.color(QPalette::HighlightedText);
+    const bool dark = HasDarkBase(palette);
+    switch (kind) {
+        case StoryKind::Gain:
+            return dark ? QColor(0x8F, 0xD1, 0x8F) : QColor(0x1E, 0x6B, 0x2E);
+        case StoryKind::Loss:
+        case StoryKind::Injury:
+            return dark ? QColor(0xF0, 0x9A, 0x8C) : QColor(0xA0, 0x2A, 0x1E);
+        case StoryKind::Note:
+            return dark ? QColor(0xA8, 0xA8, 0xA8) : QColor(0x5F, 0x5F, 0x5F);
+        default:
+            return palette.color(QPalette::Text);
+    }
+}
+
+// A small picture in a square: a star, a cross, bars; a sign for gains and losses.
+void PaintMark(QPainter& painter, const QRectF& box, StoryKind kind) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    const auto center = box.center();
+    const auto color = painter.pen().color();
+    const auto half = box.width() / 2;
+    QPen pen(color, std::max(1.5, box.width() / 7));
+    painter.setPen(pen);
+    switch (kind) {
+        case StoryKind::Promotion: {
+            QPainterPath chevron(QPointF(box.left(), center.y()));
+            chevron.lineTo(center.x(), box.top());
+            chevron.lineTo(box.right(), center.y());
+            chevron.moveTo(box.left(), box.bottom());
+            chevron.lineTo(center.x(), center.y());
+            chevron.lineTo(box.right(), box.bottom());
+            painter.drawPath(chevron);
+            break;
+        }
+        case StoryKind::Injury:
+            painter.drawLine(box.topLeft(), box.bottomRight());
+            painter.drawLine(box.topRight(), box.bottomLeft());
+            break;
+        case StoryKind::Prison:
+            for (int bar = 0; bar < 3; ++bar)
+                painter.drawLine(QPointF(box.left() + bar * half, box.top()),
+                                 QPointF(box.left() + bar * half, box.bottom()));
+            painter.drawLine(QPointF(box.left(), center.y()), QPointF(box.right(), center.y()));
+            break;
+        case StoryKind::Gain:
+            painter.drawLine(QPointF(center.x(), box.top()), QPointF(center.x(), box.bottom()));
+            [[fallthrough]];
+        case StoryKind::Loss:
+            painter.drawLine(QPointF(box.left(), center.y()), QPointF(box.right(), center.y()));
+            break;
+        default:
+            break;
+    }
+}
+
+}  // namespace
+
+QSize StoryDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    const auto kind = KindOf(index);
+    const auto* const view = qobject_cast<const QAbstractItemView*>(option.widget);
+    const int width = view == nullptr ? option.rect.width() : view->viewport()->width();
+    const int room = width - IndentOf(option, kind) - option.fontMetrics.averageCharWidth();
+    const QFontMetrics metrics(FontOf(option, kind));
+    const auto text = metrics.boundingRect(0, 0, std::max(room, 40), 10000, Qt::TextWordWrap, TextOf(index));
+    return {width, text.height() + AboveOf(option, kind) + kPadding};
+}
+
+void StoryDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    const auto kind = KindOf(index);
+    painter->save();
+    if ((option.state & QStyle::State_Selected) != 0)
+        painter->fillRect(option.rect, option.palette.highlight());
+    if (index.data(kNewRole).toBool())
+        painter->fillRect(QRect(option.rect.left(), option.rect.top(), 3, option.rect.height()),
+                          option.palette.highlight());
+    const auto font = FontOf(option, kind);
+    painter->setFont(font);
+    painter->setPen(ColorOf(option, kind));
+    const int indent = IndentOf(option, kind);
+    const auto text =
+        option.rect.adjusted(indent, AboveOf(option, kind), -option.fontMetrics.averageCharWidth() / 2, 0);
+    painter->drawText(text, Qt::TextWordWrap, TextOf(index));
+    const int size = option.fontMetrics.ascent() * 2 / 3;
+    const int line = option.fontMetrics.height();
+    PaintMark(*painter, QRectF(text.left() - size * 1.6, text.top() + (line - size) / 2.0, size, size), kind);
+    if ((option.state & QStyle::State_HasFocus) != 0) {
+        QStyleOptionFocusRect focus;
+        focus.QStyleOption::operator=(option);
+        QApplication::style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, painter);
+    }
+    painter->restore();
+}
+
+StoryList::StoryList(const QString& objectName, const QString& accessibleName) : CopyList(objectName, accessibleName) {
+    setItemDelegate(new StoryDelegate(this));
+}
+
+void StoryList::Tell(const CharacterRecord& character, const RaceRecord& race) {
+    const int before = count();
+    SetLines(character.History.lines());
+    const auto story = StoryOf(character, race);
+    const bool grew = count() > before;
+    for (int row = 0; row < count(); ++row) {
+        const auto& told = story.at(static_cast<std::size_t>(row));
+        auto* const line = item(row);
+        if (line->data(StoryDelegate::kKindRole) != static_cast<int>(told.kind))
+            line->setData(StoryDelegate::kKindRole, static_cast<int>(told.kind));
+        if (line->data(StoryDelegate::kHeadingRole).toString() != ToQt(told.heading)) {
+            line->setData(StoryDelegate::kHeadingRole, ToQt(told.heading));
+            line->setData(Qt::AccessibleTextRole, told.heading.empty() ? line->text() : ToQt(told.heading));
+        }
+        const bool is_new = grew && before > 0 && row >= before;
+        if ((grew || count() < before) && line->data(StoryDelegate::kNewRole).toBool() != is_new)
+            line->setData(StoryDelegate::kNewRole, is_new);
+    }
+}
+
+}  // namespace korvane::ui
