@@ -45,8 +45,11 @@ bool IsAligned(Report& report, const TextFile& file, std::span<const int> headin
                    Concat("the file ends after ", file.lines(), " lines; it has ", lines));
         return false;
     }
-    if (file.lines() > lines)
-        report.Add("lines", lines + 1, 1, Concat("nothing is read after line ", lines), file.line(lines + 1));
+    for (int line = lines + 1; line <= file.lines(); ++line)
+        if (!IsBlank(file.line(line))) {
+            report.Add("lines-after", line, 1, Concat("nothing is read after line ", lines), file.line(line));
+            break;
+        }
     return true;
 }
 
@@ -94,6 +97,12 @@ void CheckBenefits(Report& report, const TextFile& file, const Known& known) {
             CheckSkillRow(report, piece, known);
             continue;
         }
+        const auto skill = SplitFirst(text, "=").first;
+        if (text.find('=') != std::string_view::npos || std::ranges::find(known.skills, skill) != known.skills.end()) {
+            Add(report, "benefit", piece,
+                Concat("\"", text, "\" is only written down: a benefit brings no skill by its name"));
+            continue;
+        }
         const auto near = Nearest(text, benefits);
         const bool is_slip = !near.empty() && near.size() > 5 && CharacterCount(text) + 2 >= near.size() &&
                              Nearest(text, std::array{near}) == near &&
@@ -105,14 +114,16 @@ void CheckBenefits(Report& report, const TextFile& file, const Known& known) {
 
 void CheckSkillTables(Report& report, const TextFile& file, const Known& known) {
     constexpr std::array kTitles = {20, 27, 34, 41};
+    const bool has_third = file.line(kTitles[2] + 1) != "-";  // that says that there is no such table
     for (const int title : kTitles)
-        for (int line = title + 1; line <= title + 6; ++line)
+        for (int line = title + 1; line <= title + 6 && (has_third || title != kTitles[2]); ++line)
             CheckSkillRow(report, LineOf(file, line), known, title == kTitles.front());
+    if (!has_third)
+        return;
     const auto text = file.line(kTitles[2]);
     const auto bracket = text.find(']');
     const auto requirement = bracket == std::string_view::npos ? text : text.substr(bracket + 1);
-    if (!requirement.empty())
-        CheckRequirement(report, {kTitles[2], text, requirement}, known);
+    CheckRequirement(report, {kTitles[2], text, requirement}, known);
 }
 
 void CheckMedical(Report& report, const TextFile& file) {
@@ -221,15 +232,19 @@ class RaceLines {
     bool ok_ = true;
 };
 
-void CheckCharacteristic(Report& report, const Piece& line) {
+void CheckCharacteristic(Report& report, const Piece& line, std::vector<std::string>& before) {
     const auto text = line.text;
+    const std::string name(FirstCharacters(text, 3));
+    if (std::ranges::find(before, name) != before.end())
+        return Add(report, "duplicate", line, Concat("the characteristic \"", name, "\" stands twice"));
+    before.push_back(name);
     const bool has_dice = text.size() >= 5 && text[3] == ' ' && text[4] >= '1' && text[4] <= '9';
     const auto modifier = text.size() > 6 ? text.substr(6) : std::string_view();
     const bool has_modifier =
         modifier.empty() || ((modifier[0] == '+' || modifier[0] == '-') && modifier.size() > 1 &&
                              modifier.find_first_not_of("0123456789", 1) == std::string_view::npos);
     if (!has_dice || !has_modifier || (text.size() > 5 && text[5] != ' '))
-        Add(report, "number", line, Concat("\"", text, "\" is no characteristic; write \"Str 2\" or \"Str 2 +1\""));
+        Add(report, "number", line, Concat("\"", text, R"(" is no characteristic; write "Str 2" or "Str 2 +1")"));
 }
 
 void CheckAge(Report& report, RaceLines& lines, const TextFile& file, std::string_view label) {
@@ -237,7 +252,7 @@ void CheckAge(Report& report, RaceLines& lines, const TextFile& file, std::strin
     if (!lines.ok())
         return;
     if (const auto value = AfterLabel(report, file, line.line, label))
-        CheckNumber(report, *value, "number", 0, 1000);
+        CheckNumber(report, *value, "number", label.starts_with("Age") ? 1 : 0, 1000);
 }
 
 void CheckDraft(Report& report, const Piece& entry, const Names& careers) {
@@ -257,7 +272,7 @@ void CheckPreCareer(Report& report, const Piece& option) {
 }
 
 void CheckSpecialityPair(Report& report, const Piece& skill, const Piece& list, const Known& known) {
-    if (std::ranges::find(known.skills, skill.text) == known.skills.end())
+    if (!known.skills.empty() && std::ranges::find(known.skills, skill.text) == known.skills.end())
         return Add(report, "skill-unknown", skill,
                    Concat("there is no skill \"", skill.text, "\"", DidYouMean(skill.text, known.skills)));
     const auto pieces = SplitAll(list.text, '/');
@@ -293,7 +308,8 @@ void CheckRaceFile(Report& report, const TextFile& file, const Known& known, con
     if (lines.Next(); lines.ok())
         AfterLabel(report, file, 2, "Kind:");
     lines.Heading(nullptr, "the characteristics");
-    auto count = CheckList(lines, 10, [&](const Piece& line) { CheckCharacteristic(report, line); });
+    std::vector<std::string> names;
+    auto count = CheckList(lines, 10, [&](const Piece& line) { CheckCharacteristic(report, line, names); });
     lines.Heading(&count, "the ages");
     for (const auto* const label : {"Age per term:", "Aging:", "Starts: "})
         CheckAge(report, lines, file, label);
@@ -314,9 +330,11 @@ void CheckRaceFile(Report& report, const TextFile& file, const Known& known, con
     });
     lines.Heading(&count, "the traits");
     count = CheckList(lines, 10, [](const Piece&) {});
-    if (lines.ok() && lines.line() < file.lines())
-        Add(report, "count", count,
-            Concat("the count is ", count.text, ", but ", file.lines() - count.line, " lines follow"));
+    int last = file.lines();
+    while (last > lines.line() && IsBlank(file.line(last)))
+        --last;
+    if (lines.ok() && lines.line() < last)
+        Add(report, "count", count, Concat("the count is ", count.text, ", but ", last - count.line, " lines follow"));
 }
 
 void CheckMasterSkills(Report& report, const TextFile& file) {
@@ -360,9 +378,8 @@ Known KnownOf(const TextFile& file, std::vector<std::string_view> skills) {
     const int characteristics = file.lines() >= 4 ? static_cast<int>(LenientNumber(file.line(4))) : 0;
     for (int line = 5; line < 5 + std::clamp(characteristics, 0, 10) && line <= file.lines(); ++line)
         known.characteristics.emplace_back(FirstCharacters(file.line(line), 3));
-    int section = 0;
     for (int line = 1; line <= file.lines(); ++line) {
-        if (file.line(line).starts_with('[') && ++section == 7) {
+        if (EqualsIgnoringCase(file.line(line), "[Specialities]")) {
             for (int pair = line + 2; pair + 1 <= file.lines() && !file.line(pair).starts_with('['); pair += 2)
                 known.specialities.push_back({file.line(pair), SplitAll(file.line(pair + 1), '/')});
             break;

@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "base/encoding.h"
 #include "base/text.h"
 
 namespace korvane::check {
@@ -15,7 +16,7 @@ namespace {
 constexpr auto kError = Severity::Error;
 constexpr auto kWarning = Severity::Warning;
 
-constexpr std::array<Kind, 31> kKinds = {{
+constexpr std::array<Kind, 32> kKinds = {{
     {"alternatives", kError,
      "A question shows at most 24 alternatives. A row that joins more by \"/\" stops the life with an error."},
     {"assignments-missing", kError,
@@ -59,19 +60,18 @@ constexpr std::array<Kind, 31> kKinds = {{
      "Files are read by line numbers alone. A heading that isn't where it belongs means that a line is missing or too "
      "many before it: all that follows would be read as something else."},
     {"label", kError, "The line begins with another label than it should. Labels are skipped by their length."},
-    {"lines", kError, "The file ends too early, or goes on after its last line."},
+    {"lines", kError, "The file ends too early."},
+    {"lines-after", kWarning, "What stands after the last line of a file is never read."},
     {"medical", kError, "Medical cover is a percentage from 0 to 100, after a label and a blank."},
     {"number", kError,
      "Numbers are read up to the first character that isn't a digit: \"5,000\" is 5, \"Cr5000\" is nothing. Write "
      "digits alone."},
-    {"pre-career", kWarning,
-     "Nothing happens at such a place. The rules know \"University\" and \"Military Academy\"."},
+    {"pre-career", kWarning, R"(Nothing happens at such a place. The rules know "University" and "Military Academy".)"},
     {"skill-level", kError,
-     "A level behind \"=\" or \"-\" is a whole number. A \"-\" within a name is taken for the mark of a level, unless "
-     "a "
-     "\"=\" stands in the row: write \"Engineer (M-Drive)=1\"."},
+     R"(A level behind "=" or "-" is a whole number, not above 15. A "-" within a name is taken for the mark of a level, )"
+     R"(unless a "=" stands in the row: write "Engineer (M-Drive)=1".)"},
     {"skill-raise", kError,
-     "A characteristic is raised by its three letters, a blank, \"+\" and a number: \"Str +1\"."},
+     R"(A characteristic is raised by its three letters, a blank, "+" and a number up to 15: "Str +1".)"},
     {"skill-unknown", kWarning,
      "The skill isn't in MasterSkills.dat, so pages don't show it and checks of the rules don't find it."},
     {"slash", kError, "A \"/\" ends the text of an entry: what follows are codes. Write the text without one."},
@@ -112,8 +112,12 @@ void Report::Add(std::string_view kind, int line, std::size_t column, std::strin
     const auto* const known = KindNamed(kind);
     if (known == nullptr)
         throw std::logic_error("there is no such kind of finding: " + std::string(kind));
-    any_ = true;
-    findings_.push_back({file_, line, static_cast<int>(column), known, std::move(message), std::string(text)});
+    constexpr std::size_t kMostShown = 300;
+    constexpr int kMostOfFile = 200;
+    if (++count_ > kMostOfFile)
+        return;
+    findings_.push_back({file_, line, static_cast<int>(column), known, Printable(message, kMostShown),
+                         std::string(FirstCharacters(text, column + kMostShown))});
 }
 
 std::size_t Piece::ColumnOf(std::string_view part) const {
@@ -122,6 +126,10 @@ std::size_t Piece::ColumnOf(std::string_view part) const {
 }
 
 std::string_view Nearest(std::string_view wrong, std::span<const std::string_view> known) {
+    constexpr std::size_t kLongestName = 64;
+    constexpr std::size_t kMostNames = 1000;
+    if (wrong.size() > kLongestName || known.size() > kMostNames)
+        return {};
     const auto upper = Upper(wrong);
     std::size_t least = std::max<std::size_t>(1, wrong.size() / 3) + 1;
     std::string_view nearest;

@@ -38,12 +38,12 @@ class Report {
     const std::string& file() const { return file_; }
     // Adds a finding of a kind that there is.
     void Add(std::string_view kind, int line, std::size_t column, std::string message, std::string_view text = {});
-    bool HasAny() const { return any_; }
+    bool HasAny() const { return count_ > 0; }
 
   private:
     std::string file_;
     std::vector<Finding>& findings_;
-    bool any_ = false;
+    int count_ = 0;
 };
 
 // A part of a line: where it begins in it, so that what is wrong with it can be pointed at.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 #include <memory>
+#include <set>
 #include <tuple>
 
 #include "base/error.h"
@@ -36,11 +37,13 @@ class Folder {
         CheckCases();
         CheckExtras();
         for (const auto& name : *data_.RaceNames())
-            races_.push_back({name, Read(name + ".eri"), {}});
+            if (auto file = TryToOpen(name + ".eri"))
+                races_.push_back({name, std::move(file), {}});
         for (auto& race : races_)
             CheckRace(race);
         CheckUnseen();
         CheckTemplates();
+        JoinCommon();
         std::ranges::stable_sort(findings_, {}, [](const Finding& finding) {
             return std::tuple(finding.file, finding.line, finding.column);
         });
@@ -51,6 +54,18 @@ class Folder {
     Report ReportOf(const std::string& file) { return {file, findings_}; }
     File Read(const std::string& name) const {
         return std::make_shared<const TextFile>(ReadTextFile(path_ + name, "rule data"));
+    }
+
+    // The file; nothing, which is told, where the system refuses it.
+    File TryToOpen(const std::string& name) {
+        seen_.push_back(Upper(name));
+        try {
+            return Read(name);
+        } catch (const IoError& error) {
+            const std::string_view told = error.what();
+            ReportOf(name).Add("unreadable", 1, 1, std::string(told.substr(told.rfind("can't"))));
+            return nullptr;
+        }
     }
 
     void CheckCases() {
@@ -122,8 +137,9 @@ class Folder {
 
     void CheckCareer(const Race& race, const std::string& career) {
         const auto name = Concat(race.name, "-", career, ".ecf");
-        const auto file = Read(name);
-        seen_.push_back(name);
+        const auto file = TryToOpen(name);
+        if (!file)
+            return;
         auto report = ReportOf(name);
         CheckCareerFile(report, *file, race.known, career);
         TryToRead(name, [&] { ReadCareer(file); });
@@ -137,8 +153,9 @@ class Folder {
     }
 
     void CheckAssignment(const Race& race, const std::string& name) {
-        const auto file = Read(name);
-        seen_.push_back(name);
+        const auto file = TryToOpen(name);
+        if (!file)
+            return;
         auto report = ReportOf(name);
         CheckAssignmentFile(report, *file, race.known);
         TryToRead(name, [&] { ReadAssignment(file); });
@@ -147,11 +164,30 @@ class Folder {
     void CheckUnseen() {
         for (const auto& name : names_) {
             const bool is_rules = EndsIgnoringCase(name, ".ecf") || EndsIgnoringCase(name, ".eas");
-            if (is_rules && std::ranges::find(seen_, name) == seen_.end() && !IsTold(name))
+            if (is_rules && std::ranges::find(seen_, Upper(name)) == seen_.end() && !IsTold(name))
                 ReportOf(name).Add("file-unseen", 1, 1,
                                    Concat("no race or career is called as this file begins", DidYouMeanFile(name)));
         }
     }
+    // A name that many rows have wrong is told once: the mistake is likely where it is declared.
+    void JoinCommon() {
+        constexpr int kMany = 10;
+        std::map<std::string, int> counts;
+        for (const auto& finding : findings_)
+            if (finding.kind->code == "skill-unknown" || finding.kind->code == "speciality")
+                ++counts[finding.message];
+        std::set<std::string> told;
+        std::erase_if(findings_, [&](Finding& finding) {
+            const auto count = counts.find(finding.message);
+            if (count == counts.end() || count->second <= kMany)
+                return false;
+            const bool is_first = told.insert(finding.message).second;
+            if (is_first)
+                AppendAll(finding.message, " (in ", count->second, " rows)");
+            return !is_first;
+        });
+    }
+
     // Whether something of the file was told already.
     bool IsTold(const std::string& name) const {
         return std::ranges::any_of(findings_, [&](const Finding& finding) { return finding.file == name; });
@@ -175,7 +211,8 @@ class Folder {
         const std::vector<std::string_view> known(tags.begin(), tags.end());
         for (const auto& name : TemplateNames(path_)) {
             auto report = ReportOf(name);
-            CheckTemplate(report, *Read(name), known);
+            if (const auto file = TryToOpen(name))
+                CheckTemplate(report, *file, known);
         }
     }
 

@@ -21,6 +21,11 @@ bool IsWhole(std::string_view text) {
     return !text.empty() && std::ranges::all_of(text, IsDigit);
 }
 
+// A whole number from 0 to 15: no level or characteristic is higher.
+bool IsLevel(std::string_view text) {
+    return IsWhole(text) && text.size() <= 2 && LenientNumber(text) <= 15;
+}
+
 // The place, from 1, of a characteristic; 0 for none.
 std::size_t SlotOf(const Known& known, std::string_view name) {
     for (std::size_t i = 0; i < known.characteristics.size(); ++i)
@@ -51,9 +56,11 @@ std::string CheckCounting(const Known& known, std::size_t slot, std::string_view
 }
 
 void CheckRaise(Report& report, const Piece& raise, const Known& known) {
+    if (!known.trusted)
+        return;
     const auto text = raise.text;
     const auto slot = SlotOf(known, FirstCharacters(text, 3));
-    const bool is_form = text.size() > 5 && text[3] == ' ' && text[4] == '+' && IsWhole(text.substr(5));
+    const bool is_form = text.size() > 5 && text[3] == ' ' && text[4] == '+' && IsLevel(text.substr(5));
     if (slot > 0 && is_form)
         return;
     const auto name = slot > 0 ? known.characteristics[slot - 1] : std::string("Str");
@@ -65,6 +72,8 @@ void CheckRaise(Report& report, const Piece& raise, const Known& known) {
 // The name of a skill, without its level.
 void CheckName(Report& report, const Piece& skill, const Known& known) {
     const auto [bare, rest] = SplitFirst(skill.text, " (");
+    if (known.skills.empty())
+        return;  // without a master list nobody knows
     if (std::ranges::find(known.skills, bare) == known.skills.end()) {
         Add(report, "skill-unknown", skill, Concat("there is no skill \"", bare, "\"", DidYouMean(bare, known.skills)));
         return;
@@ -100,11 +109,11 @@ void CheckOne(Report& report, const Piece& one, const Known& known, bool isBasic
     if (mark == std::string_view::npos)
         return CheckName(report, one, known);
     const Piece level{one.line, one.whole, text.substr(mark + 1)};
-    if (!IsWhole(Trim(level.text)))
+    if (!IsLevel(Trim(level.text)))
         return Add(report, "skill-level", level,
                    !sets && text.find(')', mark) != std::string_view::npos
-                       ? Concat("the \"-\" in \"", text, "\" is taken for the mark of a level; write \"", text, "=1\"")
-                       : Concat("\"", level.text, "\" is no level; write a whole number"));
+                       ? Concat("the \"-\" in \"", text, R"(" is taken for the mark of a level; write ")", text, "=1\"")
+                       : Concat("\"", level.text, "\" is no level; write a whole number up to 15"));
     if (isBasic)
         return Add(report, "basic-training", level,
                    Concat("a row of the first table has no level; write \"", text.substr(0, mark), "\""));
@@ -194,7 +203,7 @@ void CheckSkillRow(Report& report, const Piece& row, const Known& known, bool is
         CheckOne(report, {row.line, row.whole, text.substr(0, or_place)}, known, false);
         if (second.find(" or ") != std::string_view::npos || second.find('/') != std::string_view::npos)
             return Add(report, "alternatives", {row.line, row.whole, second},
-                       "\" or \" joins two skills; write more of them with \"/\" alone");
+                       R"(" or " joins two skills; write more of them with "/" alone)");
         return CheckOne(report, {row.line, row.whole, second}, known, false);
     }
     const auto parts = SplitAll(text, '/');
@@ -206,6 +215,8 @@ void CheckSkillRow(Report& report, const Piece& row, const Known& known, bool is
 }
 
 void CheckRolledCheck(Report& report, const Piece& check, const Known& known) {
+    if (!known.trusted)
+        return;
     const auto text = check.text;
     const auto place = text.find('+');
     if (text.starts_with(' '))
@@ -243,12 +254,14 @@ void CheckRolledCheck(Report& report, const Piece& check, const Known& known) {
 }
 
 void CheckRequirement(Report& report, const Piece& title, const Known& known) {
+    if (!known.trusted)
+        return;
     const auto text = title.text;
     const auto number = text.size() > 4 ? text.substr(4) : std::string_view();
     const auto digits = number.ends_with('+') ? number.substr(0, number.size() - 1) : number;
     if (SlotOf(known, FirstCharacters(text, 3)) == 0 || text.size() < 5 || text[3] != ' ' || !IsWhole(digits))
         Add(report, "title", title,
-            Concat("\"", text, "\" is no requirement; write a characteristic and a number, as \"Edu 8+\""));
+            Concat("\"", text, R"(" is no requirement; write a characteristic and a number, as "Edu 8+")"));
 }
 
 void CheckEntry(Report& report, const Piece& entry, const codes::Chain& chain, std::string_view career) {
@@ -262,8 +275,10 @@ void CheckEntry(Report& report, const Piece& entry, const codes::Chain& chain, s
         return Add(report, "slash", behind, "the text ends at this \"/\", and what follows is taken for codes");
     if (IsBlank(rest))
         return Add(report, "code-unknown", behind, "no code follows the \"/\"; leave it out");
+    constexpr int kMostCodes = 20;
+    int codes = 0;
     for (const auto word : SplitAll(rest, ' '))
-        if (!word.empty())
+        if (!word.empty() && ++codes <= kMostCodes)
             CheckCode(report, {entry.line, entry.whole, word}, chain, career);
 }
 

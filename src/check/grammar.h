@@ -17,7 +17,8 @@ struct Known {
     std::vector<std::string> characteristics;  // three letters each, from the first
     std::vector<Speciality> specialities;
     std::vector<std::string_view> skills;  // of the master list
-    bool trusted = true;                   // whether nothing is wrong with the specialities themselves
+    // Whether the race file is right: with a mistake there, nothing is said of what hangs on it.
+    bool trusted = true;
 };
 
 // A row of a skill table, a rank bonus, a background skill. `isBasic`: of the first table.

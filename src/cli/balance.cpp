@@ -19,6 +19,7 @@
 #include "cli/data_choice.h"
 #include "output/json_writer.h"
 #include "play/life_plan.h"
+#include "skills/grant.h"
 
 namespace korvane::cli {
 
@@ -68,6 +69,7 @@ struct Figures {
     Mean friends;
     Mean foes;
     std::map<std::string, Share> specialists;  // skills held at 2 or more
+    std::string specialty;                     // the skill that its table teaches most
 };
 
 struct Prison {
@@ -112,15 +114,14 @@ bool IsInjury(std::string_view line) {
     return std::ranges::any_of(kInjuries, [&](std::string_view injury) { return line.starts_with(injury); });
 }
 
-// Long lines are the texts of the tables.
+// Counts the texts of tables in a history. Returns whether one stands there twice.
 bool RepeatsAText(std::span<const std::string> history, std::map<std::string, std::uint64_t>& met) {
-    constexpr std::size_t kLong = 50;
     std::set<std::string_view> texts;
     bool repeats = false;
     for (const auto& line : history)
-        if (line.size() > kLong) {
+        if (const auto place = met.find(line); place != met.end()) {
             repeats |= !texts.insert(line).second;
-            ++met[line];
+            ++place->second;
         }
     return repeats;
 }
@@ -173,14 +174,22 @@ void NoteLife(const CharacterRecord& character, Figures& figures, std::map<std::
     figures.foes.Add(int{character.Enemies} + int{character.Rivals});
 }
 
-// The skill that most of the lives hold at 2 or more.
+// The skill that stands most often in the assignment's table, and in how many of the lives it is at 2 or more.
 std::pair<std::string, double> SpecialistOf(const Figures& figures) {
-    std::pair<std::string, double> most;
-    for (const auto& [skill, share] : figures.specialists)
-        if (const double percent = 100.0 * static_cast<double>(share.hits) / static_cast<double>(figures.age.count);
-            percent > most.second)
-            most = {skill, percent};
-    return most;
+    const auto share = figures.specialists.find(figures.specialty);
+    const auto hits = share == figures.specialists.end() ? 0 : share->second.hits;
+    return {figures.specialty,
+            figures.age.count == 0 ? 0 : 100.0 * static_cast<double>(hits) / static_cast<double>(figures.age.count)};
+}
+
+// The row that stands most often in a table, without its level.
+std::string MostFrequent(const SixRows& table) {
+    std::map<std::string, int> counts;
+    for (const auto row : std::span(table).subspan(1))
+        if (const auto skills = SkillsIn(row); !skills.empty())
+            ++counts[std::string(skills.front())];
+    const auto most = std::ranges::max_element(counts, {}, [](const auto& each) { return each.second; });
+    return most == counts.end() ? std::string() : most->first;
 }
 
 // By how many points of failing a modifier of -2 differs from one of +2: four steps of those between the lowest and the
@@ -218,6 +227,8 @@ class Balance {
                 all.push_back(MeasureRace(race));
         if (all.empty())
             throw UsageError("unknown race " + command_.race);
+        if (std::ranges::all_of(all, [](const RaceFigures& race) { return race.places.empty(); }))
+            throw UsageError("unknown career " + command_.career);
         return all;
     }
 
@@ -227,12 +238,25 @@ class Balance {
         figures.race = race;
         Checks checks(session_, figures.places);
         session_.seams.observer = &checks;
+        NoteTexts(figures);
         for (const auto& career : *session_.data.CareerNames(race))
             if (command_.career.empty() || command_.career == career)
                 for (const auto& assignment : *session_.data.AssignmentNames(race, career))
                     LiveIn(figures, {race, career, assignment});
         session_.seams.observer = nullptr;
+        // Careers that lives only strayed into.
+        std::erase_if(figures.places, [](const auto& place) { return place.second.age.count == 0; });
         return figures;
+    }
+
+    // The texts that the race's tables can bring.
+    void NoteTexts(RaceFigures& figures) {
+        const auto note = [&](std::string_view entry) { figures.met.emplace(SplitFirst(entry, "/").first, 0); };
+        for (const auto& career : *session_.data.CareerNames(figures.race)) {
+            const auto& record = session_.data.Career(figures.race, career).record;
+            std::for_each(record.mishapTable.begin() + 1, record.mishapTable.end(), note);
+            std::for_each(record.eventTable.begin() + 2, record.eventTable.end(), note);
+        }
     }
 
     void LiveIn(RaceFigures& figures, const std::array<std::string, 3>& start) {
@@ -243,6 +267,8 @@ class Balance {
         plan.player = play::PlayerKind::Automatic;
         plan.terms = command_.terms;
         plan.seed = command_.seed.value_or(Seed(1));
+        figures.places[{plan.career, plan.assignment}].specialty =
+            MostFrequent(session_.data.Assignment(plan.race, plan.career, plan.assignment).assignmentTable);
         const auto assignments = session_.data.AssignmentNames(plan.race, plan.career)->size();
         const auto count = std::max<std::uint64_t>(command_.count / assignments, 1);
         for (std::uint64_t number = 1; number <= count; ++number) {
@@ -384,16 +410,17 @@ void WriteGoals(const std::vector<RaceFigures>& all, std::string& page) {
 std::string Bars(const RaceFigures& race) {
     constexpr int kRow = 18;
     const int height = 10 + kRow * static_cast<int>(race.places.size());
-    auto svg =
-        Concat("<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 640 ", height,
-               "\" font-family=\"sans-serif\" font-size=\"12\" role=\"img\" aria-label=\"Failed terms in percent, ",
-               race.race, "\">\n<style>text{fill:#444}@media (prefers-color-scheme:dark){text{fill:#ccc}}</style>\n");
+    auto svg = Concat(R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 640 )", height,
+                      R"(" font-family="sans-serif" font-size="12" role="img" aria-label="Failed terms in percent, )",
+                      race.race, R"(">
+<style>text{fill:#444}@media (prefers-color-scheme:dark){text{fill:#ccc}}</style>
+)");
     int top = 4;
     for (const auto& [place, figures] : race.places) {
         const int length = static_cast<int>(std::lround(figures.fails.percent() * 6));
-        AppendAll(svg, "<text x=\"255\" y=\"", top + 12, "\" text-anchor=\"end\">", place.first, ", ", place.second,
-                  "</text><rect x=\"262\" y=\"", top + 2, "\" width=\"", length,
-                  "\" height=\"12\" fill=\"#4a80b5\"/><text x=\"", 268 + length, "\" y=\"", top + 12, "\">",
+        AppendAll(svg, R"(<text x="255" y=")", top + 12, R"(" text-anchor="end">)", place.first, ", ", place.second,
+                  R"(</text><rect x="262" y=")", top + 2, R"(" width=")", length,
+                  R"(" height="12" fill="#4a80b5"/><text x=")", 268 + length, R"(" y=")", top + 12, R"(">)",
                   Rounded(figures.fails.percent()), "</text>\n");
         top += kRow;
     }

@@ -140,7 +140,7 @@ int NewCareer(const NewCareerCommand& command, Streams& streams) {
     if (!FileExists(folder + (command.race + ".eri")))
         throw UsageError(Concat("there is no race ", command.race, ": no file ", command.race, ".eri"));
     if (IsBlank(command.career) || command.career.find_first_of("/\\-") != std::string::npos)
-        throw UsageError("a career's name is a word or more, without \"-\" and \"/\"");
+        throw UsageError(R"(a career's name is a word or more, without "-" and "/")");
     const auto beginning = Concat(command.race, "-", command.career);
     WriteNew(folder + (beginning + ".ecf"), kCareer, streams.out);
     WriteNew(folder + (beginning + "-First Assignment.eas"), kAssignment, streams.out);

@@ -121,7 +121,9 @@ void KVNGen::SetUpSelection() {
 void KVNGen::SetUpStatistics() {
     auto* const column = new QVBoxLayout(&statistics_);
     constexpr int kMostLines = 11;
+    constexpr int kUsualLines = 9;
     characteristics_.setMaximumHeight(characteristics_.fontMetrics().lineSpacing() * kMostLines);
+    characteristics_.setMinimumHeight(characteristics_.fontMetrics().lineSpacing() * kUsualLines);
     // It is locked while a career runs, and most wanted then.
     auto palette = characteristics_.palette();
     palette.setColor(QPalette::Disabled, QPalette::Text, palette.color(QPalette::Active, QPalette::Text));

@@ -112,6 +112,7 @@ bool IsCharacteristicRaise(const Session& session, std::string_view benefit) {
 
 std::vector<std::string_view> KnownBenefits() {
     std::vector<std::string_view> benefits;
+    benefits.reserve(kKnown.size());
     for (const auto& known : kKnown)
         benefits.push_back(known.benefit);
     return benefits;

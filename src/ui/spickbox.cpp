@@ -84,7 +84,7 @@ void SPICKBOX::Place(int longest) {
     const int title_height = fontMetrics().height() + margin / 2;
     title_.setGeometry(0, 0, width, title_height);
     const int side = std::min(FromTwips(*this, (kDialogMargin - kButtonMargin) / 2), (width - button_width) / 2);
-    back_.setGeometry(0, height - side, side, side);
+    back_.setGeometry(width - side, height - side, side, side);
     const int row = (height - title_height) / shown_;
     const int button_height = std::min(buttons_.front()->sizeHint().height(), row);
     int top = title_height + (row - button_height) / 2;

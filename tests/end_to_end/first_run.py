@@ -90,7 +90,7 @@ def begin_a_life(session: Session) -> None:
     session.click(meet(session, "scrap", "Yes").button("Yes"))
     main = session.front(lambda window: window.seek(BUTTON, "Start Career") is not None)
     session.wait_for("the set-up unlocked", lambda: main.button("Start Career").now().enabled)
-    expect(main.find(LIST, "History").lines()[:1] == ["-- Term 1 --"], "what was generated stays in view")
+    expect(main.find(LIST, "History").lines()[:1] == ["Term 1, age 18"], "what was generated stays in view")
     session.settle()
     session.keys("alt+e")
     expect(session.exit_status() == 0, "Exit ends the program well")
@@ -127,7 +127,7 @@ def live_until(session: Session, wanted: str, terms: int) -> Window:
         window = session.front(is_dialog)
         session.settle()
         window = session.front(is_dialog)
-        served = sum("------ Term" in line for lists in window.all(LIST) for line in lists.lines())
+        served = sum("------ Term" in line or line.startswith("Term ") for lists in window.all(LIST) for line in lists.lines())
         if wanted in window.buttons() and served >= terms:
             return window
         answer(session, window, served >= 4)
@@ -155,7 +155,7 @@ def go_back_in_a_life(session: Session) -> None:
     session.settle()
     session.screenshot("back-by-history")
     lines = main_window.find(LIST, "History").lines()
-    row = next(i for i, line in enumerate(lines) if "Term 2 --" in line)
+    row = next(i for i, line in enumerate(lines) if line.startswith("Term 2,"))
     session.keys("Home", *["Down"] * row, "Return")
     expect("Re-Enlist" not in session.front(is_dialog).buttons(), "an earlier question")
     live_until(session, "Export", 0)

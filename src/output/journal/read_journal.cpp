@@ -328,7 +328,7 @@ constexpr std::size_t kMostLines = 200'000;  // of a life
 // The digest of a journal up to a last line, without the digest that stands in it.
 std::string DigestWithout(std::string_view before, std::string_view last, const std::string& digest) {
     auto line = std::string(last);
-    const auto member = Concat(",\"sha256\":\"", digest, "\"");
+    const auto member = Concat(R"(,"sha256":")", digest, "\"");
     if (const auto place = line.find(member); place != std::string::npos)
         line.erase(place, member.size());
     return Sha256Text(Concat(before, line, "\n"));
@@ -346,7 +346,7 @@ void TakeLine(Tape& tape, std::string_view text) {
         else
             tape.lines.push_back(ReadKnownLine(object));
     } catch (const Fault& fault) {
-        tape.lines.push_back(
+        tape.lines.emplace_back(
             OddLine{object.is_object() ? std::string(text) : std::string(), fault.expected, fault.found});
     }
 }
@@ -404,8 +404,8 @@ bool Journal::IsDamaged() const {
 }
 
 void RefuseLine(const std::string& name, std::size_t place, const Line& held, const std::string& asked) {
-    constexpr std::size_t kMostAsked = 300;
-    constexpr std::size_t kMostHeld = 80;
+    constexpr std::size_t kMostToldOfRequest = 300;
+    constexpr std::size_t kMostToldOfLine = 80;
     std::string text;
     AppendLine(text, held);
     if (const auto* const odd = std::get_if<OddLine>(&held); odd != nullptr && !odd->expected.empty()) {
@@ -414,9 +414,9 @@ void RefuseLine(const std::string& name, std::size_t place, const Line& held, co
         if (!line.is_object() || (request.is_object() && Holds(line, request)))
             throw JournalError(name, JournalLine(place), odd->expected, odd->found);
     }
-    throw Divergence(JournalLine(place),
-                     Concat(Printable(name, 300), ":", JournalLine(place), ": the journal holds ",
-                            Printable(text, kMostHeld), ", the engine asked ", Printable(asked, kMostAsked)));
+    throw Divergence(JournalLine(place), Concat(Printable(name, 300), ":", JournalLine(place), ": the journal holds ",
+                                                Printable(text, kMostToldOfLine), ", the engine asked ",
+                                                Printable(asked, kMostToldOfRequest)));
 }
 
 }  // namespace korvane::journal
