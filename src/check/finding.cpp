@@ -108,7 +108,8 @@ const Kind* KindNamed(std::string_view code) {
     return kind == kKinds.end() ? nullptr : &*kind;
 }
 
-void Report::Add(std::string_view kind, int line, std::size_t column, std::string message, std::string_view text) {
+void Report::Add(std::string_view kind, int line, std::size_t column, const std::string& message,
+                 std::string_view text) {
     const auto* const known = KindNamed(kind);
     if (known == nullptr)
         throw std::logic_error("there is no such kind of finding: " + std::string(kind));

@@ -37,7 +37,8 @@ class Report {
 
     const std::string& file() const { return file_; }
     // Adds a finding of a kind that there is.
-    void Add(std::string_view kind, int line, std::size_t column, std::string message, std::string_view text = {});
+    void Add(std::string_view kind, int line, std::size_t column, const std::string& message,
+             std::string_view text = {});
     bool HasAny() const { return count_ > 0; }
 
   private:
@@ -55,8 +56,8 @@ struct Piece {
     // The column, from 1, at which a part of the text begins.
     std::size_t ColumnOf(std::string_view part) const;
 };
-inline void Add(Report& report, std::string_view kind, const Piece& piece, std::string message) {
-    report.Add(kind, piece.line, piece.ColumnOf(piece.text), std::move(message), piece.whole);
+inline void Add(Report& report, std::string_view kind, const Piece& piece, const std::string& message) {
+    report.Add(kind, piece.line, piece.ColumnOf(piece.text), message, piece.whole);
 }
 
 // The known name that a wrong one is likely to mean: the nearest, if it is near; empty for none.

@@ -112,7 +112,7 @@ void CheckOne(Report& report, const Piece& one, const Known& known, bool isBasic
     if (!IsLevel(Trim(level.text)))
         return Add(report, "skill-level", level,
                    !sets && text.find(')', mark) != std::string_view::npos
-                       ? Concat("the \"-\" in \"", text, R"(" is taken for the mark of a level; write ")", text, "=1\"")
+                       ? Concat(R"(the "-" in ")", text, R"(" is taken for the mark of a level; write ")", text, "=1\"")
                        : Concat("\"", level.text, "\" is no level; write a whole number up to 15"));
     if (isBasic)
         return Add(report, "basic-training", level,
