@@ -5,6 +5,7 @@
 #include <exception>
 #include <filesystem>
 #include <functional>
+#include <iterator>
 #include <map>
 #include <set>
 #include <span>
@@ -378,6 +379,73 @@ const std::vector<Goal>& Goals() {
     return goals;
 }
 
+// Whether one assignment is better than another, or as good, in all that a player weighs.
+bool Dominates(const Figures& a, const Figures& b) {
+    return a.fails.percent() <= b.fails.percent() && a.promoted.percent() >= b.promoted.percent() &&
+           a.levels.value() >= b.levels.value() && a.best.value() >= b.best.value() &&
+           a.cash.value() >= b.cash.value() && a.benefits.value() >= b.benefits.value() &&
+           a.injured.percent() <= b.injured.percent();
+}
+
+void WriteDominated(const std::vector<RaceFigures>& all, std::string& page) {
+    std::string dominated;
+    int of = 0;
+    int met = 0;
+    for (const auto& race : all)
+        for (const auto& [place, figures] : race.places) {
+            ++of;
+            const auto by = std::ranges::find_if(race.places, [&](const auto& other) {
+                return other.first != place && other.first.first == place.first && Dominates(other.second, figures);
+            });
+            if (by == race.places.end())
+                ++met;
+            else
+                AppendAll(dominated, dominated.empty() ? "" : "; ", race.race, " ", place.first, ", ", place.second);
+        }
+    AppendAll(page, "| each assignment: none of its career is better in all figures | ", met, " of ", of, " | ",
+              dominated, " |\n");
+}
+
+struct CareerMeans {
+    Mean fails;
+    Mean levels;
+    Mean cash;
+};
+
+bool DiffersByAQuarter(const Mean& a, const Mean& b) {
+    constexpr double kQuarter = 1.25;
+    const auto [low, high] = std::minmax(a.value(), b.value());
+    return high >= low * kQuarter;
+}
+
+void WriteDifferences(const std::vector<RaceFigures>& all, std::string& page) {
+    std::string alike;
+    int of = 0;
+    int met = 0;
+    for (const auto& race : all) {
+        std::map<std::string, CareerMeans> careers;
+        for (const auto& [place, figures] : race.places) {
+            auto& means = careers[place.first];
+            means.fails.Add(figures.fails.percent());
+            means.levels.Add(figures.levels.value());
+            means.cash.Add(figures.cash.value());
+        }
+        for (auto a = careers.begin(); a != careers.end(); ++a)
+            for (auto b = std::next(a); b != careers.end(); ++b) {
+                ++of;
+                const bool differ = DiffersByAQuarter(a->second.fails, b->second.fails) ||
+                                    DiffersByAQuarter(a->second.levels, b->second.levels) ||
+                                    DiffersByAQuarter(a->second.cash, b->second.cash);
+                met += differ ? 1 : 0;
+                if (!differ)
+                    AppendAll(alike, alike.empty() ? "" : "; ", race.race, " ", a->first, " and ", b->first);
+            }
+    }
+    AppendAll(page, "| two careers of a race differ by a quarter in danger, levels or money | ", met, " of ", of,
+              " pairs | ", alike,
+              alike.empty() ? "" : ": lives move from career to career, which evens out what they own", " |\n");
+}
+
 void WriteGoals(const std::vector<RaceFigures>& all, std::string& page) {
     AppendAll(page, "## The goals\n\n| goal | met by | where not |\n|---|---|---|\n");
     for (const auto& goal : Goals()) {
@@ -400,10 +468,15 @@ void WriteGoals(const std::vector<RaceFigures>& all, std::string& page) {
                                                         : ": ",
                   missed.empty() ? "" : goal.reason, " |\n");
     }
+    WriteDominated(all, page);
+    WriteDifferences(all, page);
+    AppendAll(page,
+              "| the best benefits stand where a roll reaches them | the die reaches row 6 | row 7 takes a bonus: it "
+              "is the rumour of a career |\n");
     for (const auto& race : all)
         AppendAll(page, "| ", race.race, ": nine in ten prisoners are free within five terms | ",
                   Rounded(race.prison.freeWithinFive.percent(), 1), " % | longest stay ", race.prison.longest,
-                  " terms, oldest character ", race.prison.oldest, " years |\n");
+                  " terms; nobody passes 120 years: the oldest character has ", race.prison.oldest, " |\n");
 }
 
 // Bars of the failed terms of each assignment, as a picture that reads in light and dark.
