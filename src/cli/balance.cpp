@@ -414,7 +414,7 @@ struct CareerMeans {
 
 bool DiffersByAQuarter(const Mean& a, const Mean& b) {
     constexpr double kQuarter = 1.25;
-    const auto [low, high] = std::minmax(a.value(), b.value());
+    const auto [low, high] = std::minmax({a.value(), b.value()});  // the list gives values, not references
     return high >= low * kQuarter;
 }
 
