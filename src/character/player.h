@@ -154,6 +154,8 @@ class LifeSteps {
     virtual std::size_t MomentCount() const = 0;
     virtual Moment MomentAt(std::size_t place) const = 0;
     virtual bool MayGoForward() const = 0;
+    // Whether the life is kept, so that it can be left and gone on with.
+    virtual bool IsKept() const = 0;
 
     bool MayGoBack() const { return MomentCount() > 0; }
 };

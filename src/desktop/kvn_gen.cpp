@@ -450,7 +450,9 @@ void KVNGen::Guard(const std::function<void()>& action) {
         action();
         Refresh();
     } catch (const PlayerLeft&) {
-        return;  // the program ends; what is kept of the life can be gone on with
+        player_.Finish();
+        Refresh();
+        Say(tr("The life can be gone on with from its journal (Ctrl+O)."));
     } catch (const RuleError& error) {
         TellStopped(ToQt(error.what()));
     } catch (const journal::JournalError& error) {

@@ -28,7 +28,7 @@ class WhileLiving {
 }  // namespace
 
 RecordedLife::RecordedLife(Session& session, Dice& dice, Player& player)
-    : session_(session), dice_(&dice), deck_(session, tape_, &dice, &player) {
+    : session_(session), seams_(session.seams), dice_(&dice), deck_(session, tape_, &dice, &player) {
     deck_.recorded = [this](const journal::Line& line) { NoteRecorded(line); };
     deck_.playedOut = [this] {
         if (cameBack)

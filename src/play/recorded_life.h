@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "character/seams_guard.h"
 #include "play/life.h"
 
 namespace korvane::play {
@@ -62,6 +63,7 @@ class RecordedLife : public LifeSteps, private Observer {
     std::size_t MomentCount() const override { return deck_.answered().size(); }
     Moment MomentAt(std::size_t place) const override { return deck_.answered().at(place).moment; }
     bool MayGoForward() const override { return !undone_.empty(); }
+    bool IsKept() const override { return keeper != nullptr; }
 
   private:
     // What a life starts from.
@@ -89,6 +91,7 @@ class RecordedLife : public LifeSteps, private Observer {
     void NoteRecorded(const journal::Line& line);
 
     Session& session_;
+    SeamsGuard seams_;  // nothing of this stays in the session
     Dice* dice_;
     std::optional<Seed> seed_;
     std::uint64_t number_ = 0;

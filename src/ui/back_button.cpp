@@ -9,7 +9,8 @@ BackButton::BackButton(QDialog& dialog)
       dialog_(dialog),
       back_(Add(tr("&Back"), Qt::CTRL | Qt::Key_Z, kWentBack)),
       forward_(Add(tr("&Forward"), Qt::CTRL | Qt::SHIFT | Qt::Key_Z, kWentForward)),
-      history_(Add(tr("Back by the &History..."), Qt::CTRL | Qt::Key_H, kWentToHistory)) {
+      history_(Add(tr("Back by the &History..."), Qt::CTRL | Qt::Key_H, kWentToHistory)),
+      leave_(Add(tr("&Leave, to go on from the journal later"), Qt::CTRL | Qt::Key_L, kWentAway)) {
     setObjectName("back");
     setText(tr("Back"));
     setIcon(style()->standardIcon(QStyle::SP_ArrowBack));
@@ -40,7 +41,9 @@ QAction* BackButton::Add(const QString& text, const QKeySequence& keys, int resu
 void BackButton::Offer(const LifeSteps* steps) {
     const bool may_go_back = steps != nullptr && steps->MayGoBack();
     const bool may_go_forward = steps != nullptr && steps->MayGoForward();
-    setEnabled(may_go_back || may_go_forward);
+    const bool may_leave = steps != nullptr && steps->IsKept();
+    setEnabled(may_go_back || may_go_forward || may_leave);
+    leave_->setEnabled(may_leave);
     back_->setEnabled(may_go_back);
     history_->setEnabled(may_go_back);
     forward_->setEnabled(may_go_forward);

@@ -14,9 +14,11 @@ namespace korvane::ui {
 inline constexpr int kWentBack = 3;
 inline constexpr int kWentForward = 4;
 inline constexpr int kWentToHistory = 5;
+inline constexpr int kWentAway = 6;
 
-// "Back" asks the last question again (Ctrl+Z); its menu leads forward again (Ctrl+Shift+Z) and to any question of the
-// history (Ctrl+H). It leaves the dialog with one of the results above.
+// "Back" asks the last question again (Ctrl+Z); its menu leads forward again (Ctrl+Shift+Z), to any question of the
+// history (Ctrl+H), and out of a life whose journal is kept (Ctrl+L). It leaves the dialog with one of the results
+// above.
 class BackButton : public QToolButton {
   public:
     explicit BackButton(QDialog& dialog);
@@ -32,6 +34,7 @@ class BackButton : public QToolButton {
     QAction* back_;
     QAction* forward_;
     QAction* history_;
+    QAction* leave_;
 };
 
 }  // namespace korvane::ui

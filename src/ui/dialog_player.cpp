@@ -109,6 +109,10 @@ int DialogPlayer::RunWithSteps(const std::function<int()>& run) {
             Finish();
             throw WentForward();
         }
+        if (result == kWentAway && steps->IsKept()) {
+            Finish();
+            throw PlayerLeft();
+        }
         if (result != kWentToHistory)
             return result;
         const bool musters = muster_ && muster_->isVisible();
