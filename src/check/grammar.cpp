@@ -268,8 +268,13 @@ void CheckEntry(Report& report, const Piece& entry, const codes::Chain& chain, s
     const auto [text, rest] = SplitFirst(entry.text, "/");
     if (IsBlank(text))
         Add(report, "text-missing", entry, "the entry has no text");
-    if (text.size() == entry.text.size())
+    if (text.size() == entry.text.size()) {
+        const auto last = text.substr(text.find_last_of(" .\\") + 1);
+        if (const auto known = CodesOf(chain); std::ranges::find(known, last) != known.end())
+            Add(report, "code-unknown", {entry.line, entry.whole, last},
+                Concat(last, " is only a word here; codes stand behind a \"/\""));
         return;
+    }
     const Piece behind{entry.line, entry.whole, entry.text.substr(text.size())};
     if (rest.find('/') != std::string_view::npos || LooksLikeText(rest))
         return Add(report, "slash", behind, "the text ends at this \"/\", and what follows is taken for codes");

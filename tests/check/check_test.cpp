@@ -119,6 +119,7 @@ TEST_F(Check, EachMistakeIsToldOnceAtItsPlace) {
         {kCareer, 58, "You bid on a shed./ROGHEIST", "58:20 code-foreign"},
         {kCareer, 58, "You bid on a shed and/or a boat./LIFE", "58:22 slash"},
         {kCareer, 58, "You bid on a shed/", "58:18 code-unknown"},
+        {kCareer, 58, "You bid on a shed. LIFE", "58:20 code-unknown"},
         {kCareer, 61, "/LIFE", "61:1 text-missing"},
         // skills
         {kCareer, 21, "Brokr", "21:1 skill-unknown"},
