@@ -387,6 +387,12 @@ bool Dominates(const Figures& a, const Figures& b) {
            a.injured.percent() <= b.injured.percent();
 }
 
+bool IsDominated(const RaceFigures& race, const Place& place, const Figures& figures) {
+    return std::ranges::any_of(race.places, [&](const auto& other) {
+        return other.first != place && other.first.first == place.first && Dominates(other.second, figures);
+    });
+}
+
 void WriteDominated(const std::vector<RaceFigures>& all, std::string& page) {
     std::string dominated;
     int of = 0;
@@ -394,10 +400,7 @@ void WriteDominated(const std::vector<RaceFigures>& all, std::string& page) {
     for (const auto& race : all)
         for (const auto& [place, figures] : race.places) {
             ++of;
-            const auto by = std::ranges::find_if(race.places, [&](const auto& other) {
-                return other.first != place && other.first.first == place.first && Dominates(other.second, figures);
-            });
-            if (by == race.places.end())
+            if (!IsDominated(race, place, figures))
                 ++met;
             else
                 AppendAll(dominated, dominated.empty() ? "" : "; ", race.race, " ", place.first, ", ", place.second);
