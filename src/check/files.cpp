@@ -70,10 +70,12 @@ void CheckCommission(Report& report, const Piece& value, const Known& known) {
         return;
     if (EqualsIgnoringCase(Trim(text), "No") || text == "No.")
         return Add(report, "commission", value, "a career without commissions says \"No\", exactly so");
+    if (text == "None" || text == "-" || IsBlank(text))
+        return Add(report, "commission", value, "a career without commissions says \"No\"");
     if (CharacterCount(text) > kKept)
         return Add(report, "commission", value,
                    Concat("only five characters are kept: \"", FirstCharacters(text, kKept), "\""));
-    CheckRolledCheck(report, value, known);
+    CheckRolledCheck(report, value, known, kKept);
 }
 
 void CheckCash(Report& report, const TextFile& file) {
@@ -104,9 +106,7 @@ void CheckBenefits(Report& report, const TextFile& file, const Known& known) {
             continue;
         }
         const auto near = Nearest(text, benefits);
-        const bool is_slip = !near.empty() && near.size() > 5 && CharacterCount(text) + 2 >= near.size() &&
-                             Nearest(text, std::array{near}) == near &&
-                             Upper(text).substr(0, 3) == Upper(near).substr(0, 3);
+        const bool is_slip = near.size() > 5 && EqualsIgnoringCase(FirstCharacters(text, 3), FirstCharacters(near, 3));
         if (is_slip)
             Add(report, "benefit", piece, Concat("\"", text, "\" is only written down; did you mean \"", near, "\"?"));
     }
@@ -238,12 +238,13 @@ void CheckCharacteristic(Report& report, const Piece& line, std::vector<std::str
     if (std::ranges::find(before, name) != before.end())
         return Add(report, "duplicate", line, Concat("the characteristic \"", name, "\" stands twice"));
     before.push_back(name);
-    const bool has_dice = text.size() >= 5 && text[3] == ' ' && text[4] >= '1' && text[4] <= '9';
-    const auto modifier = text.size() > 6 ? text.substr(6) : std::string_view();
+    const auto rest = AfterCharacters(text, 3);  // " 2", " 2 +1"
+    const bool has_dice = rest.size() >= 2 && rest[0] == ' ' && rest[1] >= '1' && rest[1] <= '9';
+    const auto modifier = rest.size() > 3 ? rest.substr(3) : std::string_view();
     const bool has_modifier =
         modifier.empty() || ((modifier[0] == '+' || modifier[0] == '-') && modifier.size() > 1 &&
                              modifier.find_first_not_of("0123456789", 1) == std::string_view::npos);
-    if (!has_dice || !has_modifier || (text.size() > 5 && text[5] != ' '))
+    if (!has_dice || !has_modifier || (rest.size() > 2 && rest[2] != ' '))
         Add(report, "number", line, Concat("\"", text, R"(" is no characteristic; write "Str 2" or "Str 2 +1")"));
 }
 

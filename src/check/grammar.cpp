@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <iterator>
 
 #include "base/text.h"
+#include "character/checks.h"
 #include "engine/codes/chains.h"
 
 namespace korvane::check {
@@ -42,17 +44,25 @@ std::string ListOf(const std::vector<std::string>& names) {
 }
 
 // The check that counts a characteristic, with its sign in that one's place; empty where none can.
-std::string CheckCounting(const Known& known, std::size_t slot, std::string_view target) {
+std::string CheckCounting(const Known& known, std::size_t slot, int target) {
     const auto& name = known.characteristics[slot - 1];
+    const auto digits = Concat(target);
     if (slot <= 3)
-        return name.substr(0, slot - 1) + "+" + name.substr(slot - 1) + std::string(target);
-    if (slot == 4)
-        return Concat(name, "+", target);
-    if (slot == 5)
-        return Concat(name, " +", target);
-    if (target.size() > slot - 5)
+        return Concat(FirstCharacters(name, slot - 1), "+", AfterCharacters(name, slot - 1), digits);
+    if (slot <= 5)
+        return Concat(name, slot == 5 ? " +" : "+", digits);
+    if (digits.size() > slot - 5)
         return {};
-    return Concat(name, " ", std::string(slot - 5 - target.size(), '0'), target, "+");
+    return Concat(name, " ", std::string(slot - 5 - digits.size(), '0'), digits, "+");
+}
+
+// What to write instead of a check that should count a characteristic, in at most so many characters.
+std::string Advice(const Known& known, std::size_t slot, int target, std::size_t most) {
+    constexpr int kUsualTarget = 6;
+    const auto right = CheckCounting(known, slot, target > 0 ? target : kUsualTarget);
+    if (right.empty() || CharacterCount(right) > most)
+        return {};
+    return Concat("; write ", right, " for ", known.characteristics[slot - 1]);
 }
 
 void CheckRaise(Report& report, const Piece& raise, const Known& known) {
@@ -60,7 +70,8 @@ void CheckRaise(Report& report, const Piece& raise, const Known& known) {
         return;
     const auto text = raise.text;
     const auto slot = SlotOf(known, FirstCharacters(text, 3));
-    const bool is_form = text.size() > 5 && text[3] == ' ' && text[4] == '+' && IsLevel(text.substr(5));
+    const auto rest = AfterCharacters(text, 3);
+    const bool is_form = rest.starts_with(" +") && IsLevel(rest.substr(2));
     if (slot > 0 && is_form)
         return;
     const auto name = slot > 0 ? known.characteristics[slot - 1] : std::string("Str");
@@ -214,52 +225,45 @@ void CheckSkillRow(Report& report, const Piece& row, const Known& known, bool is
         CheckOne(report, {row.line, row.whole, part}, known, false);
 }
 
-void CheckRolledCheck(Report& report, const Piece& check, const Known& known) {
+void CheckRolledCheck(Report& report, const Piece& check, const Known& known, std::size_t most) {
+    constexpr std::size_t kMostPlaces = 10;
     if (!known.trusted)
         return;
     const auto text = check.text;
-    const auto place = text.find('+');
     if (text.starts_with(' '))
         return Add(report, "check-form", check,
                    Concat("a blank before the check moves all its places; write \"", Trim(text), "\""));
     std::string letters;
-    for (const char c : text)
-        if (!IsDigit(c) && c != '+' && c != ' ')
-            letters += c;
-    const auto target_text = text.size() > 4 ? text.substr(text[4] == '+' ? 5 : 4) : std::string_view();
-    const auto target =
-        target_text.substr(0, std::min(target_text.find_first_not_of("0123456789"), target_text.size()));
+    std::ranges::copy_if(text, std::back_inserter(letters), [](char c) { return !IsDigit(c) && c != '+' && c != ' '; });
     const auto slot = SlotOf(known, letters);
     if (slot == 0)
         return Add(report, "check-characteristic", check,
                    Concat("the race has no characteristic \"", letters, "\"; it has ", ListOf(known.characteristics)));
-    const auto right = CheckCounting(
-        known, slot,
-        target.empty() ? "6"
-                       : target.substr(target.size() > 1 && target[0] == '0' ? target.find_first_not_of('0') : 0));
-    const auto advice =
-        right.empty() ? std::string() : Concat("; write ", right, " for ", known.characteristics[slot - 1]);
-    if (place == std::string_view::npos)
+    const auto place = CharacterPosition(text, '+');
+    const int target = CheckTarget(text);
+    const auto advice = Advice(known, slot, target, most);
+    if (place == 0)
         return Add(report, "check-form", check, Concat("without a \"+\" no modifier counts", advice));
-    const Piece sign{check.line, check.whole, text.substr(place)};
-    if (place >= 10)
+    const Piece sign{check.line, check.whole, text.substr(text.find('+'))};
+    if (place > kMostPlaces)
         return Add(report, "check-form", sign, Concat("a \"+\" beyond the tenth place stops the life", advice));
-    if (target.empty())
+    if (target <= 0)
         return Add(report, "check-form", check, Concat("no target begins at the fifth character", advice));
-    if (place + 1 > known.characteristics.size())
+    if (place > known.characteristics.size())
         return Add(report, "check-counts-other", sign,
-                   Concat("the \"+\" stands in place ", place + 1, ", where the race has no characteristic", advice));
-    if (place + 1 != slot)
-        Add(report, "check-counts-other", sign, Concat("counts ", known.characteristics[place], advice));
+                   Concat("the \"+\" stands in place ", place, ", where the race has no characteristic", advice));
+    if (place != slot)
+        Add(report, "check-counts-other", sign, Concat("counts ", known.characteristics[place - 1], advice));
 }
 
 void CheckRequirement(Report& report, const Piece& title, const Known& known) {
     if (!known.trusted)
         return;
     const auto text = title.text;
-    const auto number = text.size() > 4 ? text.substr(4) : std::string_view();
+    const auto rest = AfterCharacters(text, 3);
+    const auto number = rest.substr(rest.starts_with(' ') ? 1 : 0);
     const auto digits = number.ends_with('+') ? number.substr(0, number.size() - 1) : number;
-    if (SlotOf(known, FirstCharacters(text, 3)) == 0 || text.size() < 5 || text[3] != ' ' || !IsWhole(digits))
+    if (SlotOf(known, FirstCharacters(text, 3)) == 0 || !rest.starts_with(' ') || !IsWhole(digits))
         Add(report, "title", title,
             Concat("\"", text, R"(" is no requirement; write a characteristic and a number, as "Edu 8+")"));
 }

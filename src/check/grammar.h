@@ -23,8 +23,8 @@ struct Known {
 
 // A row of a skill table, a rank bonus, a background skill. `isBasic`: of the first table.
 void CheckSkillRow(Report& report, const Piece& row, const Known& known, bool isBasic = false);
-// A check that is rolled, as "En+d6".
-void CheckRolledCheck(Report& report, const Piece& check, const Known& known);
+// A check that is rolled, as "En+d6"; what is advised instead has at most so many characters.
+void CheckRolledCheck(Report& report, const Piece& check, const Known& known, std::size_t most = 20);
 // A requirement, as "Edu 8+".
 void CheckRequirement(Report& report, const Piece& title, const Known& known);
 // An entry of a mishap or event table of a career.
