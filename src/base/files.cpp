@@ -8,7 +8,6 @@
 #include <csignal>
 #include <fcntl.h>
 #include <fstream>
-#include <iostream>
 #include <random>
 #include <sys/stat.h>
 #include <system_error>

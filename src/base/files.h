@@ -5,7 +5,6 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "base/paths.h"
@@ -46,8 +45,8 @@ void SyncFolder(const std::filesystem::path& folder);
 class LineFile {
   public:
     // Makes the file, with its folder; an empty one that is there is taken. Throws IoError for one that holds something
-    // already, and for what the system refuses.
-    // `goesOn`: what the file holds is left as it is, to be cut or gone on with.
+    // already, and for what the system refuses. With `goesOn` what a file holds is left as it is, to be cut or gone on
+    // with.
     LineFile(std::filesystem::path path, Sync sync, bool goesOn = false);
     ~LineFile();
     LineFile(const LineFile&) = delete;

@@ -101,10 +101,6 @@ bool EndsIgnoringCase(std::string_view text, std::string_view ending) {
     return text.size() >= ending.size() && EqualsIgnoringCase(text.substr(text.size() - ending.size()), ending);
 }
 
-bool ContainsIgnoringCase(std::string_view text, std::string_view part) {
-    return std::search(text.begin(), text.end(), part.begin(), part.end(), SameLetter) != text.end() || part.empty();
-}
-
 bool LessIgnoringCase(std::string_view a, std::string_view b) {
     const auto less = [](char x, char y) {
         return static_cast<unsigned char>(UpperLetter(x)) < static_cast<unsigned char>(UpperLetter(y));

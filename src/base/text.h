@@ -26,7 +26,6 @@ std::string Upper(std::string_view text);
 bool EqualsIgnoringCase(std::string_view a, std::string_view b);
 bool BeginsIgnoringCase(std::string_view text, std::string_view beginning);
 bool EndsIgnoringCase(std::string_view text, std::string_view ending);
-bool ContainsIgnoringCase(std::string_view text, std::string_view part);
 // Whether `a` sorts before `b`.
 bool LessIgnoringCase(std::string_view a, std::string_view b);
 

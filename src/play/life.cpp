@@ -11,6 +11,13 @@
 
 namespace korvane::play {
 
+void Insert(journal::TapeDeck& deck, Session& session) {
+    deck.observer = session.seams.observer;
+    session.seams.dice = &deck;
+    session.seams.player = &deck;
+    session.seams.observer = &deck;
+}
+
 LifeOutcome LiveOut(Session& session, const Beginning& begin) {
     try {
         begin(session);
@@ -83,10 +90,7 @@ LifeOutcome LiveRecorded(Session& session, journal::Tape& tape, const Origin& di
     const SeamsGuard guard(session.seams);
     tape.start = StartOf(session, dice);
     journal::TapeDeck deck(session, tape, session.seams.dice, session.seams.player);
-    deck.observer = session.seams.observer;
-    session.seams.dice = &deck;
-    session.seams.player = &deck;
-    session.seams.observer = &deck;
+    Insert(deck, session);
     deck.NoteSelection();
     auto outcome = LiveOut(session);
     tape.end = EndOf(session, tape, outcome);
@@ -96,10 +100,7 @@ LifeOutcome LiveRecorded(Session& session, journal::Tape& tape, const Origin& di
 LifeOutcome LiveAgain(Session& session, const journal::Tape& tape, journal::TapeDeck& deck) {
     const SeamsGuard guard(session.seams);
     SelectStartOf(session, tape.start);
-    deck.observer = session.seams.observer;
-    session.seams.dice = &deck;
-    session.seams.player = &deck;
-    session.seams.observer = &deck;
+    Insert(deck, session);
     deck.NoteSelection();
     auto outcome = LiveOut(session);
     deck.ExpectEnd(PlainEndOf(outcome));

@@ -27,6 +27,9 @@ struct LifeOutcome {
     bool endedInFileError() const { return kind == "file"; }
 };
 
+// Has a deck answer what the session asks, and note what it does; what observed it before is told on.
+void Insert(journal::TapeDeck& deck, Session& session);
+
 // How a character begins: usually with new dice.
 using Beginning = std::function<void(Session&)>;
 

@@ -34,10 +34,8 @@ RecordedLife::RecordedLife(Session& session, Dice& dice, Player& player)
         if (cameBack)
             cameBack();
     };
+    Insert(deck_, session);
     deck_.observer = this;
-    session.seams.dice = &deck_;
-    session.seams.player = &deck_;
-    session.seams.observer = &deck_;
 }
 
 void RecordedLife::UseDice(Dice& dice) {

@@ -47,6 +47,8 @@ struct Journal {
 // when a life comes to it, and is the last. Throws JournalError for a malformed first line.
 Journal ReadJournal(std::string name, std::string_view text);
 
+// The engine asked something where the journal holds something else, at that place of its tape.
+Divergence DivergenceAt(const std::string& name, std::size_t place, std::string_view held, std::string_view asked);
 // Refuses a line that the engine's request met. Throws JournalError when only its answer can't be taken, else
 // Divergence.
 [[noreturn]] void RefuseLine(const std::string& name, std::size_t place, const Line& held, const std::string& asked);

@@ -73,9 +73,7 @@ void TapeDeck::GoOn(bool live, const Line& asked) {
             throw JournalError(name_, JournalLine(position_), "another line of the journal", "the end of the file");
         std::string held;
         AppendEnd(held, *tape_.end);
-        throw Divergence(JournalLine(position_),
-                         Concat(Printable(name_, 300), ":", JournalLine(position_), ": the journal holds ",
-                                Printable(held, 80), ", the engine asked ", Printable(RequestText(asked), 300)));
+        throw DivergenceAt(name_, position_, held, RequestText(asked));
     }
     if (std::exchange(played_, false) && playedOut)
         playedOut();
@@ -242,9 +240,7 @@ void TapeDeck::ExpectEnd(const End& end) const {
         return;
     std::string held;
     AppendEnd(held, *tape_.end);
-    throw Divergence(JournalLine(position_),
-                     Concat(Printable(name_, 300), ":", JournalLine(position_), ": the journal holds ",
-                            Printable(held, 80), ", the engine asked ", Printable(asked, 300)));
+    throw DivergenceAt(name_, position_, held, asked);
 }
 
 }  // namespace korvane::journal
