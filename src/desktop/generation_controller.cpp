@@ -145,14 +145,15 @@ void GenerationController::SwapEnded() {
 }
 
 void GenerationController::WithEnded(const std::function<void()>& action) {
-    SwapEnded();
-    try {
-        action();
-    } catch (...) {
-        SwapEnded();
-        throw;
-    }
-    SwapEnded();
+    struct Swapped {
+        GenerationController& controller;
+        explicit Swapped(GenerationController& of) : controller(of) { controller.SwapEnded(); }
+        ~Swapped() { controller.SwapEnded(); }
+        Swapped(const Swapped&) = delete;
+        Swapped& operator=(const Swapped&) = delete;
+    };
+    const Swapped swapped(*this);
+    action();
 }
 
 void GenerationController::ControlsLocked(bool locked) noexcept {

@@ -1,30 +1,30 @@
 #include "desktop/kvn_gen.h"
 
 #include <QAction>
-#include <QCoreApplication>
-#include <QEventLoop>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <initializer_list>
 #include <utility>
 
-#include "base/files.h"
 #include "base/text.h"
 #include "character/characteristics.h"
 #include "character/summary.h"
+#include "desktop/moment_chooser.h"
 #include "engine/selection.h"
 #include "engine/term_loop.h"
 #include "output/character_text.h"
-#include "output/journal/lines.h"
 #include "output/summary_texts.h"
-#include "play/kept_journal.h"
 #include "ui/kvn_about.h"
+#include "ui/looks.h"
 #include "ui/message_boxes.h"
 #include "ui/qt_text.h"
 
@@ -62,6 +62,7 @@ KVNGen::KVNGen(Session& session, ui::InputGuard& guard, Dice& dice)
       guard_(guard),
       player_(session, *this, guard),
       controller_(session, dice, player_),
+      journals_(*this, guard, controller_),
       selectCareer_("Select Career"),
       statistics_("Statistics"),
       optionsGroup_("Options"),
@@ -74,7 +75,7 @@ KVNGen::KVNGen(Session& session, ui::InputGuard& guard, Dice& dice)
       scrapAndRestart_("Scrap and Restart"),
       skills_("skills", "Skills"),
       history_("history", "History"),
-      options_(kAllOptions, 1),
+      options_(kAllOptions, 2),
       details_("details", "Details") {
     session.seams.display = &controller_;
     setObjectName("KVNGen");
@@ -84,6 +85,7 @@ KVNGen::KVNGen(Session& session, ui::InputGuard& guard, Dice& dice)
     SetUpStatistics();
     SetUpDetails();
     LayOut();
+    SetUpPlayer();
     SetUpHandlers();
 }
 
@@ -91,14 +93,13 @@ void KVNGen::SetUpMenu() {
     auto* const exit = menuBar()->addAction("&Exit");
     connect(exit, &QAction::triggered, this, [this] { Do([this] { guard_.EndProgram(0); }); });
     auto* const life = menuBar()->addMenu(tr("&Life"));
-    const auto add = [&](const QString& text, const QKeySequence& keys, void (KVNGen::*act)()) {
-        connect(life->addAction(text, keys), &QAction::triggered, this,
-                [this, act] { Do([this, act] { (this->*act)(); }); });
+    const auto add = [&](const QString& text, const QKeySequence& keys, const std::function<void()>& act) {
+        connect(life->addAction(text, keys), &QAction::triggered, this, [this, act] { Do(act); });
     };
-    add(tr("&Keep a journal..."), Qt::CTRL | Qt::Key_K, &KVNGen::KeepJournal);
-    add(tr("&Go on from a journal..."), Qt::CTRL | Qt::Key_O, &KVNGen::OpenJournal);
-    add(tr("&Journal of this character..."), Qt::CTRL | Qt::Key_S, &KVNGen::SaveJournal);
-    add(tr("&Export..."), Qt::CTRL | Qt::Key_E, &KVNGen::ExportEnded);
+    add(tr("&Keep a journal..."), Qt::CTRL | Qt::Key_K, [this] { journals_.AskToKeep(); });
+    add(tr("&Go on from a journal..."), Qt::CTRL | Qt::Key_O, [this] { journals_.AskToGoOn(); });
+    add(tr("&Journal of this character..."), Qt::CTRL | Qt::Key_S, [this] { journals_.Save(); });
+    add(tr("&Export..."), Qt::CTRL | Qt::Key_E, [this] { ExportEnded(); });
     auto* const about = menuBar()->addAction("&About");
     connect(about, &QAction::triggered, this, [this] { Do([this] { ShowAbout(); }); });
 }
@@ -119,29 +120,21 @@ void KVNGen::SetUpSelection() {
 }
 
 void KVNGen::SetUpStatistics() {
-    auto* const column = new QVBoxLayout(&statistics_);
-    constexpr int kMostLines = 11;
-    constexpr int kUsualLines = 9;
-    characteristics_.setMaximumHeight(characteristics_.fontMetrics().lineSpacing() * kMostLines);
-    characteristics_.setMinimumHeight(characteristics_.fontMetrics().lineSpacing() * kUsualLines);
     // It is locked while a career runs, and most wanted then.
-    auto palette = characteristics_.palette();
-    palette.setColor(QPalette::Disabled, QPalette::Text, palette.color(QPalette::Active, QPalette::Text));
-    characteristics_.setPalette(palette);
-    column->addWidget(&characteristics_, 1);
-    column->addWidget(&roll_);
-    column->addWidget(&roll3Drop1_);
-    column->addWidget(&true2D_);
+    ui::KeepReadable(characteristics_);
+    auto* const columns = new QHBoxLayout(&statistics_);
+    columns->addWidget(&characteristics_, 1);
+    auto* const rolling = new QVBoxLayout;
+    for (QWidget* const control : std::initializer_list<QWidget*>{&roll_, &roll3Drop1_, &true2D_})
+        rolling->addWidget(control);
+    rolling->addStretch();
+    columns->addLayout(rolling);
     roll_.setObjectName("roll");
     roll_.setShortcut(Qt::CTRL | Qt::Key_R);
     roll_.setToolTip(tr("New characteristics (Ctrl+R)"));
     roll3Drop1_.setObjectName("roll3Drop1");
     true2D_.setObjectName("true2D");
     (session_.method == RollingMethod::True2D ? true2D_ : roll3Drop1_).setChecked(true);
-    startCareer_.setObjectName("startCareer");
-    startCareer_.setShortcut(Qt::CTRL | Qt::Key_Return);
-    startCareer_.setToolTip(tr("Live the character's life (Ctrl+Return)"));
-    scrapAndRestart_.setObjectName("scrapAndRestart");
 }
 
 void KVNGen::SetUpDetails() {
@@ -162,37 +155,49 @@ void KVNGen::SetUpDetails() {
     column->addWidget(&details_, 1);
 }
 
-void KVNGen::LayOut() {
+QWidget* KVNGen::LeftColumn() {
     auto* const left = new QWidget;
-    auto* const set_up = new QVBoxLayout(left);
-    set_up->setContentsMargins({});
+    auto* const column = new QVBoxLayout(left);
+    column->setContentsMargins({});
     next_.setObjectName("next");
-    set_up->addWidget(&next_);
-    set_up->addWidget(&selectCareer_);
-    set_up->addWidget(&statistics_);
-    set_up->addWidget(&startCareer_);
-    set_up->addWidget(&scrapAndRestart_);
-    set_up->addStretch();
-
-    auto* const right = new QWidget;
-    auto* const facts = new QVBoxLayout(right);
-    facts->setContentsMargins({});
-    facts->addWidget(&detailsGroup_, 1);
+    auto* const buttons = new QHBoxLayout;
+    buttons->addWidget(&startCareer_);
+    buttons->addWidget(&scrapAndRestart_);
     auto* const boxes = new QVBoxLayout(&optionsGroup_);
     boxes->addWidget(&options_);
-    facts->addWidget(&optionsGroup_);
+    column->addWidget(&next_);
+    column->addWidget(&selectCareer_);
+    column->addWidget(&statistics_);
+    column->addLayout(buttons);
+    column->addWidget(&optionsGroup_);
+    column->addStretch();
+    startCareer_.setObjectName("startCareer");
+    startCareer_.setShortcut(Qt::CTRL | Qt::Key_Return);
+    startCareer_.setToolTip(tr("Live the character's life (Ctrl+Return)"));
+    scrapAndRestart_.setObjectName("scrapAndRestart");
+    // On a screen that is too low for it, or with large letters, it scrolls.
+    auto* const area = new QScrollArea;
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setWidgetResizable(true);
+    area->setWidget(left);
+    area->setFixedWidth(left->minimumSizeHint().width() + area->verticalScrollBar()->sizeHint().width());
+    return area;
+}
 
+QWidget* KVNGen::Panes() {
     history_.FollowNewest();
-    skills_.setMinimumWidth(skills_.fontMetrics().averageCharWidth() * 24);
-    history_.setMinimumWidth(history_.fontMetrics().averageCharWidth() * 40);
+    skills_.setMinimumWidth(skills_.fontMetrics().averageCharWidth() * 18);
+    history_.setMinimumWidth(history_.fontMetrics().averageCharWidth() * 30);
     splitter_.setObjectName("splitter");
     splitter_.setChildrenCollapsible(false);
     splitter_.addWidget(Labelled("Skills", skills_));
     splitter_.addWidget(Labelled("History", history_));
-    splitter_.addWidget(right);
+    splitter_.addWidget(&detailsGroup_);
     // In characters. The history takes most of what a wide screen has to give.
-    constexpr std::array kWidths = {32, 80, 36};
-    constexpr std::array kStretch = {1, 4, 1};
+    constexpr std::array kWidths = {28, 80, 40};
+    constexpr std::array kStretch = {1, 4, 2};
     QList<int> sizes;
     for (int i = 0; i < splitter_.count(); ++i) {
         const auto place = static_cast<std::size_t>(i);
@@ -200,33 +205,40 @@ void KVNGen::LayOut() {
         splitter_.setStretchFactor(i, kStretch.at(place));
     }
     splitter_.setSizes(sizes);
-    auto* const central = new QWidget;
-    auto* const frame = new QHBoxLayout(central);
-    left->setFixedWidth(std::max(left->sizeHint().width(), fontMetrics().averageCharWidth() * 40));
-    frame->addWidget(left);
-    auto* const shown = new QVBoxLayout;
-    heading_.setObjectName("heading");
-    heading_.setTextFormat(Qt::PlainText);
+    return &splitter_;
+}
+
+void KVNGen::LayOut() {
     for (auto* const label : {&next_, &heading_}) {
+        label->setTextFormat(Qt::PlainText);
         auto font = label->font();
         font.setBold(true);
         label->setFont(font);
     }
+    heading_.setObjectName("heading");
+    auto* const central = new QWidget;
+    auto* const frame = new QHBoxLayout(central);
+    frame->addWidget(LeftColumn());
+    auto* const shown = new QVBoxLayout;
     shown->addWidget(&heading_);
-    shown->addWidget(&splitter_, 1);
+    shown->addWidget(Panes(), 1);
     frame->addLayout(shown, 1);
     setCentralWidget(central);
     statusBar()->setSizeGripEnabled(false);
     status_.setObjectName("status");
     statusBar()->addWidget(&status_, 1);
-    const auto room = screen()->availableGeometry().size();
-    resize(std::min(room.width() * 9 / 10, fontMetrics().averageCharWidth() * 190),
-           std::min(room.height() * 9 / 10, fontMetrics().lineSpacing() * 50));
+    resize(UsualSize());
 }
 
-void KVNGen::SetUpHandlers() {
+QSize KVNGen::UsualSize() const {
+    const auto room = screen()->availableGeometry().size();
+    return {std::min(room.width() * 9 / 10, fontMetrics().averageCharWidth() * 190),
+            std::min(room.height() * 9 / 10, fontMetrics().lineSpacing() * 50)};
+}
+
+void KVNGen::SetUpPlayer() {
     player_.steps = &controller_.life();
-    player_.chooseMoment = [this] { return ChooseMoment(); };
+    player_.chooseMoment = [this] { return ChooseQuestion(); };
     controller_.life().goesOn = [this](const journal::Divergence& divergence) {
         return ui::AskYesNo(guard_, this, windowTitle(),
                             {Concat(divergence.what(),
@@ -235,6 +247,11 @@ void KVNGen::SetUpHandlers() {
     };
     player_.beforeDialog = [this] { Refresh(); };
     player_.optionsChanged = [this](const Options& options) { Guard([&] { controller_.SetOptions(options); }); };
+    journals_.live = [this](const auto& live) { Live(live); };
+    journals_.say = [this](const QString& text) { Say(text); };
+}
+
+void KVNGen::SetUpHandlers() {
     options_.changed = [this](const Options& options) { Do([&] { controller_.SetOptions(options); }); };
     connect(&race_, &QComboBox::activated, this,
             [this] { Do([this] { controller_.SelectRace(race_.currentText().toStdString()); }); });
@@ -285,87 +302,6 @@ void KVNGen::Live(const std::function<LifeEnd(const play::RecordedLife::Finished
     history_.setFocus();
 }
 
-void KVNGen::KeepIn(const std::filesystem::path& path) {
-    std::error_code error;
-    if (std::filesystem::is_regular_file(path, error) && std::filesystem::file_size(path, error) > 0) {
-        const auto journal = play::ReadJournalFile(path);
-        if (!journal.tape.end) {
-            Keep(std::make_unique<JournalKeeper>(path, ReportOfKeeper(), true));
-            GoOn(journal, path);
-            return;
-        }
-    }
-    Keep(std::make_unique<JournalKeeper>(path, ReportOfKeeper()));
-    Say(tr("Each life is kept as it is lived, the next one in %1.").arg(ToQt(path.string())));
-}
-
-void KVNGen::KeepJournal() {
-    const auto path = ui::AskForNewFile(guard_, *this, windowTitle(), tr("life.jsonl"), false);
-    if (!path.isEmpty())
-        TryToKeepIn(path.toStdString());
-}
-
-void KVNGen::KeepJournalIn(const std::filesystem::path& path) {
-    Do([&] { TryToKeepIn(path); });
-}
-
-void KVNGen::TryToKeepIn(const std::filesystem::path& path) {
-    try {
-        KeepIn(path);
-    } catch (const FileError& error) {
-        ui::ShowError(guard_, this, windowTitle(), ToQt(error.what()), tr("No journal can be kept there."));
-    }
-}
-
-play::KeptJournal::Report KVNGen::ReportOfKeeper() {
-    return [this](const std::string& told) {
-        ui::ShowError(guard_, this, windowTitle(), ToQt(told), tr("The life goes on; its journal ends here."));
-    };
-}
-
-void KVNGen::Keep(std::unique_ptr<JournalKeeper> keeper) {
-    controller_.life().keeper = keeper.get();
-    keeper_ = std::move(keeper);
-}
-
-void KVNGen::OpenJournal() {
-    const auto path = ui::AskForFile(guard_, *this, windowTitle(), tr("Journals (*.jsonl);;All files (*)"));
-    if (path.isEmpty())
-        return;
-    try {
-        GoOn(play::ReadJournalFile(path.toStdString()), path.toStdString());
-    } catch (const FileError& error) {
-        ui::ShowError(guard_, this, windowTitle(), ToQt(error.what()), tr("The journal can't be gone on with."));
-    }
-}
-
-void KVNGen::GoOn(const journal::Journal& journal, const std::filesystem::path& path) {
-    // This life stands in its own file; those that follow are kept as they were before.
-    std::optional<play::KeptJournal> own;
-    if (!journal.tape.end)
-        own.emplace(path, journal, ReportOfKeeper());
-    controller_.life().keeper = own ? &*own : nullptr;
-    Live([&](const play::RecordedLife::Finished& finished) { return controller_.GoOn(journal, finished); });
-    controller_.life().keeper = keeper_.get();
-}
-
-void KVNGen::SaveJournal() {
-    const auto& ended = controller_.life().ended();
-    if (!ended) {
-        ui::ShowMessage(guard_, this, windowTitle(), tr("No life has been lived yet."), Icon::Information);
-        return;
-    }
-    const auto path = ui::AskForNewFile(guard_, *this, windowTitle(), tr("life.jsonl"));
-    if (path.isEmpty())
-        return;
-    try {
-        ReplaceFile(path.toStdString(), journal::JournalText(*ended));
-        Say(tr("The journal was written to %1.").arg(path));
-    } catch (const FileError& error) {
-        ui::ShowError(guard_, this, windowTitle(), ToQt(error.what()), tr("The journal was not written."));
-    }
-}
-
 void KVNGen::ExportEnded() {
     const auto& ended = controller_.ended();
     if (!ended || ended->end != LifeEnd::MusteredOut) {
@@ -377,46 +313,10 @@ void KVNGen::ExportEnded() {
         controller_.WithEnded(exportAgain);
 }
 
-std::optional<std::size_t> KVNGen::MomentOf(int row) const {
-    const auto& life = controller_.life();
-    std::optional<std::size_t> moment;
-    for (std::size_t i = 0; i < life.MomentCount() && life.MomentAt(i).history <= static_cast<std::size_t>(row); ++i)
-        moment = i;
-    return moment;
-}
-
-std::optional<std::size_t> KVNGen::ChooseMoment() {
+std::optional<std::size_t> KVNGen::ChooseQuestion() {
     Refresh();
-    QEventLoop loop;
-    std::optional<std::size_t> chosen;
-    QAction go_back(tr("Go back to here"));
-    go_back.setShortcut(Qt::Key_Return);
-    QAction stay(tr("Return to the question"));
-    stay.setShortcut(Qt::Key_Escape);
-    const auto choose = [&] {
-        chosen = MomentOf(history_.currentRow());
-        if (chosen)
-            loop.quit();
-    };
-    for (auto* const action : {&go_back, &stay}) {
-        action->setShortcutContext(Qt::WidgetShortcut);
-        history_.addAction(action);
-    }
-    const auto activated = connect(&history_, &QListWidget::itemDoubleClicked, &loop, choose);
-    connect(&go_back, &QAction::triggered, &loop, choose);
-    connect(&stay, &QAction::triggered, &loop, &QEventLoop::quit);
-    const auto follow = connect(&history_, &QListWidget::currentRowChanged, &loop,
-                                [&](int row) { go_back.setEnabled(bool(MomentOf(row))); });
     Say(tr("Choose the line to go back to (Return, double click, or the menu); Escape returns to the question."));
-    activateWindow();
-    history_.setFocus();
-    history_.setCurrentRow(history_.count() - 1);
-    {
-        const ui::InputGuard::Asking asking(guard_, history_);
-        loop.exec();
-    }
-    disconnect(activated);
-    disconnect(follow);
+    const auto chosen = ChooseMoment(history_, controller_.life(), guard_);
     Say(tr("A career is running."));
     return chosen;
 }
@@ -521,6 +421,7 @@ void KVNGen::ShowState() {
 
 void KVNGen::ShowLabels() {
     characteristics_.SetLines(CharacteristicLines(session_.character));
+    characteristics_.ShowAllLines();
     const auto labels = controller_.labels();
     age_.setText(ToQt(labels.age));
     rank_.setText(ToQt(labels.rank));

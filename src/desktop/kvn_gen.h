@@ -18,7 +18,7 @@
 
 #include "character/KVNDeclare.h"
 #include "desktop/generation_controller.h"
-#include "desktop/journal_keeper.h"
+#include "desktop/life_journals.h"
 #include "ui/choice_combo.h"
 #include "ui/copy_list.h"
 #include "ui/dialog_player.h"
@@ -49,7 +49,9 @@ class KVNGen : public QMainWindow {
     void Load();
     // From now on each life is kept in a file, the first in this one; an unfinished journal that is there is gone on
     // with.
-    void KeepJournalIn(const std::filesystem::path& path);
+    void KeepJournalIn(const std::filesystem::path& path) {
+        Do([&] { journals_.KeepIn(path); });
+    }
     // Puts the controls into the state in which a character is set up.
     void Unlock() { Refresh(); }
     // Shows what has changed.
@@ -61,27 +63,22 @@ class KVNGen : public QMainWindow {
     void SetUpStatistics();
     void SetUpDetails();
     void SetUpHandlers();
+    void SetUpPlayer();
     void LayOut();
+    // The next character's column, and the panes of all the rest.
+    QWidget* LeftColumn();
+    QWidget* Panes();
+    // The size that the window opens with.
+    QSize UsualSize() const;
 
     void StartCareer();
     // Lives a life by the controller, and says how it ended.
     void Live(const std::function<LifeEnd(const play::RecordedLife::Finished& finished)>& live);
-    void KeepJournal();
-    void TryToKeepIn(const std::filesystem::path& path);
-    void KeepIn(const std::filesystem::path& path);
-    void Keep(std::unique_ptr<JournalKeeper> keeper);
-    // Goes on with a journal's life; an unfinished one is kept on in its file.
-    void GoOn(const journal::Journal& journal, const std::filesystem::path& path);
-    play::KeptJournal::Report ReportOfKeeper();
     // Tells that something stopped the generation.
     void TellStopped(const QString& error);
-    void OpenJournal();
-    void SaveJournal();
     void ExportEnded();
     // Lets the player choose a question by the line of the history that followed it.
-    std::optional<std::size_t> ChooseMoment();
-    // The question that a row of the history came from.
-    std::optional<std::size_t> MomentOf(int row) const;
+    std::optional<std::size_t> ChooseQuestion();
     void ShowAbout();
     // Carries out what a control asks for, unless the rules run already: then nothing acts but the dialog that asks.
     void Do(const std::function<void()>& action);
@@ -102,7 +99,7 @@ class KVNGen : public QMainWindow {
     ui::InputGuard& guard_;
     ui::DialogPlayer player_;
     GenerationController controller_;
-    std::unique_ptr<JournalKeeper> keeper_;
+    LifeJournals journals_;
     // The boxes come before what stands in them.
     QSplitter splitter_;
     QLabel next_;     // whose the left column is

@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QScrollBar>
+#include <algorithm>
 
 namespace korvane::ui {
 
@@ -39,6 +40,12 @@ void CopyList::FollowNewest() {
         if (atEnd_)
             scrollToBottom();
     });
+}
+
+void CopyList::ShowAllLines() {
+    setWordWrap(false);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFixedHeight(std::max(count(), 1) * sizeHintForRow(0) + 2 * frameWidth());
 }
 
 void CopyList::Copy() const {

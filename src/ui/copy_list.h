@@ -23,6 +23,8 @@ class CopyList : public QListWidget {
         Truncate(row);
     }
     QStringList Lines() const;
+    // Takes the height of all its lines, none of which is wrapped.
+    void ShowAllLines();
     // From now on the last line stays in view, until the player scrolls away from it.
     void FollowNewest();
     // The marked lines, or all when none is marked, go to the clipboard.

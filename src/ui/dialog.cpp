@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QScreen>
+#include <algorithm>
 
 namespace korvane::ui {
 
@@ -11,9 +12,19 @@ int FromTwips(const QWidget& widget, int twips) {
 }
 
 void CenterOnScreen(QWidget& window) {
-    auto frame = window.frameGeometry();
-    frame.moveCenter(window.screen()->availableGeometry().center());
-    window.move(frame.topLeft());
+    // Without its frame, whose size isn't known before the window has been shown.
+    auto inside = QRect({}, window.size());
+    inside.moveCenter(window.screen()->availableGeometry().center());
+    window.move(inside.topLeft());
+}
+
+void PlaceOverUpperPart(QWidget& dialog, const QWidget& window) {
+    const auto room = window.screen()->availableGeometry();
+    const auto size = dialog.size();
+    const int left = window.geometry().center().x() - size.width() / 2;
+    const int top = window.geometry().top();
+    dialog.move(std::clamp(left, room.left(), std::max(room.left(), room.right() - size.width())),
+                std::clamp(top, room.top(), std::max(room.top(), room.bottom() - size.height())));
 }
 
 NeededDialog::NeededDialog(QWidget* parent) : QDialog(parent) {

@@ -8,8 +8,11 @@ namespace korvane::ui {
 
 // The pixels of a length in twips, 1440 to the inch, at the logical resolution of the widget's screen.
 int FromTwips(const QWidget& widget, int twips);
-// Puts a window into the middle of its screen.
+// Puts a window into the middle of its screen, at the same place each time.
 void CenterOnScreen(QWidget& window);
+// Puts a dialog over the upper part of a window, so that what stands at its lower end is left in sight where there is
+// room; at the same place each time.
+void PlaceOverUpperPart(QWidget& dialog, const QWidget& window);
 
 // A dialog whose question needs an answer. Closing it, by Escape or by the window manager, first asks whether the
 // character is to be scrapped; a No leaves the dialog as it is.

@@ -156,6 +156,8 @@ std::vector<std::string> DialogPlayer::BenefitRows() const {
 int DialogPlayer::Choose(const ChoiceQuestion& question) {
     auto& dialog = Prepare(choice_);
     dialog.SetQuestion(question);
+    // One that may be left is none of the life's.
+    dialog.recent().Show(question.mayLeave ? std::span<const std::string>() : HistoryTexts());
     if (question.mayLeave) {
         dialog.back().Offer(nullptr);
         dialog.mayScrap = {};
@@ -168,6 +170,7 @@ int DialogPlayer::Choose(const ChoiceQuestion& question) {
 std::vector<int> DialogPlayer::Select(const ListQuestion& question) {
     auto& dialog = Prepare(list_);
     dialog.SetQuestion(question);
+    dialog.recent().Show(HistoryTexts());
     const int result = RunWithSteps([&] { return guard_.Run(dialog); });
     return result == QDialog::Accepted ? dialog.Marked() : std::vector<int>();
 }
@@ -175,8 +178,10 @@ std::vector<int> DialogPlayer::Select(const ListQuestion& question) {
 bool DialogPlayer::Ask(const YesNoQuestion& question) {
     Announce();
     const auto title = question.title.empty() ? Title() : ToQt(question.title);
+    // Beside the dialog of mustering out they are in sight.
+    const auto recent = Front() == &window_ ? HistoryTexts() : std::span<const std::string>();
     const bool yes =
-        RunWithSteps([&] { return AskYesNo(guard_, Front(), title, question, steps); }) == QMessageBox::Yes;
+        RunWithSteps([&] { return AskYesNo(guard_, Front(), title, question, steps, recent); }) == QMessageBox::Yes;
     if (std::exchange(mayAbandon_, false) && yes)
         Finish();
     return yes;
@@ -191,6 +196,8 @@ int DialogPlayer::PickTable(const TableQuestion& question) {
     auto& dialog = Prepare(tables_);
     dialog.SetQuestion(question);
     dialog.SetHeldSkills(SkillTexts());
+    dialog.recent().Show(HistoryTexts());
+    PlaceOverUpperPart(dialog, window_);
     RunNeeded(dialog);
     return dialog.picked();
 }

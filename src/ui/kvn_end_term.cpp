@@ -41,7 +41,7 @@ KVNEndTerm::KVNEndTerm(QWidget* parent)
     for (std::size_t i = 0; i < buttons_.size(); ++i) {
         buttons_.at(i).setText(ToCaption(kEndOfTermCaptions.at(i)));
         buttons_.at(i).setObjectName(kAnswerNames.at(i));
-        buttons_.at(i).setToolTip(tr("Key %1").arg(i + 1));
+        buttons_.at(i).SetKey(QString::number(i + 1));
         connect(&buttons_.at(i), &QPushButton::clicked, this, [this, i] {
             choice_ = static_cast<EndOfTermChoice>(i + 1);
             accept();

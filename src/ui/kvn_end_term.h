@@ -3,7 +3,6 @@
 
 #include <QGroupBox>
 #include <QLabel>
-#include <QPushButton>
 #include <array>
 #include <span>
 #include <string>
@@ -13,6 +12,7 @@
 #include "ui/back_button.h"
 #include "ui/copy_list.h"
 #include "ui/dialog.h"
+#include "ui/key_button.h"
 #include "ui/option_boxes.h"
 
 namespace korvane::ui {
@@ -46,7 +46,7 @@ class KVNEndTerm : public NeededDialog {
     QLabel historyLabel_;
     CopyList skills_;
     CopyList history_;
-    std::array<QPushButton, 4> buttons_;
+    std::array<KeyButton, 4> buttons_;
     EndOfTermChoice choice_ = EndOfTermChoice::ReEnlist;
 };
 

@@ -37,7 +37,7 @@ KVNMuster::KVNMuster(QWidget* parent)
     for (std::size_t i = 0; i < buttons_.size(); ++i) {
         buttons_.at(i).setText(ToCaption(kMusterCaptions.at(i)));
         buttons_.at(i).setObjectName(kNames.at(i));
-        buttons_.at(i).setToolTip(tr("Key %1").arg(i + 1));
+        buttons_.at(i).SetKey(QString::number(i + 1));
         connect(&buttons_.at(i), &QPushButton::clicked, this, [this, i] { Press(static_cast<MusterButton>(i)); });
     }
     LayOut();

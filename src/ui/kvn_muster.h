@@ -4,7 +4,6 @@
 #include <QCheckBox>
 #include <QDialog>
 #include <QLabel>
-#include <QPushButton>
 #include <array>
 #include <functional>
 #include <span>
@@ -15,6 +14,7 @@
 #include "character/player.h"
 #include "ui/back_button.h"
 #include "ui/copy_list.h"
+#include "ui/key_button.h"
 
 namespace korvane::ui {
 
@@ -54,7 +54,7 @@ class KVNMuster : public QDialog {
     QLabel rolls_;
     QLabel bonuses_;
     QCheckBox gambler_;
-    std::array<QPushButton, 4> buttons_;
+    std::array<KeyButton, 4> buttons_;
     QLabel results_;
     QLabel forfeit_;
     CopyList table_;

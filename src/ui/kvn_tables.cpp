@@ -2,9 +2,54 @@
 
 #include <QGridLayout>
 #include <QKeyEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
 #include <algorithm>
 
+#include "ui/looks.h"
+
 namespace korvane::ui {
+
+namespace {
+
+// Rows with the numbers of the die before them.
+class NumberedRows : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        auto narrow = option;
+        narrow.rect.setWidth(WidthOf(option) - RoomOf(option));
+        const auto room = QRect(0, 0, narrow.rect.width() - 2 * Margin(), 1000);
+        const auto text = option.fontMetrics.boundingRect(room, Qt::TextWordWrap, index.data().toString());
+        return {WidthOf(option), std::max(text.height(), option.fontMetrics.height()) + 2 * Margin()};
+    }
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const bool marked = (option.state & QStyle::State_Selected) != 0;
+        const auto group = (option.state & QStyle::State_Enabled) != 0 ? QPalette::Active : QPalette::Disabled;
+        if (marked)
+            painter->fillRect(option.rect, option.palette.brush(group, QPalette::Highlight));
+        else if (index.row() % 2 == 1)
+            painter->fillRect(option.rect, option.palette.brush(group, QPalette::AlternateBase));
+        const auto text = option.rect.adjusted(Margin(), Margin(), -Margin(), 0);
+        painter->setPen(marked ? option.palette.color(group, QPalette::HighlightedText)
+                               : Dimmed(option.palette, QPalette::AlternateBase));
+        painter->drawText(text, Qt::AlignLeft | Qt::AlignTop, QString::number(index.row() + 1));
+        if (!marked)
+            painter->setPen(option.palette.color(group, QPalette::Text));
+        painter->drawText(text.adjusted(RoomOf(option), 0, 0, 0), Qt::TextWordWrap, index.data().toString());
+    }
+
+  private:
+    static int Margin() { return 3; }
+    static int RoomOf(const QStyleOptionViewItem& option) { return option.fontMetrics.averageCharWidth() * 2; }
+    static int WidthOf(const QStyleOptionViewItem& option) {
+        const auto* const view = qobject_cast<const QAbstractItemView*>(option.widget);
+        return view == nullptr ? option.rect.width() : view->viewport()->width();
+    }
+};
+
+}  // namespace
 
 KVNTables::KVNTables(QWidget* parent)
     : NeededDialog(parent), back_(*this), heldLabel_(tr("Currently Held")), held_("held", tr("Currently Held")) {
@@ -16,16 +61,16 @@ KVNTables::KVNTables(QWidget* parent)
     for (int number = 1; number <= kColumns; ++number) {
         auto& column = columns_.at(static_cast<std::size_t>(number - 1));
         column = MakeColumn(number);
-        grid->addWidget(column.button, 0, number - 1);
-        grid->addWidget(column.rows, 1, number - 1);
-        grid->setColumnStretch(number - 1, 1);
+        grid->addWidget(column.button, 1, number - 1);
+        grid->addWidget(column.rows, 2, number - 1);
     }
-    grid->addWidget(&instruction_, 2, 0, 1, kColumns, Qt::AlignHCenter);
-    grid->addWidget(&back_, 2, 0, Qt::AlignLeft);
-    grid->addWidget(&heldLabel_, 3, 0, 1, kColumns);
-    grid->addWidget(&held_, 4, 0, 1, kColumns);
-    grid->setRowStretch(1, 2);
-    grid->setRowStretch(4, 1);
+    grid->addWidget(&recent_, 0, 0, 1, kColumns);
+    grid->addWidget(&instruction_, 3, 0, 1, kColumns, Qt::AlignHCenter);
+    grid->addWidget(&back_, 3, 0, Qt::AlignLeft);
+    grid->addWidget(&heldLabel_, 4, 0, 1, kColumns);
+    grid->addWidget(&held_, 5, 0, 1, kColumns);
+    grid->setRowStretch(2, 3);
+    grid->setRowStretch(5, 1);
     // From one button to the next, and then through the lists.
     for (std::size_t i = 1; i < columns_.size(); ++i)
         setTabOrder(columns_.at(i - 1).button, columns_.at(i).button);
@@ -38,14 +83,17 @@ KVNTables::KVNTables(QWidget* parent)
 }
 
 KVNTables::Column KVNTables::MakeColumn(int number) {
-    auto* const button = new QPushButton(this);
+    auto* const button = new KeyButton(this);
     button->setObjectName(QString("table%1").arg(number));
-    button->setToolTip(tr("Key %1").arg(number));
+    button->SetKey(QString::number(number));
+    KeepReadable(*button);
     connect(button, &QPushButton::clicked, this, [this, number] {
         picked_ = number;
         accept();
     });
     auto* const rows = new CopyList(QString("rows%1").arg(number), {}, this);
+    rows->setItemDelegate(new NumberedRows(rows));
+    KeepReadable(*rows);
     return {button, rows};
 }
 
@@ -63,6 +111,14 @@ void KVNTables::ShowColumn(int number, const TableColumn& content) {
     column.button->setText(ToCaption(content.caption));
     column.button->setEnabled(content.enabled);
     column.rows->SetLines(content.rows);
+    for (int row = 0; row < column.rows->count(); ++row)
+        column.rows->item(row)->setData(Qt::AccessibleTextRole,
+                                        QString("%1: %2").arg(row + 1).arg(column.rows->item(row)->text()));
+    // One that is never there takes no room.
+    const bool there = !content.caption.empty() || !content.rows.empty();
+    column.button->setVisible(there);
+    column.rows->setVisible(there);
+    dynamic_cast<QGridLayout&>(*layout()).setColumnStretch(number - 1, there ? 1 : 0);
     column.rows->setEnabled(content.enabled);
     column.button->setAccessibleName(name);
     column.rows->setAccessibleName(name);

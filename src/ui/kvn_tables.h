@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QLabel>
-#include <QPushButton>
 #include <array>
 #include <string>
 #include <vector>
@@ -11,6 +10,8 @@
 #include "ui/back_button.h"
 #include "ui/copy_list.h"
 #include "ui/dialog.h"
+#include "ui/key_button.h"
+#include "ui/recent_lines.h"
 
 namespace korvane::ui {
 
@@ -24,13 +25,14 @@ class KVNTables : public NeededDialog {
     // The column that was pressed, counted from 1.
     int picked() const { return picked_; }
     BackButton& back() { return back_; }
+    RecentLines& recent() { return recent_; }
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
     struct Column {
-        QPushButton* button;
+        KeyButton* button;
         CopyList* rows;
     };
     static constexpr int kColumns = 6;
@@ -39,6 +41,7 @@ class KVNTables : public NeededDialog {
     void ShowColumn(int number, const TableColumn& content);
 
     std::array<Column, kColumns> columns_{};
+    RecentLines recent_;
     BackButton back_;
     QLabel instruction_;
     QLabel heldLabel_;

@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QColor>
+#include <algorithm>
+#include <cmath>
 
 namespace korvane::ui {
 
@@ -12,7 +14,49 @@ bool IsDark(const QPalette& palette) {
     return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
 }
 
+// How light a colour is to the eye, from 0 to 1.
+double Luminance(const QColor& color) {
+    const auto linear = [](double part) {
+        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+QColor Mixed(const QColor& one, const QColor& other, double share) {
+    const auto mix = [share](int a, int b) { return qRound(a + (b - a) * share); };
+    return {mix(one.red(), other.red()), mix(one.green(), other.green()), mix(one.blue(), other.blue())};
+}
+
 }  // namespace
+
+double Contrast(const QColor& one, const QColor& other) {
+    const double first = Luminance(one);
+    const double second = Luminance(other);
+    return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
+}
+
+QColor Dimmed(const QPalette& palette, QPalette::ColorRole ground) {
+    constexpr double kEnough = 5.0;  // a little more than what is needed, for grounds that a style shades
+    constexpr double kStep = 0.05;
+    const auto text = palette.color(QPalette::Active, QPalette::WindowText);
+    const auto behind = palette.color(QPalette::Active, ground);
+    auto dimmed = text;
+    for (double share = kStep; share < 1; share += kStep) {
+        const auto next = Mixed(text, behind, share);
+        if (Contrast(next, behind) < kEnough)
+            break;
+        dimmed = next;
+    }
+    return dimmed;
+}
+
+void KeepReadable(QWidget& widget) {
+    auto palette = widget.palette();
+    palette.setColor(QPalette::Disabled, QPalette::Text, Dimmed(palette, QPalette::Base));
+    palette.setColor(QPalette::Disabled, QPalette::ButtonText, Dimmed(palette, QPalette::Button));
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, Dimmed(palette));
+    widget.setPalette(palette);
+}
 
 void MendPalette() {
     if (!IsDark(QApplication::palette()))

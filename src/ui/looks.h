@@ -1,9 +1,18 @@
 // How the program looks where the toolkit's defaults don't read well.
 #pragma once
 
+#include <QColor>
 #include <QPalette>
+#include <QWidget>
 
 namespace korvane::ui {
+
+// How well two colours stand out from each other: 1 for equal ones, 21 for black on white.
+double Contrast(const QColor& one, const QColor& other);
+// The colour of texts that stand back, at 4.5 to 1 at least on their ground.
+QColor Dimmed(const QPalette& palette, QPalette::ColorRole ground = QPalette::Window);
+// Keeps what a widget says readable while it is disabled: at 4.5 to 1 at least.
+void KeepReadable(QWidget& widget);
 
 // Makes tick boxes and radio buttons stand out on a dark ground.
 void MendPalette();

@@ -7,6 +7,7 @@
 
 #include "ui/back_button.h"
 #include "ui/qt_text.h"
+#include "ui/recent_lines.h"
 
 namespace korvane::ui {
 
@@ -48,10 +49,11 @@ int ShowMessage(InputGuard& guard, QWidget* parent, const QString& title, const 
 }
 
 int AskYesNo(InputGuard& guard, QWidget* parent, const QString& title, const YesNoQuestion& question,
-             const LifeSteps* steps) {
+             const LifeSteps* steps, std::span<const std::string> recent) {
     QMessageBox box(IconOf(question.icon), title, ToQt(question.text), QMessageBox::Yes | QMessageBox::No, parent);
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(question.defaultYes ? QMessageBox::Yes : QMessageBox::No);
+    AddRecentLines(box, recent);
     OfferBack(box, steps);
     return guard.Run(box);
 }

@@ -4,6 +4,8 @@
 #include <QDialog>
 #include <QMessageBox>
 #include <QString>
+#include <span>
+#include <string>
 
 #include "character/player.h"
 #include "ui/input_guard.h"
@@ -14,9 +16,10 @@ namespace korvane::ui {
 // whatever else.
 int ShowMessage(InputGuard& guard, QWidget* parent, const QString& title, const QString& text, Icon icon,
                 const LifeSteps* steps = nullptr);
-// A question with Yes and No; Escape answers No. The result is QMessageBox::Yes, or that of a way taken.
+// A question with Yes and No; Escape answers No. The result is QMessageBox::Yes, or that of a way taken. The last of
+// `recent`, lines of the history, stand above it.
 int AskYesNo(InputGuard& guard, QWidget* parent, const QString& title, const YesNoQuestion& question,
-             const LifeSteps* steps = nullptr);
+             const LifeSteps* steps = nullptr, std::span<const std::string> recent = {});
 // The file that the player chooses to read, and the one to write; empty when cancelled. Where a file that is there
 // would be replaced, the dialog asks.
 QString AskForFile(InputGuard& guard, QWidget& parent, const QString& title, const QString& filter);

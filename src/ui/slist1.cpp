@@ -20,8 +20,12 @@ void SetUpLimit(QLineEdit& field, const QString& name) {
     field.setObjectName(name.toLower());
     field.setAccessibleName(name);
     field.setReadOnly(true);
-    field.setFocusPolicy(Qt::ClickFocus);
-    field.setMaximumWidth(field.fontMetrics().averageCharWidth() * 8);
+    field.setFocusPolicy(Qt::NoFocus);
+    field.setFrame(false);  // nothing is to be written here
+    auto palette = field.palette();
+    palette.setColor(QPalette::Base, Qt::transparent);
+    field.setPalette(palette);
+    field.setMaximumWidth(field.fontMetrics().averageCharWidth() * 4);
 }
 
 }  // namespace
@@ -36,6 +40,7 @@ void MarkList::focusInEvent(QFocusEvent* event) {
 SLIST1::SLIST1(QWidget* parent, InputGuard& guard)
     : QDialog(parent),
       guard_(guard),
+      chooseOne_(tr("Choose 1")),
       ok_(tr("OK")),
       cancel_(tr("Cancel")),
       selectAll_(tr("Select &All")),
@@ -48,8 +53,8 @@ SLIST1::SLIST1(QWidget* parent, InputGuard& guard)
     prompt_.setWordWrap(true);
     prompt_.setTextFormat(Qt::PlainText);
     count_.setObjectName("count");
+    chooseOne_.setObjectName("chooseOne");
     list_.setObjectName("items");
-    list_.setSelectionMode(QAbstractItemView::MultiSelection);
     SetUpLimit(minimum_, tr("Minimum"));
     SetUpLimit(maximum_, tr("Maximum"));
     LayOut();
@@ -59,15 +64,20 @@ SLIST1::SLIST1(QWidget* parent, InputGuard& guard)
 
 void SLIST1::LayOut() {
     auto* const column = new QVBoxLayout(this);
+    column->addWidget(&recent_);
     column->addWidget(&prompt_);
-    auto* const limits = new QHBoxLayout;
-    limits->addWidget(new QLabel(tr("Minimum"), this));
+    auto* const limits = new QHBoxLayout(&limits_);
+    limits->setContentsMargins({});
+    limits->addWidget(new QLabel(tr("Minimum")));
     limits->addWidget(&minimum_);
-    limits->addWidget(new QLabel(tr("Maximum"), this));
+    limits->addWidget(new QLabel(tr("Maximum")));
     limits->addWidget(&maximum_);
-    limits->addStretch();
-    limits->addWidget(&count_);
-    column->addLayout(limits);
+    auto* const counts = new QHBoxLayout;
+    counts->addWidget(&limits_);
+    counts->addWidget(&chooseOne_);
+    counts->addStretch();
+    counts->addWidget(&count_);
+    column->addLayout(counts);
     column->addWidget(&list_, 1);
     auto* const buttons = new QHBoxLayout;
     buttons->addWidget(&back_);
@@ -104,6 +114,10 @@ void SLIST1::SetQuestion(const ListQuestion& question) {
     least_ = std::max(question.minimum, 1);
     maximum_.setText(QString::number(most_));
     minimum_.setText(QString::number(least_));
+    const bool one = most_ == 1 && least_ == 1;
+    limits_.setVisible(!one);
+    chooseOne_.setVisible(one);
+    list_.setSelectionMode(one ? QAbstractItemView::ExtendedSelection : QAbstractItemView::MultiSelection);
     list_.clear();
     for (const auto item : question.items)
         list_.addItem(ToQt(item));

@@ -11,6 +11,7 @@
 #include "character/player.h"
 #include "ui/back_button.h"
 #include "ui/input_guard.h"
+#include "ui/recent_lines.h"
 
 namespace korvane::ui {
 
@@ -21,7 +22,7 @@ class MarkList : public QListWidget {
 };
 
 // The player marks items between the minimum and the maximum; Space marks the current item, Enter and a double click
-// act as "OK". Closing it acts as "Cancel".
+// act as "OK". Where one is to be chosen, a click or an arrow moves the mark. Closing it acts as "Cancel".
 class SLIST1 : public QDialog {
   public:
     SLIST1(QWidget* parent, InputGuard& guard);
@@ -31,6 +32,7 @@ class SLIST1 : public QDialog {
     // The marked items, counted from 1, ascending; none after "Cancel".
     std::vector<int> Marked() const;
     BackButton& back() { return back_; }
+    RecentLines& recent() { return recent_; }
 
     void reject() override;
 
@@ -50,9 +52,12 @@ class SLIST1 : public QDialog {
     void LimitSize();
 
     InputGuard& guard_;
+    RecentLines recent_;
     QLabel prompt_;
     int least_ = 1;
     int most_ = 1;
+    QLabel chooseOne_;
+    QWidget limits_;  // holds what follows
     QLineEdit minimum_;
     QLineEdit maximum_;
     QLabel count_;

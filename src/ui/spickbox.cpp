@@ -19,7 +19,7 @@ constexpr int kRowHeight = 500;
 
 }  // namespace
 
-SPICKBOX::SPICKBOX(QWidget* parent) : NeededDialog(parent), back_(*this), title_(this) {
+SPICKBOX::SPICKBOX(QWidget* parent) : NeededDialog(parent), recent_(*this), back_(*this), title_(this) {
     setObjectName("SPICKBOX");
     // The dialog's size is told by its texts: the way back must do with the margin beside them.
     back_.setToolButtonStyle(Qt::ToolButtonIconOnly);
@@ -31,14 +31,10 @@ SPICKBOX::SPICKBOX(QWidget* parent) : NeededDialog(parent), back_(*this), title_
 }
 
 void SPICKBOX::AddButton() {
-    auto* const button = new QPushButton(this);
+    auto* const button = new KeyButton(this);
     const int number = static_cast<int>(buttons_.size()) + 1;
     button->setObjectName(QString("pick%1").arg(number));
-    const auto key = number <= 9 ? QString::number(number) : QString(QChar('A' + number - 10));
-    button->setToolTip(tr("Key %1").arg(key));
-    keys_.push_back(new QLabel(key, this));
-    keys_.back()->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    keys_.back()->setForegroundRole(QPalette::Text);
+    button->SetKey(number <= 9 ? QString::number(number) : QString(QChar('A' + number - 10)));
     connect(button, &QPushButton::clicked, this, [this, number] {
         picked_ = number;
         accept();
@@ -56,7 +52,6 @@ void SPICKBOX::SetQuestion(const ChoiceQuestion& question) {
     auto longest = CharacterCount(question.title);
     for (std::size_t i = 0; i < buttons_.size(); ++i) {
         buttons_[i]->setVisible(i < question.options.size());
-        keys_[i]->setVisible(i < question.options.size());
         if (i >= question.options.size())
             continue;
         buttons_[i]->setText(ToCaption(question.options[i]));
@@ -72,10 +67,11 @@ void SPICKBOX::Place(int longest) {
     const int told = FromTwips(*this, kWidthPerCharacter * longest + kButtonMargin);
     int button_width = told;
     for (const auto* const button : Shown())  // wide letters may need more than they are allowed
-        button_width = std::max(button_width, fontMetrics().horizontalAdvance(button->text()) + margin);
+        button_width =
+            std::max(button_width, fontMetrics().horizontalAdvance(button->text()) + button->KeyRoom() + margin);
     const int title_width = fontMetrics().horizontalAdvance(title_.text()) + margin;
     const int width =
-        std::max(FromTwips(*this, kWidthPerCharacter * longest + kDialogMargin) + button_width - told, title_width);
+        std::max({FromTwips(*this, kWidthPerCharacter * longest + kDialogMargin), button_width + 4 * margin, title_width});
     // Two dozen rows may be more than a small screen has.
     const int room = screen()->availableGeometry().height() * 9 / 10;
     const int height = std::min(FromTwips(*this, kRowHeight * (shown_ + 1)), room);
@@ -89,11 +85,8 @@ void SPICKBOX::Place(int longest) {
     const int button_height = std::min(buttons_.front()->sizeHint().height(), row);
     int top = title_height + (row - button_height) / 2;
     const int left = width / 2 - button_width / 2;
-    const int gap = fontMetrics().averageCharWidth() / 2;
     for (auto* const button : Shown()) {
         button->setGeometry(left, top, button_width, button_height);
-        const auto place = static_cast<std::size_t>(std::ranges::find(buttons_, button) - buttons_.begin());
-        keys_[place]->setGeometry(0, top, std::max(left - gap, 0), button_height);
         top += row;
     }
     CenterOnScreen(*this);

@@ -2,13 +2,14 @@
 #pragma once
 
 #include <QLabel>
-#include <QPushButton>
 #include <span>
 #include <vector>
 
 #include "character/player.h"
 #include "ui/back_button.h"
 #include "ui/dialog.h"
+#include "ui/key_button.h"
+#include "ui/recent_lines.h"
 
 namespace korvane::ui {
 
@@ -19,6 +20,7 @@ class SPICKBOX : public NeededDialog {
 
     void SetQuestion(const ChoiceQuestion& question);
     BackButton& back() { return back_; }
+    RecentLinesAbove& recent() { return recent_; }
     // The alternative that was chosen, counted from 1.
     int picked() const { return picked_; }
 
@@ -27,14 +29,14 @@ class SPICKBOX : public NeededDialog {
 
   private:
     void AddButton();
-    std::span<QPushButton* const> Shown() const { return std::span(buttons_).first(static_cast<std::size_t>(shown_)); }
+    std::span<KeyButton* const> Shown() const { return std::span(buttons_).first(static_cast<std::size_t>(shown_)); }
     // The width of the longest text, in characters of which each takes 100 twips, decides over all widths.
     void Place(int longest);
 
+    RecentLinesAbove recent_;
     BackButton back_;
     QLabel title_;  // a narrow frame may cut the window's own
-    std::vector<QPushButton*> buttons_;
-    std::vector<QLabel*> keys_;  // the key of each, beside it
+    std::vector<KeyButton*> buttons_;
     int shown_ = 0;
     int picked_ = 0;
 };

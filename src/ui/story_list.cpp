@@ -5,6 +5,8 @@
 #include <QPainterPath>
 #include <algorithm>
 
+#include "ui/looks.h"
+
 namespace korvane::ui {
 
 namespace {
@@ -52,7 +54,7 @@ QColor ColorOf(const QStyleOptionViewItem& option, StoryKind kind) {
         case StoryKind::Injury:
             return dark ? QColor(0xF0, 0x9A, 0x8C) : QColor(0xA0, 0x2A, 0x1E);
         case StoryKind::Note:
-            return dark ? QColor(0xA8, 0xA8, 0xA8) : QColor(0x5F, 0x5F, 0x5F);
+            return Dimmed(palette, QPalette::Base);
         default:
             return palette.color(QPalette::Text);
     }
