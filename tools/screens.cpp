@@ -149,8 +149,8 @@ int Run(const QString& folder) {
     camera.Take(window, "main");
     window.resize(1024, 670);
     camera.Take(window, "main-1024");
-    TakeChoices(window.player(), camera);
     session.character = finished;
+    TakeChoices(window.player(), camera);
     TakeCareerDialogs(session, window.player(), camera);
     DesktopWindows windows(session, window, guard);
     QDir::setCurrent(KORVANE_RULES);

@@ -70,6 +70,8 @@ struct EndOfTermAnswer {
 struct TransferQuestion {
     const Names& careers;
     std::function<std::shared_ptr<const Names>(std::string_view career)> assignmentsOf;
+    // What a career is, in a sentence; nothing where its file doesn't say.
+    std::function<std::string(std::string_view career)> descriptionOf = {};
 };
 struct TransferAnswer {
     std::string career;

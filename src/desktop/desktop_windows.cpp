@@ -3,9 +3,11 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QUrl>
 #include <iostream>
 
+#include "settings/shipped_rules.h"
 #include "ui/kvn_about.h"
 #include "ui/message_boxes.h"
 #include "ui/qt_text.h"
@@ -23,9 +25,26 @@ std::optional<HeldPath> DesktopWindows::ChooseRaceFile(std::string_view proposed
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.setDefaultSuffix("eri");
     dialog.selectFile(ToQt(proposedName));
+    auto places = dialog.sidebarUrls();
+    places << QUrl::fromLocalFile(QString::fromStdString(ShippedRules().string()));
+    dialog.setSidebarUrls(places);
     if (guard_.Run(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
-    return HeldPath(dialog.selectedFiles().front().toStdString());
+    const auto file = dialog.selectedFiles().front();
+    TellWhatIsLacking(QFileInfo(file).absoluteDir(), ToQt(proposedName));
+    return HeldPath(file.toStdString());
+}
+
+void DesktopWindows::TellWhatIsLacking(const QDir& folder, const QString& race) {
+    if (!folder.entryList({race}, QDir::Files).isEmpty())  // in any case
+        return;
+    const auto others = folder.entryList({"*.eri"}, QDir::Files).size();
+    ui::ShowMessage(guard_, nullptr, ToQt(session_.programTitle),
+                    QObject::tr("%1 has no file %2, by which Korvane knows its rules%3.")
+                        .arg(folder.absolutePath(), race,
+                             others > 0 ? QObject::tr(", though it has %1 other races").arg(others)
+                                        : QObject::tr(", and no other race")),
+                    Icon::Exclamation);
 }
 
 void DesktopWindows::EditFile(const HeldPath& path) {

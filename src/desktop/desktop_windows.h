@@ -1,6 +1,9 @@
 // The windows of the program's start, on the screen.
 #pragma once
 
+#include <QDir>
+#include <QString>
+
 #include "desktop/kvn_gen.h"
 #include "settings/start_up.h"
 #include "ui/input_guard.h"
@@ -19,6 +22,9 @@ class DesktopWindows : public StartUpWindows {
     void ShowMainWindow() override;
 
   private:
+    // Says so where a folder isn't one of rules: it must hold this race's file.
+    void TellWhatIsLacking(const QDir& folder, const QString& race);
+
     const Session& session_;
     KVNGen& mainWindow_;
     ui::InputGuard& guard_;

@@ -1,7 +1,10 @@
 #include "desktop/exporter.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
 #include <QDesktopServices>
+#include <QFileInfo>
+#include <QImage>
 #include <QMessageBox>
 #include <QUrl>
 #include <exception>
@@ -9,6 +12,7 @@
 #include <utility>
 
 #include "base/files.h"
+#include "base/text.h"
 #include "character/seams_guard.h"
 #include "engine/names.h"
 #include "output/journal/lines.h"
@@ -23,6 +27,33 @@
 namespace korvane {
 
 using ui::ToQt;
+
+namespace {
+
+// Replaces the file, whole. Throws IoError.
+void WritePortrait(const QImage& picture, const std::string& file) {
+    constexpr QSize kLargest(1200, 1600);
+    const bool is_large = picture.width() > kLargest.width() || picture.height() > kLargest.height();
+    QBuffer bytes;
+    bytes.open(QIODevice::WriteOnly);
+    (is_large ? picture.scaled(kLargest, Qt::KeepAspectRatio, Qt::SmoothTransformation) : picture).save(&bytes, "JPG");
+    ReplaceFile(file, {bytes.data().constData(), static_cast<std::size_t>(bytes.data().size())});
+}
+
+// Where a page of this name goes, and what it meets there.
+QString DestinationOf(const QString& name) {
+    const auto path = QString::fromStdString(PagePath(name.toStdString()));
+    if (path.isEmpty())
+        return {};
+    auto told = QObject::tr("To %1").arg(path);
+    if (QFileInfo::exists(path))
+        told += QObject::tr(", replaces an older page");
+    if (LettersOnly(name.toStdString()).empty())
+        told += QObject::tr(". Names without letters a to z all share this hidden file.");
+    return told;
+}
+
+}  // namespace
 
 template <typename Action>
 void Exporter::Guard(QWidget& dialog, const Action& action) {
@@ -50,6 +81,9 @@ bool Exporter::Show(const journal::Tape& tape, bool mayGoBack) {
     };
     dialog.rollName = [&] { Guard(dialog, [&] { RollName(dialog); }); };
     dialog.exportPage = [&] { Guard(dialog, [&] { Export(dialog, tape); }); };
+    dialog.makePage = [&] { return PageOf(dialog); };
+    dialog.destination = [&] { return DestinationOf(dialog.name()); };
+    dialog.ShowPage();
     dialog.endProgram = [&] {
         if (working_)
             return;
@@ -68,40 +102,80 @@ void Exporter::RollName(ui::KVNExport& dialog) {
         dialog.SetName(ToQt(*name));
 }
 
+HeldPath Exporter::TemplateOf(const ui::KVNExport& dialog) const {
+    return session_.data.location() + dialog.templateName().toStdString();
+}
+
+std::unique_ptr<QTextDocument> Exporter::PageOf(const ui::KVNExport& dialog) const {
+    const auto name = dialog.name().toStdString();
+    if (dialog.templateName().isEmpty())
+        return nullptr;
+    try {
+        QString html;
+        for (const auto& line : FillTemplate(ReadTemplate(TemplateOf(dialog)).lines, session_, name))
+            html += ToQt(line) + QLatin1Char('\n');
+        return pdf::MakeDocument(html, QString::fromStdString(PagePath(name)), dialog.portrait());
+    } catch (const std::exception&) {
+        return nullptr;  // the export itself tells the fault
+    }
+}
+
 void Exporter::Export(ui::KVNExport& dialog, const journal::Tape& tape) {
-    const auto title = ToQt(session_.programTitle);
-    const auto form = session_.data.location() + dialog.templateName().toStdString();
-    const auto outcome = ExportCharacter(session_, form, dialog.name().toStdString());
+    const auto outcome = ExportCharacter(session_, TemplateOf(dialog), dialog.name().toStdString());
     if (outcome.path.empty()) {
-        ui::ShowMessage(guard_, &dialog, title, ToQt(outcome.message), Icon::None);
+        ui::ShowMessage(guard_, &dialog, ToQt(session_.programTitle), ToQt(outcome.message), Icon::None);
         return;
     }
     const auto page = QString::fromStdString(outcome.path);
+    const auto others = WriteOthers(dialog, page, tape);
+    const auto printed = dialog.wantsPdf() ? pdf::PdfNameOf(page) : QString();
     dialog.NoteExported();
-    TellExported(dialog, ToQt(outcome.message), page);
-    if (dialog.wantsJournal()) {
-        const auto written = std::filesystem::path(outcome.path).replace_extension(".jsonl");
-        ReplaceFile(written, journal::JournalText(tape));
-        ui::ShowMessage(guard_, &dialog, title,
-                        QObject::tr("Journal written to %1").arg(QString::fromStdString(written.string())), Icon::None);
-    }
-    if (!dialog.wantsPdf())
-        return;
-    const auto printed = pdf::PdfNameOf(page);
-    pdf::WritePdf(page, printed);
-    TellExported(dialog, QObject::tr("PDF file written to %1").arg(printed), printed);
+    TellExported(dialog, ToQt(outcome.message), others, page, printed);
 }
 
-void Exporter::TellExported(QWidget& dialog, const QString& message, const QString& page) const {
+QStringList Exporter::WriteOthers(const ui::KVNExport& dialog, const QString& page, const journal::Tape& tape) const {
+    QStringList told;
+    // The page is there, whatever becomes of the others.
+    const auto write = [&told](const QString& said, const auto& action) {
+        try {
+            action();
+            told << said;
+        } catch (const std::exception& error) {
+            told << QString::fromUtf8(error.what());
+        }
+    };
+    const auto portrait = PortraitPath(dialog.name().toStdString());
+    if (!dialog.portrait().isNull())
+        write(QObject::tr("Portrait written to %1").arg(QString::fromStdString(portrait)),
+              [&] { WritePortrait(dialog.portrait(), portrait); });
+    const auto journal = std::filesystem::path(page.toStdString()).replace_extension(".jsonl");
+    if (dialog.wantsJournal())
+        write(QObject::tr("Journal written to %1").arg(QString::fromStdString(journal.string())),
+              [&] { ReplaceFile(journal, journal::JournalText(tape)); });
+    const auto printed = pdf::PdfNameOf(page);
+    if (dialog.wantsPdf())
+        write(QObject::tr("PDF file written to %1").arg(printed), [&] { pdf::WritePdf(page, printed); });
+    return told;
+}
+
+void Exporter::TellExported(QWidget& dialog, const QString& message, const QStringList& others, const QString& page,
+                            const QString& printed) const {
     QMessageBox box(QMessageBox::Information, ToQt(session_.programTitle), message, QMessageBox::Ok, &dialog);
     box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(others.join(QLatin1Char('\n')));
     const auto* const open = box.addButton(QObject::tr("&Open"), QMessageBox::ActionRole);
+    const auto* const open_printed =
+        QFileInfo::exists(printed) ? box.addButton(QObject::tr("Open &PDF"), QMessageBox::ActionRole) : nullptr;
     box.setDefaultButton(QMessageBox::Ok);
     box.setEscapeButton(QMessageBox::Ok);
     guard_.Run(box);
-    if (box.clickedButton() == open && !QDesktopServices::openUrl(QUrl::fromLocalFile(page)))
+    const auto* const clicked = box.clickedButton();
+    if (clicked != open && (clicked == nullptr || clicked != open_printed))
+        return;
+    const auto& file = clicked == open ? page : printed;
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(file)))
         ui::ShowMessage(guard_, &dialog, ToQt(session_.programTitle),
-                        QObject::tr("No program was found that opens %1").arg(page), Icon::Exclamation);
+                        QObject::tr("No program was found that opens %1").arg(file), Icon::Exclamation);
 }
 
 }  // namespace korvane

@@ -1,7 +1,10 @@
 // The end of a generation: the finished character goes onto a page.
 #pragma once
 
+#include <QStringList>
+#include <QTextDocument>
 #include <QWidget>
+#include <memory>
 
 #include "character/KVNDeclare.h"
 #include "output/journal/tape.h"
@@ -24,8 +27,14 @@ class Exporter {
   private:
     void RollName(ui::KVNExport& dialog);
     void Export(ui::KVNExport& dialog, const journal::Tape& tape);
-    // Tells that a page was written, and opens it when the player wants to see it.
-    void TellExported(QWidget& dialog, const QString& message, const QString& page) const;
+    // Writes what the player wants beside the page, and says what was written.
+    QStringList WriteOthers(const ui::KVNExport& dialog, const QString& page, const journal::Tape& tape) const;
+    // Tells what was written, and opens what the player wants to see.
+    void TellExported(QWidget& dialog, const QString& message, const QStringList& others, const QString& page,
+                      const QString& printed) const;
+    // The page as it would be now; nothing where a fault keeps it from that.
+    std::unique_ptr<QTextDocument> PageOf(const ui::KVNExport& dialog) const;
+    HeldPath TemplateOf(const ui::KVNExport& dialog) const;
     // Carries out what a button asks for; an error is shown, and the dialog stays, so that nothing is lost.
     template <typename Action>
     void Guard(QWidget& dialog, const Action& action);

@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "character/characteristics.h"
 #include "character/summary.h"
+#include "data/known_names.h"
 #include "engine/selection.h"
 #include "output/summary_texts.h"
 
@@ -96,6 +97,7 @@ LifeEnd GenerationController::GoOn(journal::Journal journal, const play::Recorde
 LifeEnd GenerationController::Run(const std::function<play::LifeOutcome()>& live) {
     ended_.reset();
     changes_.history = changes_.skills = true;
+    const auto chosen = session_.selection;
     Enter(State::Failed);  // should an exception leave what follows
     auto ended = EndedLife{};
     RunCareer(session_, [&] {
@@ -114,8 +116,17 @@ LifeEnd GenerationController::Run(const std::function<play::LifeOutcome()>& live
     });
     ended_ = std::move(ended);
     Enter(State::Ended);
+    LeavePrison(chosen);
     changes_.history = changes_.skills = changes_.summary = true;
     return ended_->end;
+}
+
+void GenerationController::LeavePrison(const Selection& chosen) {
+    if (session_.selection.career != kPrisoner || chosen.career == kPrisoner || session_.selection.race != chosen.race)
+        return;
+    if (korvane::SelectCareer(session_, chosen.career))
+        korvane::SelectAssignment(session_, chosen.assignment);
+    changes_.selection = true;
 }
 
 GenerationController::Labels GenerationController::LabelsOf(const Session& session) {

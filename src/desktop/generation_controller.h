@@ -105,6 +105,8 @@ class GenerationController : public Display {
     // Exchanges the session's character and records for those that ended.
     void SwapEnded();
     LifeEnd Run(const std::function<play::LifeOutcome()>& live);
+    // A prisoner's life ends with the prison selected, which nobody chooses.
+    void LeavePrison(const Selection& chosen);
     void Enter(State state);
     // A new character has been started: what an error left is in the session no more.
     void LeaveFailure();

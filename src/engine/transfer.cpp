@@ -1,5 +1,8 @@
 #include "engine/transfer.h"
 
+#include <string>
+
+#include "base/error.h"
 #include "engine/enlistment.h"
 #include "engine/mustering_out.h"
 #include "engine/selection.h"
@@ -7,6 +10,15 @@
 namespace korvane {
 
 namespace {
+
+// A career whose file can't be read is told when it is chosen.
+std::string DescriptionOf(Session& session, std::string_view career) {
+    try {
+        return std::string(session.data.Career(session.selection.race, career).record.description);
+    } catch (const FileError&) {
+        return {};
+    }
+}
 
 void EnterCareer(Session& session, const TransferAnswer& answer) {
     auto& character = session.character;
@@ -23,10 +35,10 @@ void EnterCareer(Session& session, const TransferAnswer& answer) {
 
 TransferOutcome TransferCareer(Session& session) {
     const auto careers = session.selection.careers;
-    const auto answer =
-        session.seams.player->Transfer({*careers, [&session](std::string_view career) {
-                                            return session.data.TransferAssignmentNames(session.selection.race, career);
-                                        }});
+    const auto& race = session.selection.race;
+    const auto answer = session.seams.player->Transfer(
+        {*careers, [&](std::string_view career) { return session.data.TransferAssignmentNames(race, career); },
+         [&](std::string_view career) { return DescriptionOf(session, career); }});
     if (!answer) {
         MusterOut(session);
         return TransferOutcome::Muster;

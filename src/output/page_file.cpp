@@ -24,8 +24,12 @@ std::string DatedName() {
     return {text.data(), length};
 }
 
+HeldPath FolderIn(const std::string& profile) {
+    return HeldPath(profile) + "\\Korvane";
+}
+
 // The path can't be empty before its ending, as it holds the folder, so no page is called by the date.
-HeldPath PagePath(const HeldPath& folder, std::string_view name) {
+HeldPath PageIn(const HeldPath& folder, std::string_view name) {
     const auto path = EnsureTrailingBackslash(folder) + LettersOnly(name);
     return path.text().empty() ? HeldPath(DatedName()) : HeldPath(folder.text() + "\\" + PageFileName(name));
 }
@@ -34,6 +38,16 @@ HeldPath PagePath(const HeldPath& folder, std::string_view name) {
 
 std::string PageFileName(std::string_view name) {
     return LettersOnly(name) + ".htm";
+}
+
+std::string PagePath(std::string_view name) {
+    const auto profile = ProfileFolder();
+    return profile.empty() ? std::string() : NativePath(PageIn(FolderIn(profile), name)).string();
+}
+
+std::string PortraitPath(std::string_view name) {
+    const auto profile = ProfileFolder();
+    return profile.empty() ? std::string() : NativePath(FolderIn(profile) + "\\" + LettersOnly(name) + ".jpg").string();
 }
 
 std::string ProfileFolder() {
@@ -45,11 +59,11 @@ ExportOutcome ExportCharacter(const Session& session, const HeldPath& templatePa
     const auto profile = ProfileFolder();
     if (profile.empty())
         return {{}, "Your device needs a USERPROFILE env variable"};
-    const auto folder = HeldPath(profile) + "\\Korvane";
+    const auto folder = FolderIn(profile);
     std::error_code exists;  // or can't be made, which the page's own error tells
     std::filesystem::create_directories(NativePath(folder), exists);
     const auto page = Page(ReadTemplate(templatePath), session, name);
-    const auto path = NativePath(PagePath(folder, name));
+    const auto path = NativePath(PageIn(folder, name));
     ReplaceFile(path, page);
     return {path.string(), "Character exported to " + path.string()};
 }

@@ -14,6 +14,11 @@ std::string PageFileName(std::string_view name);
 // The user's profile folder, as a native path: what USERPROFILE says, else HOME; "" with neither.
 std::string ProfileFolder();
 
+// Where the page of a character of this name goes, as a native path; "" without a profile folder.
+std::string PagePath(std::string_view name);
+// Where its portrait does: beside the page, as the page's picture.
+std::string PortraitPath(std::string_view name);
+
 // What became of an export.
 struct ExportOutcome {
     std::string path;     // the page's native path; empty when none was written

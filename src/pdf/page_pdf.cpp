@@ -3,10 +3,13 @@
 #include <QBuffer>
 #include <QFileInfo>
 #include <QImage>
+#include <QImageReader>
+#include <QList>
 #include <QPageLayout>
 #include <QPdfWriter>
 #include <QTextDocument>
 #include <QUrl>
+#include <utility>
 
 #include "base/encoding.h"
 #include "base/error.h"
@@ -39,22 +42,64 @@ QImage PictureIn(const QString& file) {
     }
 }
 
+// The width of a drawing on a page, in the page's own pixels; and how many dots each has.
+constexpr int kDrawingWidth = 640;
+constexpr int kDotsPerPixel = 3;
+
+QImage DrawingOf(const QString& svg) {
+    auto bytes = svg.toUtf8();
+    QBuffer buffer(&bytes);
+    QImageReader reader(&buffer, "svg");
+    const auto size = reader.size();
+    if (size.width() > 0)
+        reader.setScaledSize(size.scaled(kDrawingWidth * kDotsPerPixel, size.height() * 100, Qt::KeepAspectRatio));
+    reader.setBackgroundColor(Qt::white);
+    const auto drawing = reader.read();
+    return drawing.isNull() ? Nothing() : drawing;
+}
+
 // A document that takes its pictures from the page's folder, no larger than a portrait.
 class PageDocument : public QTextDocument {
   public:
-    explicit PageDocument(const QString& page) { setBaseUrl(QUrl::fromLocalFile(QFileInfo(page).absoluteFilePath())); }
+    PageDocument(const QString& page, QImage portrait) : portrait_(std::move(portrait)) {
+        setBaseUrl(QUrl::fromLocalFile(QFileInfo(page).absoluteFilePath()));
+    }
+
+    // Takes drawings out of the HTML, which the document would read as texts, and shows them as pictures.
+    QString WithDrawings(QString html) {
+        constexpr auto kEnd = QLatin1String("</svg>");
+        for (auto start = html.indexOf("<svg"); start >= 0; start = html.indexOf("<svg", start + 1)) {
+            const auto end = html.indexOf(kEnd, start);
+            if (end < 0)
+                break;
+            const auto length = end + kEnd.size() - start;
+            drawings_.push_back(DrawingOf(html.mid(start, length)));
+            html.replace(start, length,
+                         QString("<img src=\"drawing:%1\" width=%2>").arg(drawings_.size() - 1).arg(kDrawingWidth));
+        }
+        return html;
+    }
 
   protected:
     QVariant loadResource(int type, const QUrl& name) override {
         if (type != ImageResource)
             return {};
-        const auto picture = PictureIn(baseUrl().resolved(name).toLocalFile());
+        if (name.scheme() == QLatin1String("drawing"))
+            return drawings_.value(name.path().toInt(), Nothing());
+        const auto file = baseUrl().resolved(name).toLocalFile();
+        const QFileInfo page(baseUrl().toLocalFile());
+        const bool is_portrait = file == page.path() + "/" + page.completeBaseName() + ".jpg";
+        const auto picture = is_portrait && !portrait_.isNull() ? portrait_ : PictureIn(file);
         if (picture.isNull())
             return Nothing();  // or the toolkit draws a picture of its own
         if (picture.width() <= kLargestPicture.width() && picture.height() <= kLargestPicture.height())
             return picture;
         return picture.scaled(kLargestPicture, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     }
+
+  private:
+    QImage portrait_;
+    QList<QImage> drawings_;
 };
 
 // The history's table may begin with lines that stand in no row; the document drops what no cell holds.
@@ -82,20 +127,25 @@ void CheckIsPage(const QString& page, const QString& pdf) {
 
 }  // namespace
 
+std::unique_ptr<QTextDocument> MakeDocument(const QString& html, const QString& page, const QImage& portrait) {
+    auto document = std::make_unique<PageDocument>(page, portrait);
+    document->setHtml(WithRows(document->WithDrawings(html)));
+    return document;
+}
+
 void WritePdf(const QString& page, const QString& pdf) {
     CheckIsPage(page, pdf);
     const auto html = DecodeText(ReadBytes(page.toStdString(), "a page", kMostPage));
-    PageDocument document(page);
-    document.setHtml(WithRows(QString::fromStdString(html)));
+    const auto document = MakeDocument(QString::fromStdString(html), page);
     QBuffer file;
     file.open(QIODevice::WriteOnly);
     {
         QPdfWriter writer(&file);
-        writer.setTitle(document.metaInformation(QTextDocument::DocumentTitle));
+        writer.setTitle(document->metaInformation(QTextDocument::DocumentTitle));
         writer.setCreator("Korvane");
         // The document keeps two centimetres on each side by itself, and numbers the pages.
         writer.setPageLayout({QPageSize(QPageSize::A4), QPageLayout::Portrait, {}});
-        document.print(&writer);
+        document->print(&writer);
     }
     ReplaceFile(pdf.toStdString(), {file.data().constData(), static_cast<std::size_t>(file.data().size())});
 }

@@ -2,6 +2,9 @@
 #pragma once
 
 #include <QComboBox>
+#include <QPaintEvent>
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
 #include <QWheelEvent>
 
 namespace korvane::ui {
@@ -12,6 +15,21 @@ class ChoiceCombo : public QComboBox {
     ChoiceCombo() { setFocusPolicy(Qt::StrongFocus); }
 
   protected:
+    // What has no room ends in "…", and is told by the tool tip.
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QStylePainter painter(this);
+        QStyleOptionComboBox box;
+        initStyleOption(&box);
+        painter.drawComplexControl(QStyle::CC_ComboBox, box);
+        const auto room = style()->subControlRect(QStyle::CC_ComboBox, &box, QStyle::SC_ComboBoxEditField, this);
+        const auto whole = currentIndex() < 0 ? placeholderText() : box.currentText;
+        if (currentIndex() < 0)
+            box.palette.setBrush(QPalette::ButtonText, palette().placeholderText());
+        box.currentText = fontMetrics().elidedText(whole, Qt::ElideRight, room.width());
+        painter.drawControl(QStyle::CE_ComboBoxLabel, box);
+        if (const auto tip = box.currentText == whole ? QString() : whole.toHtmlEscaped(); toolTip() != tip)
+            setToolTip(tip);
+    }
     void wheelEvent(QWheelEvent* event) override {
         if (hasFocus())
             QComboBox::wheelEvent(event);

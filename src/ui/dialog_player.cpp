@@ -145,12 +145,23 @@ std::span<const std::string> DialogPlayer::HistoryTexts(std::size_t from) const 
     return lines.subspan(std::min(from, lines.size()));
 }
 
-std::vector<std::string> DialogPlayer::BenefitRows() const {
-    std::vector<std::string> rows;
+std::vector<BenefitRow> DialogPlayer::BenefitRows() const {
+    std::vector<BenefitRow> rows;
     const auto& career = session_.career;
     for (std::size_t i = 1; i < career.otherBenefit.size(); ++i)
-        rows.push_back(Concat(i, ": Cr", career.cashLine.at(i), " - ", career.otherBenefit.at(i)));
+        rows.push_back({ToQt(Concat("Cr", Trim(career.cashLine.at(i)))), ToQt(career.otherBenefit.at(i))});
     return rows;
+}
+
+QString DialogPlayer::BenefitModifiers(const MusterQuestion& question) const {
+    auto told = QObject::tr("A roll is one die.");
+    if (question.bonuses > 0)
+        told += QObject::tr(" +1 to either column, %n time(s), where you want it.", nullptr, question.bonuses);
+    if (question.gamblerEnabled)
+        told += QObject::tr(" Gambler: +1 to cash.");
+    if (question.bonuses == 0 && !question.gamblerEnabled)
+        told += QObject::tr(" No modifier applies, so 7 can't be reached.");
+    return told + QObject::tr(" Cash rolls: %1 of 3 used.").arg(static_cast<int>(session_.character.CashRollsUsed));
 }
 
 int DialogPlayer::Choose(const ChoiceQuestion& question) {
@@ -207,6 +218,7 @@ EndOfTermAnswer DialogPlayer::EndOfTerm(const EndOfTermQuestion& question) {
     dialog.SetQuestion(question);
     dialog.SetSkills(SkillTexts());
     dialog.SetHistory(HistoryTexts());
+    PlaceOverUpperPart(dialog, window_);
     dialog.optionsChanged = [this, &dialog](const Options& options) {
         if (optionsChanged)
             optionsChanged(options);
@@ -220,6 +232,7 @@ std::optional<TransferAnswer> DialogPlayer::Transfer(const TransferQuestion& que
     auto& dialog = Prepare(transfer_);
     dialog.SetQuestion(question);
     dialog.SetCost(CostOfLeaving());
+    PlaceOverUpperPart(dialog, window_);
     // A fault met while the dialog lists assignments is kept until its event handler is left.
     std::exception_ptr fault;
     dialog.careerChosen = [&](const QString& career) {
@@ -281,7 +294,7 @@ std::optional<MusterPress> DialogPlayer::RunMuster(KVNMuster& dialog) {
 MusterPress DialogPlayer::Muster(const MusterQuestion& question) {
     auto& dialog = Prepare(muster_);
     dialog.SetQuestion(question);
-    dialog.SetTable(BenefitRows());
+    dialog.SetTable(BenefitRows(), BenefitModifiers(question));
     dialog.SetForfeit(question.rolls > 0 ? QObject::tr("Leaving now forfeits %1.").arg(RollsText(question.rolls))
                                          : QString());
     dialog.SetHistory(HistoryTexts(session_.musterResults.historyBefore));

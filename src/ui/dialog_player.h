@@ -61,7 +61,9 @@ class DialogPlayer : public Player {
     // One press; nothing when the program ends.
     std::optional<MusterPress> RunMuster(KVNMuster& dialog);
     // The rows of the career's benefits, by the roll.
-    std::vector<std::string> BenefitRows() const;
+    std::vector<BenefitRow> BenefitRows() const;
+    // What applies to the rolls on them.
+    QString BenefitModifiers(const MusterQuestion& question) const;
     QString CostOfLeaving() const;
     QString Title() const;
     // The window that a message stands before.

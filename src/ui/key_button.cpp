@@ -14,7 +14,7 @@ void KeyButton::SetKey(const QString& key) {
 }
 
 int KeyButton::KeyRoom() const {
-    return fontMetrics().horizontalAdvance(key_) + fontMetrics().averageCharWidth() / 2;
+    return fontMetrics().horizontalAdvance(key_) + fontMetrics().averageCharWidth();
 }
 
 QSize KeyButton::sizeHint() const {
@@ -42,8 +42,13 @@ void KeyButton::paintEvent(QPaintEvent* /*event*/) {
     }
     painter.setPen(isEnabled() ? Dimmed(palette(), QPalette::Button)
                                : palette().color(QPalette::Disabled, QPalette::ButtonText));
-    painter.drawText(inside.adjusted(fontMetrics().averageCharWidth() / 4, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
-                     key_);
+    // As the key's own cap.
+    const int across = KeyRoom() - fontMetrics().averageCharWidth() / 4;
+    QRectF cap(inside.left(), 0, across, fontMetrics().height());
+    cap.moveCenter({cap.center().x(), QRectF(inside).center().y()});
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.drawRoundedRect(cap.adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+    painter.drawText(cap, Qt::AlignCenter, key_);
 }
 
 }  // namespace korvane::ui

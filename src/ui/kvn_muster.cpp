@@ -2,6 +2,7 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QShowEvent>
 #include <QVBoxLayout>
@@ -24,7 +25,6 @@ KVNMuster::KVNMuster(QWidget* parent)
       back_(*this),
       gambler_(ToQt(kGamblerQuestion)),
       results_("Results"),
-      table_("table", tr("The career's table, by the roll")),
       cash_("cashResults", tr("Results: cash")),
       benefits_("materialResults", tr("Results: material benefits")),
       history_("historyResults", tr("Results: history")) {
@@ -40,6 +40,19 @@ KVNMuster::KVNMuster(QWidget* parent)
         buttons_.at(i).SetKey(QString::number(i + 1));
         connect(&buttons_.at(i), &QPushButton::clicked, this, [this, i] { Press(static_cast<MusterButton>(i)); });
     }
+    table_.setObjectName("table");
+    table_.setAccessibleName(tr("The career's table, by the roll"));
+    table_.setHeaderLabels({tr("1D"), tr("Cash"), tr("Benefit")});
+    table_.setRootIsDecorated(false);
+    table_.setAlternatingRowColors(true);
+    table_.setSelectionMode(QAbstractItemView::NoSelection);
+    table_.header()->setSectionsMovable(false);
+    table_.header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    table_.header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
+    constexpr int kLines = 10;  // seven rows and the head
+    table_.setMinimumHeight(fontMetrics().lineSpacing() * kLines);
+    modifiers_.setObjectName("modifiers");
+    modifiers_.setWordWrap(true);
     LayOut();
 }
 
@@ -58,19 +71,20 @@ void KVNMuster::LayOut() {
     column->addWidget(&forfeit_);
     column->addWidget(&results_);
     auto* const lists = new QGridLayout;
-    const auto add = [&](int place, const QString& heading, CopyList& list, int stretch) {
+    const auto add = [&](int place, const QString& heading, QWidget& list, int stretch) {
         auto* const label = new QLabel(heading);
         label->setBuddy(&list);
         lists->addWidget(label, 0, place);
         lists->addWidget(&list, 1, place);
         lists->setColumnStretch(place, stretch);
     };
-    add(0, tr("The career's table"), table_, 4);
+    add(0, tr("The career's table"), table_, 5);
     add(1, tr("Cash"), cash_, 2);
     add(2, tr("Benefits"), benefits_, 3);
     add(3, tr("History"), history_, 4);
     column->addLayout(lists, 1);
-    resize(fontMetrics().averageCharWidth() * 120, fontMetrics().lineSpacing() * 22);
+    column->insertWidget(column->indexOf(&results_), &modifiers_);
+    resize(fontMetrics().averageCharWidth() * 130, fontMetrics().lineSpacing() * 24);
 }
 
 void KVNMuster::SetQuestion(const MusterQuestion& question) {
@@ -94,8 +108,14 @@ void KVNMuster::ShowState(std::string_view career, int rolls, int bonuses, std::
     benefits_.scrollToBottom();
 }
 
-void KVNMuster::SetTable(const std::vector<std::string>& rows) {
-    table_.SetLines(rows);
+void KVNMuster::SetTable(const std::vector<BenefitRow>& rows, const QString& modifiers) {
+    modifiers_.setText(modifiers);
+    table_.clear();
+    for (const auto& row : rows) {
+        const auto number = QString::number(table_.topLevelItemCount() + 1);
+        auto* const item = new QTreeWidgetItem(&table_, {number, row.cash, row.benefit});
+        item->setToolTip(2, row.benefit.toHtmlEscaped());
+    }
 }
 
 void KVNMuster::SetForfeit(const QString& forfeit) {
@@ -135,7 +155,7 @@ void KVNMuster::showEvent(QShowEvent* event) {
     if (event->spontaneous())  // it was only minimized
         return;
     gambler_.setChecked(false);
-    buttons_.front().isEnabled() ? buttons_.front().setFocus() : buttons_.back().setFocus();
+    (buttons_.front().isEnabled() ? buttons_.front() : buttons_.back()).setFocus();
     CenterOnScreen(*this);
 }
 

@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QDialog>
 #include <QLabel>
+#include <QTreeWidget>
 #include <array>
 #include <functional>
 #include <span>
@@ -17,6 +18,12 @@
 #include "ui/key_button.h"
 
 namespace korvane::ui {
+
+// A row of a career's table: what its two columns give.
+struct BenefitRow {
+    QString cash;
+    QString benefit;
+};
 
 // Stays open between the presses. Closing it is "Done". The keys 1 to 4 press the buttons.
 class KVNMuster : public QDialog {
@@ -33,8 +40,9 @@ class KVNMuster : public QDialog {
     // What is left to spend and what it has brought, without a change to the buttons.
     void ShowState(std::string_view career, int rolls, int bonuses, std::span<const std::string> cash,
                    std::span<const std::string> benefits);
-    // The rows of the career's table, by the roll; and what is lost by leaving now, empty for nothing.
-    void SetTable(const std::vector<std::string>& rows);
+    // The rows of the career's table, by the roll, and what applies to the rolls.
+    void SetTable(const std::vector<BenefitRow>& rows, const QString& modifiers);
+    // What is lost by leaving now; empty for nothing.
     void SetForfeit(const QString& forfeit);
     // What the history has said since the dialog opened.
     void SetHistory(std::span<const std::string> lines);
@@ -57,7 +65,8 @@ class KVNMuster : public QDialog {
     std::array<KeyButton, 4> buttons_;
     QLabel results_;
     QLabel forfeit_;
-    CopyList table_;
+    QLabel modifiers_;
+    QTreeWidget table_;
     CopyList cash_;
     CopyList benefits_;
     CopyList history_;

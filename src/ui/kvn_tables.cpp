@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QStyledItemDelegate>
 #include <algorithm>
 
@@ -18,9 +19,7 @@ class NumberedRows : public QStyledItemDelegate {
     using QStyledItemDelegate::QStyledItemDelegate;
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        auto narrow = option;
-        narrow.rect.setWidth(WidthOf(option) - RoomOf(option));
-        const auto room = QRect(0, 0, narrow.rect.width() - 2 * Margin(), 1000);
+        const auto room = QRect(0, 0, WidthOf(option) - RoomOf(option) - 2 * Margin(), 1000);
         const auto text = option.fontMetrics.boundingRect(room, Qt::TextWordWrap, index.data().toString());
         return {WidthOf(option), std::max(text.height(), option.fontMetrics.height()) + 2 * Margin()};
     }
@@ -69,7 +68,7 @@ KVNTables::KVNTables(QWidget* parent)
     grid->addWidget(&back_, 3, 0, Qt::AlignLeft);
     grid->addWidget(&heldLabel_, 4, 0, 1, kColumns);
     grid->addWidget(&held_, 5, 0, 1, kColumns);
-    grid->setRowStretch(2, 3);
+    grid->setRowStretch(2, 4);
     grid->setRowStretch(5, 1);
     // From one button to the next, and then through the lists.
     for (std::size_t i = 1; i < columns_.size(); ++i)
@@ -79,7 +78,8 @@ KVNTables::KVNTables(QWidget* parent)
         setTabOrder(columns_.at(i - 1).rows, columns_.at(i).rows);
     setTabOrder(columns_.back().rows, &held_);
     setTabOrder(&held_, &back_);
-    resize(fontMetrics().averageCharWidth() * 120, fontMetrics().lineSpacing() * 26);
+    const auto room = screen()->availableGeometry().size() * 9 / 10;
+    resize(QSize(fontMetrics().averageCharWidth() * 126, fontMetrics().lineSpacing() * 33).boundedTo(room));
 }
 
 KVNTables::Column KVNTables::MakeColumn(int number) {

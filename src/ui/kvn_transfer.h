@@ -35,6 +35,7 @@ class KVNTransfer : public NeededDialog {
     QLabel heading_;
     QLabel notice_;
     QLabel cost_;
+    QLabel description_;  // of the chosen career
     QLabel careerLabel_;
     QLabel assignmentLabel_;
     ChoiceCombo career_;

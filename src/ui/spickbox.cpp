@@ -68,7 +68,7 @@ void SPICKBOX::Place(int longest) {
     int button_width = told;
     for (const auto* const button : Shown())  // wide letters may need more than they are allowed
         button_width =
-            std::max(button_width, fontMetrics().horizontalAdvance(button->text()) + button->KeyRoom() + margin);
+            std::max(button_width, fontMetrics().horizontalAdvance(button->text()) + button->KeyRoom() + margin / 2);
     const int title_width = fontMetrics().horizontalAdvance(title_.text()) + margin;
     const int width =
         std::max({FromTwips(*this, kWidthPerCharacter * longest + kDialogMargin), button_width + 4 * margin, title_width});

@@ -142,6 +142,14 @@ StoryList::StoryList(const QString& objectName, const QString& accessibleName) :
     setItemDelegate(new StoryDelegate(this));
 }
 
+void StoryList::updateGeometries() {
+    CopyList::updateGeometries();
+    const int room = height() - 2 * frameWidth();
+    const int free = count() == 0 ? 0 : std::max(room - contentsSize().height(), 0);
+    if (free != viewportMargins().top())
+        setViewportMargins(0, free, 0, 0);
+}
+
 void StoryList::Tell(const CharacterRecord& character, const RaceRecord& race) {
     const int before = count();
     SetLines(character.History.lines());

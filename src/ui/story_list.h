@@ -17,6 +17,10 @@ class StoryList : public CopyList {
 
     // Shows the history of a character. Lines that have come since the last time stand out.
     void Tell(const CharacterRecord& character, const RaceRecord& race);
+
+  protected:
+    // The newest line stands at the lower end, where the dialogs leave it in sight, also of a short history.
+    void updateGeometries() override;
 };
 
 class StoryDelegate : public QStyledItemDelegate {

@@ -1,12 +1,16 @@
 // The export dialog: a name, a template, a page on disk, and its PDF file.
 
+#include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QProcess>
 #include <QPushButton>
+#include <QTest>
+#include <QTextBrowser>
 #include <filesystem>
 #include <gtest/gtest.h>
 
@@ -28,14 +32,6 @@ class ExportTest : public ::testing::Test {
   protected:
     ExportTest() { rules.CopyRules(); }
 
-    // The next export dialog gets a name and is exported; the message must say so.
-    void ExportAs(const QString& name, bool pdf = false) {
-        robot.Then("KVNExport", [name, pdf](QWidget& dialog) {
-            Child<QLineEdit>(dialog, "name").setText(name);
-            Child<QCheckBox>(dialog, "pdf").setChecked(pdf);
-            RealClick(dialog, "export");
-        });
-    }
     void Close() { robot.ThenKey("KVNExport", Qt::Key_Escape); }
     std::string PathOf(const std::string& file) const { return (profile.path() / "Korvane" / file).string(); }
 
@@ -59,14 +55,38 @@ TEST_F(ExportTest, WritesThePageOfTheSelectedTemplate) {
         PressKey(dialog, Qt::Key_Return);
     });
     robot.ThenMessage("Character exported to " + PathOf("j.htm"), QMessageBox::Ok);
-    ExportAs("Zoe <b>", true);
-    robot.ThenMessage("Character exported to " + PathOf("Zoeb.htm"), QMessageBox::Ok);
-    robot.ThenMessage("PDF file written to " + PathOf("Zoeb.pdf"), QMessageBox::Ok);
+    robot.Then("KVNExport", [](QWidget& dialog) {
+        EXPECT_TRUE(Child<QLabel>(dialog, "destination").text().endsWith("j.htm, replaces an older page"));
+        QImage picture(2000, 50, QImage::Format_RGB32);
+        picture.fill(Qt::red);
+        QApplication::clipboard()->setImage(picture);
+        auto& name = Child<QLineEdit>(dialog, "name");
+        name.setText("Zoe <b>");
+        name.setFocus();
+        PressKey(dialog, Qt::Key_V, Qt::ControlModifier);
+        const auto& page = Child<QTextBrowser>(dialog, "page");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return page.toPlainText().contains("Zoe"); })) << "the page, as it will be";
+        const auto& destination = Child<QLabel>(dialog, "destination");
+        EXPECT_TRUE(destination.text().endsWith("Zoeb.htm")) << destination.text().toStdString();
+        name.setText("\u0416");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return destination.text().contains("share this hidden file"); }));
+        name.setText("Zoe <b>");
+        Child<QCheckBox>(dialog, "pdf").setChecked(true);
+        RealClick(dialog, "export");
+    });
+    robot.Then("QMessageBox", [this](QWidget& dialog) {
+        const auto& box = dynamic_cast<QMessageBox&>(dialog);
+        EXPECT_EQ(box.text().toStdString(), "Character exported to " + PathOf("Zoeb.htm"));
+        EXPECT_EQ(box.informativeText().toStdString(),
+                  "Portrait written to " + PathOf("Zoeb.jpg") + "\nPDF file written to " + PathOf("Zoeb.pdf"));
+        PressKey(dialog, Qt::Key_Return);
+    });
     Close();
     exporter.Show(desk.window.life().tape());
     EXPECT_NE(profile.Read("Korvane/Zoeb.htm").find("\nZoe <b>\n</title>"), std::string::npos)
         << profile.Read("Korvane/Zoeb.htm").substr(0, 300);
     EXPECT_TRUE(profile.Read("Korvane/Zoeb.pdf").starts_with("%PDF"));
+    EXPECT_EQ(QImage(QString::fromStdString(PathOf("Zoeb.jpg"))).width(), 1200) << "no larger than it need be";
     EXPECT_FALSE(std::filesystem::exists(PathOf("j.pdf")));
 }
 
