@@ -1,0 +1,220 @@
+#include "play/balance.h"
+
+#include <algorithm>
+#include <array>
+#include <exception>
+#include <iterator>
+#include <set>
+#include <span>
+#include <string_view>
+
+#include "base/error.h"
+#include "base/text.h"
+#include "character/seams_guard.h"
+#include "play/life_plan.h"
+#include "skills/grant.h"
+
+namespace korvane::play {
+
+namespace {
+
+// Notes the checks of lives.
+class Checks : public Observer {
+  public:
+    Checks(const Session& session, std::map<Place, Figures>& figures) : session_(session), figures_(figures) {}
+
+    void CheckRolled(std::string_view check, int own, int /*once*/, int effect) override {
+        const auto& selection = session_.selection;
+        auto& figures = figures_[{selection.career, selection.assignment}];
+        // By the text's place in its file: two checks may read the same.
+        if (check.data() == session_.assignment.survival.data()) {
+            figures.fails.Count(effect < 0);
+            figures.failsBy[own].Count(effect < 0);
+        } else if (check.data() == session_.assignment.advancement.data()) {
+            if (session_.character.ParoleThreshold == 0)  // the roll is that of the parole
+                figures.promoted.Count(effect >= 0);
+        } else if (check.data() == session_.career.qualification.data()) {
+            figures.accepted.Count(effect >= 0);
+        } else if (check.data() == session_.career.commission.data()) {
+            figures.commissioned.Count(effect >= 0);
+        }
+    }
+
+  private:
+    const Session& session_;
+    std::map<Place, Figures>& figures_;
+};
+
+bool IsInjury(std::string_view line) {
+    constexpr std::array<std::string_view, 6> kInjuries = {"Nearly Killed", "Severely Injured", "Missing",
+                                                           "Scarred",       "Injured",          "Lightly Injured"};
+    return std::ranges::any_of(kInjuries, [&](std::string_view injury) { return line.starts_with(injury); });
+}
+
+// Counts the texts of tables in a history. Returns whether one stands there twice.
+bool RepeatsAText(std::span<const std::string> history, std::map<std::string, std::uint64_t>& met) {
+    std::set<std::string_view> texts;
+    bool repeats = false;
+    for (const auto& line : history)
+        if (const auto place = met.find(line); place != met.end()) {
+            repeats |= !texts.insert(line).second;
+            ++place->second;
+        }
+    return repeats;
+}
+
+// The stays in prison that a history tells of: the terms from the verdict to the release.
+void NotePrison(const CharacterRecord& character, PrisonFigures& prison) {
+    int since = -1;
+    for (const auto& line : character.History.lines()) {
+        if (line.starts_with("Imprisoned; ")) {
+            since = 0;
+        } else if (since >= 0 && line.starts_with("------ Term ")) {
+            ++since;
+        } else if (since >= 0 && (line.starts_with("Released") || line.starts_with("Transfer to ") ||
+                                  line.find("escape!") != std::string::npos)) {
+            prison.freeWithinFive.Count(since <= 5);
+            prison.longest = std::max(prison.longest, since);
+            since = -1;
+        }
+    }
+    if (since > 5)
+        prison.freeWithinFive.Count(false);
+    if (since >= 0)
+        prison.longest = std::max(prison.longest, since);
+    prison.oldest = std::max<int>(prison.oldest, character.Age);
+}
+
+void NoteLife(const CharacterRecord& character, Figures& figures, std::map<std::string, std::uint64_t>& met) {
+    const auto history = character.History.lines();
+    figures.injured.Count(std::ranges::any_of(history, IsInjury));
+    figures.jailed.Count(
+        std::ranges::any_of(history, [](const auto& line) { return line.starts_with("Imprisoned; "); }));
+    figures.owing.Count(static_cast<double>(character.MedicalDebt) > 0);
+    figures.repeating.Count(RepeatsAText(history, met));
+    figures.age.Add(character.Age);
+    figures.terms.Add(character.TermsTotal);
+    int levels = 0;
+    int best = 0;
+    for (const auto* const skill : character.Skills.Held()) {
+        levels += skill->Level;
+        best = std::max<int>(best, skill->Level);
+        if (skill->Level >= 2)
+            figures.specialists[skill->Name].Count(true);
+    }
+    figures.skills.Add(static_cast<double>(character.Skills.Held().size()));
+    figures.levels.Add(levels);
+    figures.best.Add(best);
+    figures.cash.Add(static_cast<double>(std::int64_t{character.Cash}));
+    figures.benefits.Add(static_cast<double>(character.Benefits.size()));
+    figures.friends.Add(int{character.Allies} + int{character.Contacts});
+    figures.foes.Add(int{character.Enemies} + int{character.Rivals});
+}
+
+// The row that stands most often in a table, without its level.
+std::string MostFrequent(const SixRows& table) {
+    std::map<std::string, int> counts;
+    for (const auto row : std::span(table).subspan(1))
+        if (const auto skills = SkillsIn(row); !skills.empty())
+            ++counts[std::string(skills.front())];
+    const auto most = std::ranges::max_element(counts, {}, [](const auto& each) { return each.second; });
+    return most == counts.end() ? std::string() : most->first;
+}
+
+class Balance {
+  public:
+    Balance(Session& session, const BalancePlan& plan) : session_(session), plan_(plan) {}
+
+    std::vector<RaceFigures> Measure() {
+        std::vector<RaceFigures> all;
+        for (const auto& race : *session_.data.RaceNames())
+            if (plan_.race.empty() || plan_.race == race)
+                all.push_back(MeasureRace(race));
+        if (all.empty())
+            throw UsageError("unknown race " + plan_.race);
+        if (std::ranges::all_of(all, [](const RaceFigures& race) { return race.places.empty(); }))
+            throw UsageError("unknown career " + plan_.career);
+        return all;
+    }
+
+  private:
+    RaceFigures MeasureRace(const std::string& race) {
+        RaceFigures figures;
+        figures.race = race;
+        Checks checks(session_, figures.places);
+        session_.seams.observer = &checks;
+        NoteTexts(figures);
+        for (const auto& career : *session_.data.CareerNames(race))
+            if (plan_.career.empty() || plan_.career == career)
+                for (const auto& assignment : *session_.data.AssignmentNames(race, career))
+                    LiveIn(figures, {race, career, assignment});
+        session_.seams.observer = nullptr;
+        // Careers that lives only strayed into.
+        std::erase_if(figures.places, [](const auto& place) { return place.second.age.count == 0; });
+        return figures;
+    }
+
+    // The texts that the race's tables can bring.
+    void NoteTexts(RaceFigures& figures) {
+        const auto note = [&](std::string_view entry) { figures.met.emplace(SplitFirst(entry, "/").first, 0); };
+        for (const auto& career : *session_.data.CareerNames(figures.race)) {
+            const auto& record = session_.data.Career(figures.race, career).record;
+            std::for_each(record.mishapTable.begin() + 1, record.mishapTable.end(), note);
+            std::for_each(record.eventTable.begin() + 2, record.eventTable.end(), note);
+        }
+    }
+
+    void LiveIn(RaceFigures& figures, const std::array<std::string, 3>& start) {
+        LifePlan plan;
+        plan.race = start[0];
+        plan.career = start[1];
+        plan.assignment = start[2];
+        plan.player = PlayerKind::Automatic;
+        plan.terms = plan_.terms;
+        plan.seed = plan_.seed;
+        figures.places[{plan.career, plan.assignment}].specialty =
+            MostFrequent(session_.data.Assignment(plan.race, plan.career, plan.assignment).assignmentTable);
+        const auto assignments = session_.data.AssignmentNames(plan.race, plan.career)->size();
+        const auto count = std::max<std::uint64_t>(plan_.count / assignments, 1);
+        for (std::uint64_t number = 1; number <= count; ++number) {
+            const auto outcome = Live(session_, plan, number);
+            if (outcome.cause)
+                std::rethrow_exception(outcome.cause);
+            if (!outcome.finished())
+                continue;
+            NoteLife(session_.character, figures.places[{plan.career, plan.assignment}], figures.met);
+            NotePrison(session_.character, figures.prison);
+        }
+    }
+
+    Session& session_;
+    const BalancePlan& plan_;
+};
+
+}  // namespace
+
+double Spread(const Figures& figures) {
+    constexpr std::uint64_t kEnough = 200;
+    constexpr int kSteps = 4;
+    std::vector<std::pair<int, double>> points;
+    for (const auto& [modifier, share] : figures.failsBy)
+        if (share.of >= kEnough && modifier >= -2 && modifier <= 2)
+            points.emplace_back(modifier, share.percent());
+    if (points.size() < 2)
+        return 0;
+    return (points.front().second - points.back().second) / (points.back().first - points.front().first) * kSteps;
+}
+
+std::pair<std::string, double> SpecialistOf(const Figures& figures) {
+    const auto share = figures.specialists.find(figures.specialty);
+    const auto hits = share == figures.specialists.end() ? 0 : share->second.hits;
+    return {figures.specialty,
+            figures.age.count == 0 ? 0 : 100.0 * static_cast<double>(hits) / static_cast<double>(figures.age.count)};
+}
+
+std::vector<RaceFigures> MeasureBalance(Session& session, const BalancePlan& plan) {
+    const SeamsGuard guard(session.seams);
+    return Balance(session, plan).Measure();
+}
+
+}  // namespace korvane::play
