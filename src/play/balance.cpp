@@ -11,6 +11,8 @@
 #include "base/error.h"
 #include "base/text.h"
 #include "character/seams_guard.h"
+#include "engine/prison.h"
+#include "output/story.h"
 #include "play/life_plan.h"
 #include "skills/grant.h"
 
@@ -45,12 +47,6 @@ class Checks : public Observer {
     std::map<Place, Figures>& figures_;
 };
 
-bool IsInjury(std::string_view line) {
-    constexpr std::array<std::string_view, 6> kInjuries = {"Nearly Killed", "Severely Injured", "Missing",
-                                                           "Scarred",       "Injured",          "Lightly Injured"};
-    return std::ranges::any_of(kInjuries, [&](std::string_view injury) { return line.starts_with(injury); });
-}
-
 // Counts the texts of tables in a history. Returns whether one stands there twice.
 bool RepeatsAText(std::span<const std::string> history, std::map<std::string, std::uint64_t>& met) {
     std::set<std::string_view> texts;
@@ -63,16 +59,19 @@ bool RepeatsAText(std::span<const std::string> history, std::map<std::string, st
     return repeats;
 }
 
+bool HasLine(std::span<const std::string> history, StoryKind kind) {
+    return std::ranges::any_of(history, [&](const auto& line) { return StoryKindOf(line) == kind; });
+}
+
 // The stays in prison that a history tells of: the terms from the verdict to the release.
 void NotePrison(const CharacterRecord& character, PrisonFigures& prison) {
     int since = -1;
     for (const auto& line : character.History.lines()) {
-        if (line.starts_with("Imprisoned; ")) {
+        if (line.starts_with(kImprisoned)) {
             since = 0;
-        } else if (since >= 0 && line.starts_with("------ Term ")) {
+        } else if (since >= 0 && StoryKindOf(line) == StoryKind::Term) {
             ++since;
-        } else if (since >= 0 && (line.starts_with("Released") || line.starts_with("Transfer to ") ||
-                                  line.find("escape!") != std::string::npos)) {
+        } else if (since >= 0 && (line == kReleased || line == kEscaped || line.starts_with("Transfer to "))) {
             prison.freeWithinFive.Count(since <= 5);
             prison.longest = std::max(prison.longest, since);
             since = -1;
@@ -87,9 +86,8 @@ void NotePrison(const CharacterRecord& character, PrisonFigures& prison) {
 
 void NoteLife(const CharacterRecord& character, Figures& figures, std::map<std::string, std::uint64_t>& met) {
     const auto history = character.History.lines();
-    figures.injured.Count(std::ranges::any_of(history, IsInjury));
-    figures.jailed.Count(
-        std::ranges::any_of(history, [](const auto& line) { return line.starts_with("Imprisoned; "); }));
+    figures.injured.Count(HasLine(history, StoryKind::Injury));
+    figures.jailed.Count(std::ranges::any_of(history, [](const auto& line) { return line.starts_with(kImprisoned); }));
     figures.owing.Count(static_cast<double>(character.MedicalDebt) > 0);
     figures.repeating.Count(RepeatsAText(history, met));
     figures.age.Add(character.Age);
