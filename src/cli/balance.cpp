@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/balance_figures.h"
 #include "cli/balance_page.h"
 #include "cli/commands.h"
 #include "cli/data_choice.h"
@@ -24,8 +25,9 @@ void PrintText(const std::vector<RaceFigures>& all, std::ostream& out) {
                 out << column.heading << ' ' << column.value(figures)
                     << (&column == &BalanceColumns().back() ? "\n" : ", ");
         }
-        out << "  prison: free within five terms " << Rounded(race.prison.freeWithinFive.percent(), 1) << " %, longest "
-            << race.prison.longest << " terms; oldest character " << race.prison.oldest << " years\n";
+        out << "  prison: free within five terms " << Rounded(race.prison.freeWithinFive.percent(), 1) << " % of "
+            << race.prison.freeWithinFive.of << " stays, longest " << race.prison.longest << " terms; oldest character "
+            << race.oldest << " years\n";
     }
 }
 

@@ -1,17 +1,17 @@
 #include "cli/balance_page.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <filesystem>
 #include <functional>
 #include <iterator>
+#include <limits>
 #include <map>
 #include <utility>
 
 #include "base/files.h"
 #include "base/text.h"
+#include "cli/balance_figures.h"
 
 namespace korvane::cli {
 
@@ -22,63 +22,54 @@ using play::Mean;
 using play::Place;
 using play::RaceFigures;
 
-}  // namespace
+// A goal, and how the figures stand to it.
+struct Outcome {
+    std::string goal;
+    std::string_view unit;  // what is held against it
+    int of = 0;
+    int met = 0;
+    std::map<std::string, std::string> misses = {};  // by race
 
-std::string Rounded(double value, int decimals) {
-    std::array<char, 32> text{};
-    const auto end =
-        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, decimals).ptr;
-    return {text.data(), end};
-}
+    void Count(bool isMet, const std::string& race, const std::string& miss) {
+        ++of;
+        met += isMet ? 1 : 0;
+        if (!isMet)
+            AppendAll(misses[race], misses[race].empty() ? "" : "; ", miss);
+    }
+};
 
-const std::vector<BalanceColumn>& BalanceColumns() {
-    static const std::vector<BalanceColumn> columns = {
-        {"accepted %", [](const Figures& f) { return f.accepted.of == 0 ? "-" : Rounded(f.accepted.percent()); }},
-        {"fails %", [](const Figures& f) { return Rounded(f.fails.percent(), 1); }},
-        {"-2 to +2", [](const Figures& f) { return Rounded(Spread(f)); }},
-        {"promoted %", [](const Figures& f) { return Rounded(f.promoted.percent()); }},
-        {"commissioned %",
-         [](const Figures& f) { return f.commissioned.of == 0 ? "-" : Rounded(f.commissioned.percent()); }},
-        {"injured %", [](const Figures& f) { return Rounded(f.injured.percent()); }},
-        {"jailed %", [](const Figures& f) { return Rounded(f.jailed.percent()); }},
-        {"age", [](const Figures& f) { return Rounded(f.age.value(), 1); }},
-        {"terms", [](const Figures& f) { return Rounded(f.terms.value(), 1); }},
-        {"skills", [](const Figures& f) { return Rounded(f.skills.value(), 1); }},
-        {"levels", [](const Figures& f) { return Rounded(f.levels.value(), 1); }},
-        {"best", [](const Figures& f) { return Rounded(f.best.value(), 2); }},
-        {"cash", [](const Figures& f) { return FormatThousands(f.cash.value()); }},
-        {"benefits", [](const Figures& f) { return Rounded(f.benefits.value(), 2); }},
-        {"owing %", [](const Figures& f) { return Rounded(f.owing.percent()); }},
-        {"friends", [](const Figures& f) { return Rounded(f.friends.value(), 1); }},
-        {"foes", [](const Figures& f) { return Rounded(f.foes.value(), 1); }},
-        {"repeat %", [](const Figures& f) { return Rounded(f.repeating.percent()); }},
-        {"held at 2 or more", [](const Figures& f) {
-             const auto [skill, percent] = SpecialistOf(f);
-             return Concat(skill, " ", Rounded(percent), " %");
-         }}};
-    return columns;
-}
-
-namespace {
-
+// A goal of each assignment: whether it is met, and the figure that says so.
 struct Goal {
     std::string_view goal;
     std::function<bool(const Figures&)> met;
-    std::string_view reason;
+    std::function<std::string(const Figures&)> figure;
 };
 const std::vector<Goal>& Goals() {
     static const std::vector<Goal> goals = {
-        {"fails 10 % to 45 % of its terms",
-         [](const Figures& f) { return f.fails.percent() >= 10 && f.fails.percent() <= 45; }, ""},
-        {"a modifier of -2 against +2 moves survival by 25 points or more",
-         [](const Figures& f) { return Spread(f) >= 25; }, "too few lives to tell"},
-        {"its skill at 2 or more after four terms in half of the lives",
+        {"each assignment fails 10 % to 45 % of its terms",
+         [](const Figures& f) { return f.fails.percent() >= 10 && f.fails.percent() <= 45; },
+         [](const Figures& f) { return Rounded(f.fails.percent(), 1) + " %"; }},
+        {"in each assignment a modifier of -2 against +2 moves survival by 25 points or more",
+         [](const Figures& f) { return Spread(f).value_or(0) >= 25; }, SpreadPoints},
+        {"each assignment's skill is held at 2 or more in half of its lives",
          [](const Figures& f) { return SpecialistOf(f).second >= 50; },
-         "prisoners learn what comes; the others stand at 49 %"},
-        {"fewer than one life in five repeats a text", [](const Figures& f) { return f.repeating.percent() < 20; },
-         "two dice fall on one of eleven rows: four rolls repeat one in half of the lives, whatever the texts; the "
-         "commonest rows are worded to bear it"}};
+         [](const Figures& f) { return Concat(SpecialistOf(f).first, " ", Rounded(SpecialistOf(f).second, 2), " %"); }},
+        {"in each assignment fewer than one life in five repeats a text",
+         [](const Figures& f) { return f.repeating.percent() < 20; },
+         [](const Figures& f) { return Rounded(f.repeating.percent(), 1) + " %"; }}};
     return goals;
+}
+
+std::string NameOf(const Place& place) {
+    return Concat(place.first, ", ", place.second);
+}
+
+Outcome OutcomeOf(const Goal& goal, const std::vector<RaceFigures>& all) {
+    Outcome outcome{std::string(goal.goal), "assignments"};
+    for (const auto& race : all)
+        for (const auto& [place, figures] : race.places)
+            outcome.Count(goal.met(figures), race.race, Concat(NameOf(place), ": ", goal.figure(figures)));
+    return outcome;
 }
 
 // Whether one assignment is better than another, or as good, in all that a player weighs.
@@ -89,26 +80,24 @@ bool Dominates(const Figures& a, const Figures& b) {
            a.injured.percent() <= b.injured.percent();
 }
 
-bool IsDominated(const RaceFigures& race, const Place& place, const Figures& figures) {
-    return std::ranges::any_of(race.places, [&](const auto& other) {
+// An assignment of the same career that does; nothing for none.
+const Place* DominatorOf(const RaceFigures& race, const Place& place, const Figures& figures) {
+    const auto better = std::ranges::find_if(race.places, [&](const auto& other) {
         return other.first != place && other.first.first == place.first && Dominates(other.second, figures);
     });
+    return better == race.places.end() ? nullptr : &better->first;
 }
 
-void WriteDominated(const std::vector<RaceFigures>& all, std::string& page) {
-    std::string dominated;
-    int of = 0;
-    int met = 0;
+Outcome Dominated(const std::vector<RaceFigures>& all) {
+    Outcome outcome{"no assignment is in all figures as good as another of its career, or better", "assignments"};
     for (const auto& race : all)
         for (const auto& [place, figures] : race.places) {
-            ++of;
-            if (!IsDominated(race, place, figures))
-                ++met;
-            else
-                AppendAll(dominated, dominated.empty() ? "" : "; ", race.race, " ", place.first, ", ", place.second);
+            const auto* const better = DominatorOf(race, place, figures);
+            outcome.Count(
+                better == nullptr, race.race,
+                better == nullptr ? "" : Concat(place.first, ", ", better->second, ": as good as ", place.second));
         }
-    AppendAll(page, "| each assignment: none of its career is better in all figures | ", met, " of ", of, " | ",
-              dominated, " |\n");
+    return outcome;
 }
 
 struct CareerMeans {
@@ -117,71 +106,79 @@ struct CareerMeans {
     Mean cash;
 };
 
-bool DiffersByAQuarter(const Mean& a, const Mean& b) {
-    constexpr double kQuarter = 1.25;
-    const auto [low, high] = std::minmax({a.value(), b.value()});  // the list gives values, not references
-    return high >= low * kQuarter;
+std::map<std::string, CareerMeans> MeansOf(const RaceFigures& race) {
+    std::map<std::string, CareerMeans> careers;
+    for (const auto& [place, figures] : race.places) {
+        auto& means = careers[place.first];
+        means.fails.Add(figures.fails.percent());
+        means.levels.Add(figures.levels.value());
+        means.cash.Add(figures.cash.value());
+    }
+    return careers;
 }
 
-void WriteDifferences(const std::vector<RaceFigures>& all, std::string& page) {
-    std::string alike;
-    int of = 0;
-    int met = 0;
+// By how many percent of the smaller the greater is above it.
+double Difference(const Mean& a, const Mean& b) {
+    const auto [low, high] = std::minmax({a.value(), b.value()});  // the list gives values, not references
+    if (low == high)
+        return 0;
+    return low == 0 ? std::numeric_limits<double>::infinity() : 100 * (high - low) / std::abs(low);
+}
+
+Outcome Differences(const std::vector<RaceFigures>& all) {
+    constexpr double kQuarter = 25;
+    Outcome outcome{"two careers of a race differ by a quarter in danger, levels or money", "pairs"};
     for (const auto& race : all) {
-        std::map<std::string, CareerMeans> careers;
-        for (const auto& [place, figures] : race.places) {
-            auto& means = careers[place.first];
-            means.fails.Add(figures.fails.percent());
-            means.levels.Add(figures.levels.value());
-            means.cash.Add(figures.cash.value());
-        }
+        const auto careers = MeansOf(race);
         for (auto a = careers.begin(); a != careers.end(); ++a)
             for (auto b = std::next(a); b != careers.end(); ++b) {
-                ++of;
-                const bool differ = DiffersByAQuarter(a->second.fails, b->second.fails) ||
-                                    DiffersByAQuarter(a->second.levels, b->second.levels) ||
-                                    DiffersByAQuarter(a->second.cash, b->second.cash);
-                met += differ ? 1 : 0;
-                if (!differ)
-                    AppendAll(alike, alike.empty() ? "" : "; ", race.race, " ", a->first, " and ", b->first);
+                const double danger = Difference(a->second.fails, b->second.fails);
+                const double levels = Difference(a->second.levels, b->second.levels);
+                const double money = Difference(a->second.cash, b->second.cash);
+                outcome.Count(std::max({danger, levels, money}) >= kQuarter, race.race,
+                              Concat(a->first, " and ", b->first, ": danger ", Rounded(danger, 1), " %, levels ",
+                                     Rounded(levels, 1), " %, money ", Rounded(money, 1), " %"));
             }
     }
-    AppendAll(page, "| two careers of a race differ by a quarter in danger, levels or money | ", met, " of ", of,
-              " pairs | ", alike,
-              alike.empty() ? "" : ": lives move from career to career, which evens out what they own", " |\n");
+    return outcome;
+}
+
+void WriteRow(std::string& page, std::string_view goal, bool isMet, std::string_view figures) {
+    AppendAll(page, "| ", goal, " | ", isMet ? "met" : "**not met**", " | ", figures, " |\n");
+}
+
+void WriteRaceGoals(const RaceFigures& race, std::string& page) {
+    constexpr double kNineInTen = 90;
+    constexpr int kOld = 120;
+    const auto& free = race.prison.freeWithinFive;
+    if (free.of > 0)
+        WriteRow(page, Concat(race.race, ": nine in ten stays in prison end within five terms"),
+                 free.percent() >= kNineInTen,
+                 Concat(Rounded(free.percent(), 1), " % of ", free.of, " stays, the longest ", race.prison.longest,
+                        " terms; ", race.prison.cutShort, " more cut short"));
+    WriteRow(page, Concat(race.race, ": nobody passes ", kOld, " years"), race.oldest <= kOld,
+             Concat("the oldest has ", race.oldest));
 }
 
 void WriteGoals(const std::vector<RaceFigures>& all, std::string& page) {
-    AppendAll(page, "## The goals\n\n| goal | met by | where not |\n|---|---|---|\n");
-    for (const auto& goal : Goals()) {
-        int of = 0;
-        std::vector<std::string> missed;
-        for (const auto& race : all)
-            for (const auto& [place, figures] : race.places) {
-                ++of;
-                if (!goal.met(figures))
-                    missed.push_back(Concat(race.race, " ", place.first, ", ", place.second));
-            }
-        std::string where;
-        for (const auto& name : missed)
-            if (missed.size() <= 8)
-                AppendAll(where, where.empty() ? "" : "; ", name);
-        AppendAll(page, "| each assignment: ", goal.goal, " | ", of - static_cast<int>(missed.size()), " of ", of,
-                  " | ", where,
-                  missed.empty() || goal.reason.empty() ? ""
-                  : where.empty()                       ? ""
-                                                        : ": ",
-                  missed.empty() ? "" : goal.reason, " |\n");
-    }
-    WriteDominated(all, page);
-    WriteDifferences(all, page);
-    AppendAll(page,
-              "| the best benefits stand where a roll reaches them | the die reaches row 6 | row 7 takes a bonus: it "
-              "is the rumour of a career |\n");
+    std::vector<Outcome> outcomes;
+    for (const auto& goal : Goals())
+        outcomes.push_back(OutcomeOf(goal, all));
+    outcomes.push_back(Dominated(all));
+    outcomes.push_back(Differences(all));
+    AppendAll(page, "## The goals\n\n| goal | verdict | figures |\n|---|---|---|\n");
+    for (const auto& outcome : outcomes)
+        if (outcome.of > 0)
+            WriteRow(page, outcome.goal, outcome.met == outcome.of,
+                     Concat(outcome.met, " of ", outcome.of, " ", outcome.unit));
     for (const auto& race : all)
-        AppendAll(page, "| ", race.race, ": nine in ten prisoners are free within five terms | ",
-                  Rounded(race.prison.freeWithinFive.percent(), 1), " % | longest stay ", race.prison.longest,
-                  " terms; nobody passes 120 years: the oldest character has ", race.prison.oldest, " |\n");
+        WriteRaceGoals(race, page);
+    for (const auto& outcome : outcomes) {
+        if (!outcome.misses.empty())
+            AppendAll(page, "\nNot met: ", outcome.goal, "\n\n");
+        for (const auto& [race, misses] : outcome.misses)
+            AppendAll(page, "- **", race, "** ", misses, "\n");
+    }
 }
 
 // Bars of the failed terms of each assignment, as a picture that reads in light and dark.
@@ -234,15 +231,32 @@ void WriteRace(const RaceFigures& race, std::string& page) {
         AppendAll(page, "- ", rows[i].first, " times: ", rows[i].second, "\n");
 }
 
+std::string HowMeasured(const BalanceCommand& command) {
+    auto line = Concat("korvane-cli balance --format md --count ", command.count, " --terms ", command.terms);
+    if (!command.race.empty())
+        AppendAll(line, " --race \"", command.race, "\"");
+    if (!command.career.empty())
+        AppendAll(line, " --career \"", command.career, "\"");
+    if (command.seed)
+        AppendAll(line, " --seed \"", command.seed->given(), "\"");
+    return line;
+}
+
+constexpr std::string_view kReading =
+    "`: so many automatic lives a career, shared by its assignments. \"Accepted\" to \"commissioned\" tell of the "
+    "rolls "
+    "in the assignment, by whoever rolled; all else of the lives that began there, whatever became of them. \"-2 to "
+    "+2\" "
+    "is by how many points of failing those modifiers differ; \"-\" where too few were rolled to tell.\n\n"
+    "A stay in prison lasts from a sentence, whatever sentences follow, to the release, the escape or the way into "
+    "another career. Stays that the end of the life cut short within five terms count neither as ended nor as not; a "
+    "life that begins in prison has no sentence.\n\n";
+
 }  // namespace
 
 void WriteBalancePage(const BalanceCommand& command, const std::vector<RaceFigures>& all) {
     const std::filesystem::path folder(command.outFolder);
-    auto page = Concat(
-        "# Balance\n\nMeasured by `korvane-cli balance --format md --count ", command.count, " --terms ", command.terms,
-        "`: so many automatic lives a career, shared by its assignments. \"Fails\" counts the terms served in the "
-        "assignment by whoever served there; what stands right of it tells of the lives that began there, whatever "
-        "became of them. \"-2 to +2\" is by how many points of failing those modifiers differ.\n\n");
+    auto page = Concat("# Balance\n\nMeasured by `", HowMeasured(command), kReading);
     WriteGoals(all, page);
     for (const auto& race : all) {
         WriteRace(race, page);

@@ -5,7 +5,6 @@
 #include <exception>
 #include <iterator>
 #include <set>
-#include <span>
 #include <string_view>
 
 #include "base/error.h"
@@ -33,7 +32,7 @@ class Checks : public Observer {
             figures.fails.Count(effect < 0);
             figures.failsBy[own].Count(effect < 0);
         } else if (check.data() == session_.assignment.advancement.data()) {
-            if (session_.character.ParoleThreshold == 0)  // the roll is that of the parole
+            if (session_.character.ParoleThreshold <= 0)  // else the roll is that of the parole
                 figures.promoted.Count(effect >= 0);
         } else if (check.data() == session_.career.qualification.data()) {
             figures.accepted.Count(effect >= 0);
@@ -63,25 +62,8 @@ bool HasLine(std::span<const std::string> history, StoryKind kind) {
     return std::ranges::any_of(history, [&](const auto& line) { return StoryKindOf(line) == kind; });
 }
 
-// The stays in prison that a history tells of: the terms from the verdict to the release.
-void NotePrison(const CharacterRecord& character, PrisonFigures& prison) {
-    int since = -1;
-    for (const auto& line : character.History.lines()) {
-        if (line.starts_with(kImprisoned)) {
-            since = 0;
-        } else if (since >= 0 && StoryKindOf(line) == StoryKind::Term) {
-            ++since;
-        } else if (since >= 0 && (line == kReleased || line == kEscaped || line.starts_with("Transfer to "))) {
-            prison.freeWithinFive.Count(since <= 5);
-            prison.longest = std::max(prison.longest, since);
-            since = -1;
-        }
-    }
-    if (since > 5)
-        prison.freeWithinFive.Count(false);
-    if (since >= 0)
-        prison.longest = std::max(prison.longest, since);
-    prison.oldest = std::max<int>(prison.oldest, character.Age);
+bool LeavesPrison(std::string_view line) {
+    return line == kReleased || line == kEscaped || line.starts_with("Transfer to ");
 }
 
 void NoteLife(const CharacterRecord& character, Figures& figures, std::map<std::string, std::uint64_t>& met) {
@@ -181,7 +163,8 @@ class Balance {
             if (!outcome.finished())
                 continue;
             NoteLife(session_.character, figures.places[{plan.career, plan.assignment}], figures.met);
-            NotePrison(session_.character, figures.prison);
+            NotePrison(session_.character.History.lines(), figures.prison);
+            figures.oldest = std::max<int>(figures.oldest, session_.character.Age);
         }
     }
 
@@ -191,7 +174,7 @@ class Balance {
 
 }  // namespace
 
-double Spread(const Figures& figures) {
+std::optional<double> Spread(const Figures& figures) {
     constexpr std::uint64_t kEnough = 200;
     constexpr int kSteps = 4;
     std::vector<std::pair<int, double>> points;
@@ -199,7 +182,7 @@ double Spread(const Figures& figures) {
         if (share.of >= kEnough && modifier >= -2 && modifier <= 2)
             points.emplace_back(modifier, share.percent());
     if (points.size() < 2)
-        return 0;
+        return std::nullopt;
     return (points.front().second - points.back().second) / (points.back().first - points.front().first) * kSteps;
 }
 
@@ -208,6 +191,27 @@ std::pair<std::string, double> SpecialistOf(const Figures& figures) {
     const auto hits = share == figures.specialists.end() ? 0 : share->second.hits;
     return {figures.specialty,
             figures.age.count == 0 ? 0 : 100.0 * static_cast<double>(hits) / static_cast<double>(figures.age.count)};
+}
+
+void NotePrison(std::span<const std::string> history, PrisonFigures& prison) {
+    constexpr int kFew = 5;
+    bool inside = false;
+    int terms = 0;
+    for (const auto& line : history) {
+        if (!inside && line.starts_with(kImprisoned)) {
+            inside = true;
+            terms = 0;
+        } else if (inside && StoryKindOf(line) == StoryKind::Term) {
+            prison.longest = std::max(prison.longest, ++terms);
+        } else if (inside && LeavesPrison(line)) {
+            inside = false;
+            prison.freeWithinFive.Count(terms <= kFew);
+        }
+    }
+    if (inside && terms <= kFew)
+        ++prison.cutShort;
+    else if (inside)
+        prison.freeWithinFive.Count(false);
 }
 
 std::vector<RaceFigures> MeasureBalance(Session& session, const BalancePlan& plan) {

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -60,16 +62,21 @@ struct Figures {
 };
 
 // By how many points of failing a modifier of -2 differs from one of +2: four steps of those between the lowest and the
-// highest modifier that lives had often enough.
-double Spread(const Figures& figures);
+// highest modifier that lives had often enough; nothing where fewer than two were.
+std::optional<double> Spread(const Figures& figures);
 // The assignment's specialty, and in how many percent of the lives it is at 2 or more.
 std::pair<std::string, double> SpecialistOf(const Figures& figures);
 
+// Of stays in prison. One lasts from a sentence, whatever sentences follow, to the release, the escape or the way into
+// another career.
 struct PrisonFigures {
-    Share freeWithinFive;
-    int longest = 0;
-    int oldest = 0;
+    Share freeWithinFive;        // terms: of the stays that it can be told of
+    std::uint64_t cutShort = 0;  // by the end of the life within those terms: it can't be told
+    int longest = 0;             // in terms
 };
+
+// Adds the stays that a history tells of.
+void NotePrison(std::span<const std::string> history, PrisonFigures& prison);
 
 using Place = std::pair<std::string, std::string>;  // career, assignment
 
@@ -77,6 +84,7 @@ struct RaceFigures {
     std::string race;
     std::map<Place, Figures> places;
     PrisonFigures prison;
+    int oldest = 0;                            // in years, at the end of a life
     std::map<std::string, std::uint64_t> met;  // table texts
 };
 
