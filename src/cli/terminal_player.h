@@ -89,6 +89,10 @@ class TerminalPlayer : public Player {
     void GoForward();
     void OfferScrapping();
     void OfferQuitting();
+    bool ConfirmsLeaving();
+    // What a player is asked once more about; the words that would lead elsewhere do nothing there.
+    enum class Confirming { Nothing, Scrapping, Quitting };
+    bool Confirms(Confirming what, std::string_view question);
     void ShowSheet();
     void ShowStanding();
     // The number of the line that an answer means: by its number, its text or the beginning of that; 0 for none, with
@@ -100,8 +104,8 @@ class TerminalPlayer : public Player {
     std::istream& in_;
     WrappedOut& out_;
     bool living_ = false;
-    bool scrapping_ = false;  // the player is asked whether to scrap the character
-    std::string standing_;    // as it was shown last
+    Confirming confirming_ = Confirming::Nothing;
+    std::string standing_;  // as it was shown last
 };
 
 }  // namespace korvane::cli
