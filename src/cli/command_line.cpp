@@ -261,10 +261,8 @@ std::vector<std::string> Words(const std::vector<std::string>& arguments) {
     return words;
 }
 
-int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
-    CLI::App app("Plays the lives of Farwend characters from editable rule data.", "korvane-cli");
-    app.set_version_flag("--version", "korvane-cli " KORVANE_VERSION);
-    app.require_subcommand(1);
+// What the command line says, of whichever command.
+struct Order {
     RawOptions raw;
     GenerateCommand generate;
     PlayCommand play;
@@ -272,24 +270,77 @@ int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
     VerifyCommand verify;
     CheckCommand check;
     BalanceCommand balance;
-    NewCareerCommand new_career;
+    NewCareerCommand newCareer;
     CodesCommand codes;
-    auto* const generate_app = app.add_subcommand("generate", "Generate characters without a person");
-    auto* const play_app = app.add_subcommand("play", "Play a character's life at the terminal");
-    auto* const replay_app = app.add_subcommand("replay", "Play a journal again, die by die");
-    auto* const verify_app = app.add_subcommand("verify", "Say whether journals were honestly lived");
-    auto* const check_app = app.add_subcommand("check", "Find the mistakes in a folder of rule data");
-    auto* const balance_app = app.add_subcommand("balance", "Measure what rule data make of lives");
-    auto* const new_career_app = app.add_subcommand("new-career", "Write the files of a new career, to be filled in");
-    auto* const codes_app = app.add_subcommand("codes", "List the codes of mishaps and events");
-    AddCodes(*codes_app, codes);
-    AddGenerate(*generate_app, generate, raw);
-    AddPlay(*play_app, play, raw);
-    AddReplay(*replay_app, replay, raw);
-    AddVerify(*verify_app, verify, raw);
-    AddCheck(*check_app, check, raw);
-    AddBalance(*balance_app, balance, raw);
-    AddNewCareer(*new_career_app, new_career);
+};
+
+int RunGenerate(Order& order, Streams& streams) {
+    Check(order.generate, order.raw);
+    return Generate(order.generate, streams);
+}
+
+int RunPlay(Order& order, Streams& streams) {
+    order.play.method = MethodNamed(order.raw.method);
+    order.play.options = OptionsNamed(order.raw.options);
+    return Play(order.play, streams);
+}
+
+int RunReplay(Order& order, Streams& streams) {
+    Check(order.replay, order.raw);
+    return Replay(order.replay, streams);
+}
+
+int RunVerify(Order& order, Streams& streams) {
+    order.verify.format = FormatNamed(order.raw.format);
+    return Verify(order.verify, streams);
+}
+
+int RunCheck(Order& order, Streams& streams) {
+    order.check.format = FormatNamed(order.raw.format);
+    return Check(order.check, streams);
+}
+
+int RunBalance(Order& order, Streams& streams) {
+    if ((order.raw.format == "md") == order.balance.outFolder.empty())
+        throw UsageError(R"("--format md" and "--out FOLDER" go together)");
+    order.balance.format = FormatNamed(order.raw.format);
+    return MeasureBalance(order.balance, streams);
+}
+
+// A command: what it takes, and what carries it out.
+struct Verb {
+    const char* name;
+    const char* help;
+    void (*add)(CLI::App& app, Order& order);
+    int (*run)(Order& order, Streams& streams);
+};
+constexpr std::array<Verb, 8> kVerbs = {{
+    {"generate", "Generate characters without a person",
+     [](CLI::App& app, Order& order) { AddGenerate(app, order.generate, order.raw); }, RunGenerate},
+    {"play", "Play a character's life at the terminal",
+     [](CLI::App& app, Order& order) { AddPlay(app, order.play, order.raw); }, RunPlay},
+    {"replay", "Play a journal again, die by die",
+     [](CLI::App& app, Order& order) { AddReplay(app, order.replay, order.raw); }, RunReplay},
+    {"verify", "Say whether journals were honestly lived",
+     [](CLI::App& app, Order& order) { AddVerify(app, order.verify, order.raw); }, RunVerify},
+    {"check", "Find the mistakes in a folder of rule data",
+     [](CLI::App& app, Order& order) { AddCheck(app, order.check, order.raw); }, RunCheck},
+    {"balance", "Measure what rule data make of lives",
+     [](CLI::App& app, Order& order) { AddBalance(app, order.balance, order.raw); }, RunBalance},
+    {"new-career", "Write the files of a new career, to be filled in",
+     [](CLI::App& app, Order& order) { AddNewCareer(app, order.newCareer); },
+     [](Order& order, Streams& streams) { return NewCareer(order.newCareer, streams); }},
+    {"codes", "List the codes of mishaps and events", [](CLI::App& app, Order& order) { AddCodes(app, order.codes); },
+     [](Order& order, Streams& streams) { return Codes(order.codes, streams); }},
+}};
+
+int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
+    CLI::App app("Plays the lives of Farwend characters from editable rule data.", "korvane-cli");
+    app.set_version_flag("--version", "korvane-cli " KORVANE_VERSION);
+    app.require_subcommand(1);
+    Order order;
+    for (const auto& verb : kVerbs)
+        verb.add(*app.add_subcommand(verb.name, verb.help), order);
     auto words = Words(arguments);
     std::ranges::reverse(words);  // as the library wants them
     try {
@@ -300,35 +351,8 @@ int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
         streams.err << Bounded(told.str());
         return good ? kSuccess : kFailure;
     }
-    if (generate_app->parsed()) {
-        Check(generate, raw);
-        return Generate(generate, streams);
-    }
-    if (play_app->parsed()) {
-        play.method = MethodNamed(raw.method);
-        play.options = OptionsNamed(raw.options);
-        return Play(play, streams);
-    }
-    if (verify_app->parsed()) {
-        verify.format = FormatNamed(raw.format);
-        return Verify(verify, streams);
-    }
-    if (balance_app->parsed()) {
-        if ((raw.format == "md") == balance.outFolder.empty())
-            throw UsageError(R"("--format md" and "--out FOLDER" go together)");
-        balance.format = FormatNamed(raw.format);
-        return MeasureBalance(balance, streams);
-    }
-    if (new_career_app->parsed())
-        return NewCareer(new_career, streams);
-    if (check_app->parsed()) {
-        check.format = FormatNamed(raw.format);
-        return Check(check, streams);
-    }
-    if (codes_app->parsed())
-        return Codes(codes, streams);
-    Check(replay, raw);
-    return Replay(replay, streams);
+    const auto verb = std::ranges::find_if(kVerbs, [&](const Verb& each) { return app.got_subcommand(each.name); });
+    return verb->run(order, streams);
 }
 
 }  // namespace

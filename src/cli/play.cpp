@@ -10,6 +10,7 @@
 #include "cli/data_choice.h"
 #include "cli/terminal_player.h"
 #include "output/character_text.h"
+#include "output/journal/read_journal.h"
 #include "output/summary_texts.h"
 #include "play/kept_journal.h"
 
@@ -108,18 +109,25 @@ class PlayedLife {
         std::error_code error;
         if (command_.journal == "-")
             throw UsageError("a journal is kept in a file: \"-\" is none");
-        if (std::filesystem::is_regular_file(path, error) && std::filesystem::file_size(path, error) > 0 &&
-            !BeginsAnew(path)) {
-            auto journal = play::ReadJournalFile(path);
-            if (!journal.tape.end && WantsToGoOn(journal)) {
-                journal_.emplace(path, journal, report);
-                life_.keeper = &*journal_;
-                return journal;
-            }
-        }
-        journal_.emplace(path, report);
+        const auto held =
+            std::filesystem::is_regular_file(path, error) ? ReadBytes(path, "a journal", kMostJournal) : std::string();
+        std::optional<journal::Journal> unfinished;
+        if (HoldsNoAnswer(held))
+            std::filesystem::resize_file(path, 0);
+        else if (!held.empty())
+            unfinished = ToGoOnWith(journal::ReadJournal(path.string(), held));
+        if (unfinished)
+            journal_.emplace(path, *unfinished, report);
+        else
+            journal_.emplace(path, report);
         life_.keeper = &*journal_;
-        return std::nullopt;
+        return unfinished;
+    }
+    // The journal, where its life isn't finished and the player goes on with it.
+    std::optional<journal::Journal> ToGoOnWith(journal::Journal journal) {
+        if (journal.tape.end || !WantsToGoOn(journal))
+            return std::nullopt;
+        return journal;
     }
     bool WantsToGoOn(const journal::Journal& journal) {
         out_.Write(Concat("\n", command_.journal, " holds a life that isn't finished: ", journal.tape.start.race, ", ",
@@ -131,13 +139,9 @@ class PlayedLife {
                               ": the line is damaged; what follows it would be lost.\n"));
         return player_.AskBeside({"Go on with it?", {}, Icon::Question, !journal.IsDamaged()});
     }
-    // Whether the file holds no more than a part of a first line, with which nothing was answered.
-    bool BeginsAnew(const std::filesystem::path& path) {
-        const auto bytes = ReadStream(path, "a journal", kMostJournal);
-        if (bytes.find('\n') != std::string::npos || !bytes.starts_with("{\"journal\""))
-            return false;
-        std::filesystem::resize_file(path, 0);
-        return true;
+    // Whether a file holds no more than a part of a first line, with which nothing was answered.
+    static bool HoldsNoAnswer(std::string_view held) {
+        return held.starts_with("{\"journal\"") && held.find('\n') == std::string_view::npos;
     }
 
     play::LifeOutcome Begin(const play::RecordedLife::Finished& finished) {

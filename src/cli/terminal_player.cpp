@@ -2,12 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <sstream>
 #include <utility>
 
 #include "base/text.h"
-#include "character/checks.h"
 #include "character/player_texts.h"
 #include "output/character_text.h"
 #include "output/summary_texts.h"
@@ -23,7 +21,7 @@ At every question these words are understood too:
   forward  takes a step back back
   sheet    shows the character so far
   scrap    scraps the character
-  quit     leaves the program; a journal that is kept can be gone on with
+  quit     leaves the program; a life that a journal keeps can be gone on with
   help     shows this
 )";
 
@@ -41,6 +39,10 @@ std::string Joined(std::span<const std::string_view> rows) {
     for (const auto row : rows)
         AppendAll(joined, joined.empty() ? "" : ", ", row);
     return joined;
+}
+
+bool IsNoTable(const TableColumn& column) {
+    return !column.enabled && column.caption.empty() && std::ranges::all_of(column.rows, IsBlank);
 }
 
 // The numbers of a list's items that an answer names: by numbers, or by texts with commas between them.
@@ -65,66 +67,6 @@ std::vector<int> NumbersIn(const std::string& answer, std::span<const std::strin
 }
 
 }  // namespace
-
-void WrappedOut::Write(std::string_view text) {
-    while (!text.empty()) {
-        const auto [line, rest] = SplitFirst(text, "\n");
-        WriteLine(line);
-        if (line.size() < text.size())
-            out_ << '\n';
-        text = rest;
-    }
-}
-
-void WrappedOut::WriteLine(std::string_view line) {
-    const auto most = static_cast<std::size_t>(width_);
-    const auto indent = std::min(line.find_first_not_of(" |*>0123456789)."), line.size());
-    const std::string margin(std::min(indent, most / 2), ' ');
-    std::size_t room = most;
-    while (width_ > 0 && CharacterCount(line) > room) {
-        const auto start = FirstCharacters(line, room + 1);
-        auto place = start.rfind(' ');
-        if (place == std::string_view::npos || Trim(start.substr(0, place)).empty())
-            place = FirstCharacters(line, room).size();
-        out_ << line.substr(0, place) << '\n' << margin;
-        line.remove_prefix(place);
-        line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
-        room = most - margin.size();
-    }
-    out_ << line;
-}
-
-void TerminalDisplay::Hush(bool all) {
-    hushed_ = true;
-    all_ = all;
-}
-
-void TerminalDisplay::GoOn() {
-    if (!std::exchange(hushed_, false))
-        return;
-    shown_ = all_ ? 0 : session_.character.History.size();
-    HistoryChanged();
-}
-
-void TerminalDisplay::HistoryChanged() {
-    if (hushed_)
-        return;
-    const auto lines = session_.character.History.lines();
-    if (lines.size() < shown_)
-        shown_ = 0;
-    for (; shown_ < lines.size(); ++shown_)
-        out_.Write(Concat("  | ", lines[shown_], "\n"));
-}
-
-void TerminalDisplay::ShowDice(const journal::Line& line) {
-    if (const auto* const roll = std::get_if<journal::RollLine>(&line))
-        out_.Write(Concat("  . ", roll->request.count, "D", roll->request.sides, ": ", roll->answer, "\n"));
-}
-
-void TerminalDisplay::ShowCheck(std::string_view check, int own, int once, int effect) {
-    out_.Write(Concat("  . check ", check, ": ", SignedNumber(own + once), " to the roll against ", CheckTarget(check),
-                      effect >= 0 ? ", made by " : ", failed by ", std::abs(effect), "\n"));
-}
 
 std::string TerminalPlayer::Read(std::string_view prompt) {
     ShowStanding();
@@ -165,7 +107,7 @@ bool TerminalPlayer::Obey(const std::string& answer) {
 }
 
 void TerminalPlayer::GoBack() {
-    if (!living_ || scrapping_ || steps == nullptr || !steps->MayGoBack()) {
+    if (!living_ || confirming_ != Confirming::Nothing || steps == nullptr || !steps->MayGoBack()) {
         out_.Write("There is no answer to go back to.\n");
         return;
     }
@@ -176,7 +118,7 @@ void TerminalPlayer::GoBack() {
 }
 
 void TerminalPlayer::GoForward() {
-    if (!living_ || scrapping_ || steps == nullptr || !steps->MayGoForward()) {
+    if (!living_ || confirming_ != Confirming::Nothing || steps == nullptr || !steps->MayGoForward()) {
         out_.Write("There is nothing to go forward to.\n");
         return;
     }
@@ -187,19 +129,34 @@ void TerminalPlayer::GoForward() {
 }
 
 void TerminalPlayer::OfferScrapping() {
-    if (!living_ || scrapping_) {
-        out_.Write(scrapping_ ? "Please answer y or n.\n" : "There is no character yet.\n");
+    if (!living_ || confirming_ != Confirming::Nothing) {
+        out_.Write(living_ ? "Please answer y or n.\n" : "There is no character yet.\n");
         return;
     }
-    scrapping_ = true;
-    const bool scraps = Ask({kScrapQuestion, {}, Icon::Question, false});
-    scrapping_ = false;
-    if (scraps)
+    if (Confirms(Confirming::Scrapping, kScrapQuestion))
         throw CharacterScrapped();
 }
 
 void TerminalPlayer::OfferQuitting() {
+    const bool is_lost = living_ && (steps == nullptr || !steps->IsKept());
+    if (is_lost && confirming_ != Confirming::Quitting && !ConfirmsLeaving())
+        return;
     throw PlayerLeft();
+}
+
+bool TerminalPlayer::ConfirmsLeaving() {
+    try {
+        return Confirms(Confirming::Quitting, "No journal keeps this life. Leave it for good?");
+    } catch (const UsageError&) {
+        return true;  // who has hung up can't be asked
+    }
+}
+
+bool TerminalPlayer::Confirms(Confirming what, std::string_view question) {
+    const auto before = std::exchange(confirming_, what);
+    const bool yes = Ask({question, {}, Icon::Question, false});
+    confirming_ = before;
+    return yes;
 }
 
 void TerminalPlayer::ShowSheet() {
@@ -208,7 +165,7 @@ void TerminalPlayer::ShowSheet() {
 
 // Age and characteristics, where they have changed.
 void TerminalPlayer::ShowStanding() {
-    if (!living_ || scrapping_)
+    if (!living_ || confirming_ != Confirming::Nothing)
         return;
     auto standing = AgeLabel(session_.character);
     for (const auto& line : CharacteristicLines(session_.character))
@@ -324,6 +281,9 @@ int TerminalPlayer::PickTable(const TableQuestion& question) {
     for (const auto& column : std::span(question.columns).subspan(1))
         lines.push_back({column.caption, column.enabled ? "" : "your character doesn't meet what the table asks for",
                          ": " + Joined(column.rows)});
+    // The last columns may hold nothing; the numbers of the others stay what they are.
+    while (lines.size() > 1 && IsNoTable(question.columns.at(lines.size())))
+        lines.pop_back();
     return PickLine(question.instruction, lines);
 }
 

@@ -4,50 +4,14 @@
 #include <functional>
 #include <istream>
 #include <optional>
-#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "character/KVNDeclare.h"
-#include "output/journal/tape.h"
+#include "cli/terminal_display.h"
 
 namespace korvane::cli {
-
-// Writes lines, wrapped at words to a width in characters; 0 for as they are. What follows a line that begins with
-// blanks is set in as far.
-class WrappedOut {
-  public:
-    WrappedOut(std::ostream& out, int width) : out_(out), width_(width) {}
-    void Write(std::string_view text);
-    void Flush() { out_ << std::flush; }
-
-  private:
-    void WriteLine(std::string_view line);
-
-    std::ostream& out_;
-    int width_;
-};
-
-// Writes what happens, as it comes: the history, dice and checks.
-class TerminalDisplay : public Display {
-  public:
-    TerminalDisplay(const Session& session, WrappedOut& out) : session_(session), out_(out) {}
-
-    // Writes nothing for a while; what happens then is written later only where `all` says so.
-    void Hush(bool all = false);
-    void GoOn();
-    void ShowDice(const journal::Line& line);
-    void ShowCheck(std::string_view check, int own, int once, int effect);
-    void HistoryChanged() override;
-
-  private:
-    const Session& session_;
-    WrappedOut& out_;
-    std::size_t shown_ = 0;
-    bool hushed_ = false;
-    bool all_ = false;
-};
 
 // Every member throws UsageError when the input ends in the middle.
 class TerminalPlayer : public Player {
@@ -89,6 +53,10 @@ class TerminalPlayer : public Player {
     void GoForward();
     void OfferScrapping();
     void OfferQuitting();
+    bool ConfirmsLeaving();
+    // What a player is asked once more about; the words that would lead elsewhere do nothing there.
+    enum class Confirming { Nothing, Scrapping, Quitting };
+    bool Confirms(Confirming what, std::string_view question);
     void ShowSheet();
     void ShowStanding();
     // The number of the line that an answer means: by its number, its text or the beginning of that; 0 for none, with
@@ -100,8 +68,8 @@ class TerminalPlayer : public Player {
     std::istream& in_;
     WrappedOut& out_;
     bool living_ = false;
-    bool scrapping_ = false;  // the player is asked whether to scrap the character
-    std::string standing_;    // as it was shown last
+    Confirming confirming_ = Confirming::Nothing;
+    std::string standing_;  // as it was shown last
 };
 
 }  // namespace korvane::cli

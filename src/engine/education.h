@@ -17,5 +17,7 @@ void AttendUniversity(Session& session);
 // A course at the academy of a service: admission, the service's skills, an event and graduation. A graduate who goes
 // into that service can't be refused by it and becomes an officer there.
 void AttendMilitaryAcademy(Session& session);
+// Whether the service has an academy.
+bool HasAcademy(std::string_view service);
 
 }  // namespace korvane

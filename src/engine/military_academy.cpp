@@ -73,6 +73,10 @@ void ChangeToService(Session& session, std::string_view service) {
 
 }  // namespace
 
+bool HasAcademy(std::string_view service) {
+    return std::ranges::find(kAcademies, service, &Academy::service) != kAcademies.end();
+}
+
 void AttendMilitaryAcademy(Session& session) {
     const auto* const academy = PickAcademy(session);
     if (academy == nullptr) {

@@ -40,7 +40,7 @@ void Imprison(Session& session) {
     SelectAssignment(session, kInmate);
     session.character.TermsInCareer = 0;
     RollParoleThreshold(session);
-    AddHistory(session, "Imprisoned; parole threshold ", session.character.ParoleThreshold);
+    AddHistory(session, kImprisoned, "parole threshold ", session.character.ParoleThreshold);
 }
 
 void OfferEscape(Session& session) {

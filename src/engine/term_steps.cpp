@@ -4,6 +4,7 @@
 #include "character/summary.h"
 #include "data/known_names.h"
 #include "data/rule_row.h"
+#include "engine/prison.h"
 #include "engine/transfer.h"
 #include "skills/grant.h"
 
@@ -22,7 +23,7 @@ void FaceParole(Session& session, int total) {
         return;
     }
     TellUnlessAutomatic(session, "Released from prison");
-    AddHistory(session, "Released!");
+    AddHistory(session, kReleased);
     character.ParoleThreshold = 0;
     TransferCareer(session);
 }

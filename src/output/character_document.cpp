@@ -79,7 +79,10 @@ void AddBenefits(JsonWriter& json, const CharacterRecord& character) {
 }
 
 void TextOrNull(JsonWriter& json, const std::string& held) {
-    held.empty() ? json.Null() : json.Text(held);
+    if (held.empty())
+        json.Null();
+    else
+        json.Text(held);
 }
 
 // The education, and those who helped on the way: null or an empty list for none.

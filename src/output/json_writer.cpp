@@ -64,7 +64,10 @@ void JsonWriter::Unsigned(std::uint64_t number) {
 }
 
 void JsonWriter::Given(const Seed& seed) {
-    seed.isNumber() ? Unsigned(seed.value()) : Text(seed.given());
+    if (seed.isNumber())
+        Unsigned(seed.value());
+    else
+        Text(seed.given());
 }
 
 void JsonWriter::Raw(std::string_view value) {

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/text.h"
+#include "engine/prison.h"
 
 namespace korvane {
 
@@ -16,12 +17,12 @@ struct Beginning {
 constexpr std::array<Beginning, 22> kBeginnings = {{{"Promoted to ", StoryKind::Promotion},
                                                     {"Commissioned", StoryKind::Promotion},
                                                     {"Graduated", StoryKind::Promotion},
-                                                    {"Imprisoned; ", StoryKind::Prison},
-                                                    {"Released", StoryKind::Prison},
-                                                    {"You escape", StoryKind::Prison},
+                                                    {kImprisoned, StoryKind::Prison},
+                                                    {kReleased, StoryKind::Prison},
+                                                    {kEscaped, StoryKind::Prison},
                                                     {"Nearly Killed", StoryKind::Injury},
                                                     {"Severely Injured", StoryKind::Injury},
-                                                    {"Missing ", StoryKind::Injury},
+                                                    {"Lost Eye or Limb", StoryKind::Injury},
                                                     {"Scarred", StoryKind::Injury},
                                                     {"Injured", StoryKind::Injury},
                                                     {"Lightly Injured", StoryKind::Injury},
@@ -49,7 +50,22 @@ bool IsGain(std::string_view line) {
     return number != "0" && number.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-StoryKind KindOf(std::string_view line) {
+// The career that a line leads into, as one of those served; nothing for other lines.
+std::string_view CareerIn(std::string_view line, const CharacterRecord& character) {
+    for (const std::string_view beginning : {"Enlist ", "Transfer to ", "Drafted to "})
+        if (line.starts_with(beginning)) {
+            const auto rest = line.substr(beginning.size());
+            for (const auto& career : character.CareersServed.lines())
+                if (rest.starts_with(career))
+                    return std::string_view(career);
+            return rest.substr(0, rest.find_first_of(" /"));
+        }
+    return line.starts_with(kImprisoned) ? "Prisoner" : std::string_view();
+}
+
+}  // namespace
+
+StoryKind StoryKindOf(std::string_view line) {
     constexpr std::size_t kLong = 48;  // the texts of the tables are longer than what the rules write
     if (IsTerm(line))
         return StoryKind::Term;
@@ -64,27 +80,12 @@ StoryKind KindOf(std::string_view line) {
     return line.size() > kLong ? StoryKind::Prose : StoryKind::Note;
 }
 
-// The career that a line leads into, as one of those served; nothing for other lines.
-std::string_view CareerIn(std::string_view line, const CharacterRecord& character) {
-    for (const std::string_view beginning : {"Enlist ", "Transfer to ", "Drafted to "})
-        if (line.starts_with(beginning)) {
-            const auto rest = line.substr(beginning.size());
-            for (const auto& career : character.CareersServed.lines())
-                if (rest.starts_with(career))
-                    return std::string_view(career);
-            return rest.substr(0, rest.find_first_of(" /"));
-        }
-    return line.starts_with("Imprisoned; ") ? "Prisoner" : std::string_view();
-}
-
-}  // namespace
-
 std::vector<StoryLine> StoryOf(const CharacterRecord& character, const RaceRecord& race) {
     std::vector<StoryLine> story;
     std::string career;
     int terms = 0;
     for (const auto& line : character.History.lines()) {
-        StoryLine told{KindOf(line), {}};
+        StoryLine told{StoryKindOf(line), {}};
         if (told.kind == StoryKind::Term) {
             ++terms;
             told.heading = Concat("Term ", terms, ", age ", race.startingAge + (terms - 1) * race.termYears,

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "character/KVNDeclare.h"
@@ -23,6 +24,8 @@ struct StoryLine {
     std::string heading;  // of a term: "Term 3, age 26, Navy"
 };
 
+// What a line of a history is.
+StoryKind StoryKindOf(std::string_view line);
 // One for each line of the character's history. The race tells the ages.
 std::vector<StoryLine> StoryOf(const CharacterRecord& character, const RaceRecord& race);
 

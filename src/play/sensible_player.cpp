@@ -124,9 +124,7 @@ int SensiblePlayer::Choose(const ChoiceQuestion& question) {
 }
 
 int SensiblePlayer::ChooseEducation(const ChoiceQuestion& question) {
-    const auto& career = session().selection.career;
-    const bool serves = career == "Army" || career == "Marine" || career == "Navy";
-    if (const int academy = PlaceOf(question, kMilitaryAcademy); academy > 0 && serves)
+    if (const int academy = PlaceOf(question, kMilitaryAcademy); academy > 0 && HasAcademy(session().selection.career))
         return academy;
     const int university = PlaceOf(question, kUniversity);
     return university > 0 && session().character.CharacteristicDM[kEdu] >= 0 ? university : 1;

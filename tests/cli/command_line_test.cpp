@@ -208,7 +208,8 @@ TEST(CommandLine, CodesAreCountedOverLives) {
 }
 
 TEST(CommandLine, PlayTakesScrapHoldsLimitsAndChangesOptions) {
-    std::istringstream in("none\n3 3 4\n9\ncancel\nscrap\nn\n2\nscrap\ny\n5\n7\n10\n1\n");
+    std::istringstream in(
+        "none\n3 3 4\n9\ncancel\nscrap\nn\n2\nscrap\ny\n5\n7\n10\n1\nquit\nn\n4\nscrap\nquit\ny\nquit\n");
     std::ostringstream out;
     const Session session(DataFolder(HeldPath("")), {});
     WrappedOut written(out, 0);
@@ -223,6 +224,9 @@ TEST(CommandLine, PlayTakesScrapHoldsLimitsAndChangesOptions) {
     const auto answer = player.EndOfTerm({2, {}});
     EXPECT_TRUE(answer.options[Option::CapSkillsAt4]);
     EXPECT_EQ(answer.choice, EndOfTermChoice::ReEnlist);
+    EXPECT_EQ(player.Choose({"Pick", items}), 4) << "after a No to the leaving";
+    EXPECT_THROW(player.Choose({"Pick", items}), PlayerLeft) << "asked for in the question about the scrapping";
+    EXPECT_THROW(player.Choose({"Pick", items}), PlayerLeft) << "the input ended at the question";
 }
 
 }  // namespace

@@ -28,6 +28,9 @@ TEST_F(Story, KnowsItsLinesAndHeadsItsTerms) {
         {"Ally: Business Superior", StoryKind::Gain},
         {"Promoted to Mate", StoryKind::Promotion},
         {"Imprisoned; parole threshold 9", StoryKind::Prison},
+        {"You escape!", StoryKind::Prison},
+        {"You escape", StoryKind::Note},  // from hostile ships
+        {"Lost Eye or Limb; Purple Heart if appropriate", StoryKind::Injury},
         {"------ Term 3 ------", StoryKind::Term}};
     for (const auto& line : lines)
         AddHistory(session, line.first);
@@ -37,7 +40,7 @@ TEST_F(Story, KnowsItsLinesAndHeadsItsTerms) {
         EXPECT_EQ(story[i].kind, lines[i].second) << lines[i].first;
     EXPECT_EQ(story[0].heading, "Term 1, age 18");
     EXPECT_EQ(story[3].heading, "Term 2, age 22, Merchant Marine");
-    EXPECT_EQ(story[14].heading, "Term 3, age 26, Prisoner");
+    EXPECT_EQ(story[17].heading, "Term 3, age 26, Prisoner");
 }
 
 }  // namespace

@@ -67,7 +67,7 @@ std::vector<Row> CitizenEvents() {
 std::vector<Row> PrisonEvents() {
     return {
         {"PRIESCAPE", {Call{OfferEscape, "\"You have the opportunity to escape the prison. Do you try?\" is told, and tried whatever the answer"}, Line{"You attempt an escape"},
-                       BestTest{{"Deception", "Stealth"}, 10, {Set{kParole, -10}, Line{"You escape!"}}, {Add{kParole, 2}}}}},
+                       BestTest{{"Deception", "Stealth"}, 10, {Set{kParole, -10}, Line{kEscaped}}, {Add{kParole, 2}}}}},
         {"PRIHARD",   {Check{"End 8+", {Add{kParole, -1}, Choose{"Hard Labour", {"Athletics=1", "Mechanic=1", "Melee (Unarmed)=1"}, "You thrive on it"}},
                                        {Add{kParole, 1}, Line{"Failed, unfit"}}}}},
         {"PRIGANG",   {SkillTest{{"Persuade", "Melee (Unarmed)"}, 8,
