@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QLabel>
+#include <QTreeWidget>
 #include <array>
 #include <functional>
 #include <map>
@@ -24,7 +25,8 @@ class CareerDialogs : public test::DialogStage {
     int PickTable() { return player.PickTable(tables); }
     Options EndOfTerm(const Options& options) { return player.EndOfTerm({2, options}).options; }
     std::optional<TransferAnswer> Transfer() {
-        return player.Transfer({careers, [this](std::string_view career) { return AssignmentsOf(career); }});
+        return player.Transfer({careers, [this](std::string_view career) { return AssignmentsOf(career); },
+                                [](std::string_view career) { return "What " + std::string(career) + " do"; }});
     }
     std::shared_ptr<const Names> AssignmentsOf(std::string_view career) const {
         if (career == "Broken")
@@ -83,9 +85,10 @@ TEST_F(CareerDialogs, TransferNeedsACareerToAccept) {
                   "Assignment.");
         EXPECT_FALSE(Child<QPushButton>(dialog, "accept").isEnabled());
         auto& assignment = Child<QComboBox>(dialog, "assignment");
-        EXPECT_EQ(assignment.count(), 0);
+        EXPECT_FALSE(assignment.isEnabled());
         test::ChooseInCombo(Child<QComboBox>(dialog, "career"), "Scout");
         EXPECT_EQ(assignment.currentText(), "") << "none is chosen yet";
+        EXPECT_EQ(Child<QLabel>(dialog, "description").text(), "What Scout do");
         test::ChooseInCombo(assignment, "Scout Two");
         RealClick(dialog, "accept");
     });
@@ -165,6 +168,40 @@ TEST_F(CareerDialogs, ANoToAbandoningRollsKeepsTheDialogAsItWas) {
     robot.ThenMessage("Abandon?", QMessageBox::Yes);
     EXPECT_TRUE(player.Ask({"Abandon?", {}, Icon::Warning, false}));
     EXPECT_FALSE(Child<QWidget>(window, "KVNMuster").isVisible());
+}
+
+TEST_F(CareerDialogs, TheTablesLeaveOutWhatIsNeverThere) {
+    robot.Then("KVNTables", [](QWidget& dialog) {
+        EXPECT_FALSE(Child<QWidget>(dialog, "table6").isVisible() || Child<QWidget>(dialog, "rows6").isVisible());
+        EXPECT_TRUE(Child<QWidget>(dialog, "table4").isVisible()) << "not yet an officer";
+        const auto& second = *Child<CopyList>(dialog, "rows1").item(1);
+        EXPECT_EQ(second.text() + "/" + second.data(Qt::AccessibleTextRole).toString(), "Admin/2: Admin");
+        PressKey(dialog, Qt::Key_6);
+        EXPECT_TRUE(dialog.isVisible());
+        PressKey(dialog, Qt::Key_5);
+    });
+    EXPECT_EQ(PickTable(), 5);
+}
+
+TEST_F(CareerDialogs, MusteringOutShowsWhatItsRollsAreWorth) {
+    session.career.cashLine.at(7) = "40000";
+    session.career.otherBenefit.at(7) = "A Moon";
+    MusterQuestion question{"Army", 3, 0, true, true, false, false, {}, {}};
+    const auto expect = [&](const QString& modifiers) {
+        robot.Then("KVNMuster", [modifiers](QWidget& dialog) {
+            const auto& last = *Child<QTreeWidget>(dialog, "table").topLevelItem(6);
+            EXPECT_EQ(last.text(0) + "/" + last.text(1) + "/" + last.text(2), "7/Cr40000/A Moon");
+            EXPECT_TRUE(Child<QLabel>(dialog, "modifiers").text().contains(modifiers)) << modifiers.toStdString();
+            EXPECT_EQ(Child<QLabel>(dialog, "forfeit").text(), "Leaving now forfeits 3 benefit rolls.");
+            PressKey(dialog, Qt::Key_1);
+        });
+        player.Muster(question);
+    };
+    expect("7 can't be reached");
+    question.bonuses = 2;
+    question.gamblerEnabled = true;
+    expect("Gambler: +1 to cash. Cash rolls: 0 of 3 used.");
+    player.Finish();
 }
 
 TEST_F(CareerDialogs, ClosingAQuestionAsksForTheScrapping) {

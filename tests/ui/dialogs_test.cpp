@@ -11,6 +11,7 @@
 #include <algorithm>
 
 #include "support_ui/dialog_stage.h"
+#include "ui/recent_lines.h"
 
 namespace korvane {
 namespace {
@@ -117,6 +118,54 @@ TEST_F(Dialogs, ListOpensUnmarkedAndTakesADoubleClick) {
         });
         EXPECT_EQ(Select(0, 0), std::vector<int>{4});
     }
+}
+
+TEST_F(Dialogs, AListOfOneMovesItsMark) {
+    robot.Then("SLIST1", [](QWidget& dialog) {
+        EXPECT_TRUE(Child<QLabel>(dialog, "chooseOne").isVisible());
+        EXPECT_FALSE(Child<QLineEdit>(dialog, "minimum").isVisible());
+        ClickItem(dialog, 3);
+        ClickItem(dialog, 1);
+        PressKey(dialog, Qt::Key_Down);
+        EXPECT_EQ(Child<QLabel>(dialog, "count").text(), "1 selected");
+        PressKey(dialog, Qt::Key_Return);
+    });
+    EXPECT_EQ(Select(1, 1), std::vector<int>{3});
+}
+
+TEST_F(Dialogs, QuestionsCarryTheLastLinesOfTheHistory) {
+    for (const auto* const line : {"-- Term 1 --", "Admin-1", "A stranger asks.", "You find a purse. <b>"})
+        session.character.History.Add(line);
+    const QString last = "Admin-1\nA stranger asks.\nYou find a purse. <b>";
+    robot.Then("SLIST1", [&](QWidget& dialog) {
+        EXPECT_EQ(Child<ui::RecentLines>(dialog, "recentLines").text(), last);
+        EXPECT_EQ(dialog.findChild<QLabel*>("newest")->textFormat(), Qt::PlainText);
+        PressKey(dialog, Qt::Key_Escape);
+    });
+    Select(1, 1);
+    robot.Then("QMessageBox", [&](QWidget& dialog) {
+        auto& recent = Child<ui::RecentLines>(dialog, "recentLines");
+        EXPECT_EQ(recent.text(), last);
+        auto& question = Child<QLabel>(dialog, "qt_msgbox_label");
+        EXPECT_LT(recent.mapTo(&dialog, QPoint(0, recent.height())).y(), question.mapTo(&dialog, QPoint()).y() + 1);
+        PressKey(dialog, Qt::Key_Return);
+    });
+    EXPECT_TRUE(player.Ask({"Keep it?"}));
+    QPoint first;
+    for (int i = 0; i < 2; ++i) {
+        robot.Then("SPICKBOX", [&](QWidget& dialog) {
+            const auto& above = Child<QWidget>(dialog, "recentWindow");
+            EXPECT_TRUE(above.isVisible());
+            EXPECT_LT(above.geometry().bottom(), dialog.geometry().top());
+            EXPECT_EQ(dialog.accessibleDescription(), last);
+            if (i == 0)
+                first = dialog.pos();
+            EXPECT_EQ(dialog.pos(), first) << "it doesn't jump";
+            PressKey(dialog, Qt::Key_1);
+        });
+        Choose("Select", {"Str", "Dex"});
+    }
+    EXPECT_FALSE(Child<QWidget>(window, "recentWindow").isVisible());
 }
 
 TEST_F(Dialogs, ListFindsMarksAndClears) {

@@ -3,6 +3,7 @@
 #include "desktop/generation_controller.h"
 
 #include "play/life.h"
+#include "play/players.h"
 #include "support/world.h"
 
 namespace korvane {
@@ -61,6 +62,23 @@ TEST_F(Controller, AFailedLifeStaysToBeReadAndARollBeginsAnew) {
     controller.StartCareer({});
     EXPECT_EQ(controller.ended()->record.Characteristic.all()[1], rolled[1])
         << "the rolled character isn't thrown away";
+}
+
+TEST_F(Controller, APrisonersEndOffersTheCareerThatWasChosen) {
+    play::PolicyPlayer policy(session, RandomStream(1), 4);
+    controller.life().UsePlayer(policy);
+    session.options.Set(Option::AutomaticGeneration);
+    int prisoners = 0;
+    for (int life = 0; life < 500 && prisoners < 3; ++life) {
+        play::Select(session, "Imperial Human", "Drifter", "Stowaway");
+        controller.Roll(RollingMethod::True2D);
+        controller.StartCareer({});
+        if (controller.ended()->selection.career != "Prisoner")
+            continue;
+        ++prisoners;
+        EXPECT_EQ(session.selection.career + "/" + session.selection.assignment, "Drifter/Stowaway");
+    }
+    EXPECT_EQ(prisoners, 3);
 }
 
 }  // namespace
