@@ -22,6 +22,7 @@ TEST_F(Story, KnowsItsLinesAndHeadsItsTerms) {
         {"Edu +1", StoryKind::Gain},
         {"A bale breaks out of its sling above you, and you learn the weight of wet rope.", StoryKind::Prose},
         {"Severely Injured; Purple Heart if appropriate", StoryKind::Injury},
+        {"Lost Eye or Limb; Purple Heart if appropriate", StoryKind::Injury},
         {"End 9 reduced by 2, service pays for 75%", StoryKind::Loss},
         {"Skill Engineer (M-Drive)=1 already held", StoryKind::Note},
         {"Enemy: Know too much", StoryKind::Loss},
@@ -37,7 +38,7 @@ TEST_F(Story, KnowsItsLinesAndHeadsItsTerms) {
         EXPECT_EQ(story[i].kind, lines[i].second) << lines[i].first;
     EXPECT_EQ(story[0].heading, "Term 1, age 18");
     EXPECT_EQ(story[3].heading, "Term 2, age 22, Merchant Marine");
-    EXPECT_EQ(story[14].heading, "Term 3, age 26, Prisoner");
+    EXPECT_EQ(story[15].heading, "Term 3, age 26, Prisoner");
 }
 
 }  // namespace
