@@ -3,6 +3,8 @@
 #include <QBuffer>
 #include <QFileInfo>
 #include <QImage>
+#include <QImageReader>
+#include <QList>
 #include <QPageLayout>
 #include <QPdfWriter>
 #include <QTextDocument>
@@ -39,15 +41,52 @@ QImage PictureIn(const QString& file) {
     }
 }
 
-// A document that takes its pictures from the page's folder, no larger than a portrait.
+// How wide a drawing on the page is, in the page's own pixels, and how many of the picture's go into one of them.
+constexpr int kDrawingWidth = 600;
+constexpr int kDrawingScale = 3;
+
+// A drawing that the page holds as SVG; null without the toolkit's plugin for such.
+QImage DrawingOf(const QByteArray& svg) {
+    auto bytes = svg;
+    QBuffer file(&bytes);
+    QImageReader reader(&file, "svg");
+    const auto size = reader.size();
+    if (size.isEmpty())
+        return {};
+    reader.setScaledSize(
+        size.scaled(kDrawingScale * kDrawingWidth, kDrawingScale * kDrawingWidth, Qt::KeepAspectRatio));
+    return reader.read();
+}
+
+// A document that takes its pictures from the page's folder, no larger than a portrait, and the page's drawings from
+// the page.
 class PageDocument : public QTextDocument {
   public:
     explicit PageDocument(const QString& page) { setBaseUrl(QUrl::fromLocalFile(QFileInfo(page).absoluteFilePath())); }
+
+    // Puts a picture in the place of each drawing, whose texts would be taken for the page's otherwise.
+    QString WithPictures(QString html) {
+        const QLatin1String beginning("<svg ");
+        const QLatin1String ending("</svg>");
+        for (auto begin = html.indexOf(beginning); begin >= 0; begin = html.indexOf(beginning, begin)) {
+            const auto end = html.indexOf(ending, begin);
+            if (end < 0)
+                break;
+            const auto size = end + ending.size() - begin;
+            const auto drawing = DrawingOf(html.mid(begin, size).toUtf8());
+            html.replace(begin, size, drawing.isNull() ? QString() : ImageOf(drawings_.size()));
+            if (!drawing.isNull())
+                drawings_.push_back(drawing);
+        }
+        return html;
+    }
 
   protected:
     QVariant loadResource(int type, const QUrl& name) override {
         if (type != ImageResource)
             return {};
+        if (name.scheme() == kScheme)
+            return drawings_.value(name.path().toInt());
         const auto picture = PictureIn(baseUrl().resolved(name).toLocalFile());
         if (picture.isNull())
             return Nothing();  // or the toolkit draws a picture of its own
@@ -55,6 +94,15 @@ class PageDocument : public QTextDocument {
             return picture;
         return picture.scaled(kLargestPicture, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     }
+
+  private:
+    static constexpr QLatin1String kScheme{"drawing"};
+
+    static QString ImageOf(qsizetype place) {
+        return QStringLiteral("<img src=\"%1:%2\" width=\"%3\">").arg(kScheme).arg(place).arg(kDrawingWidth);
+    }
+
+    QList<QImage> drawings_;
 };
 
 // The history's table may begin with lines that stand in no row; the document drops what no cell holds.
@@ -86,7 +134,7 @@ void WritePdf(const QString& page, const QString& pdf) {
     CheckIsPage(page, pdf);
     const auto html = DecodeText(ReadBytes(page.toStdString(), "a page", kMostPage));
     PageDocument document(page);
-    document.setHtml(WithRows(QString::fromStdString(html)));
+    document.setHtml(WithRows(document.WithPictures(QString::fromStdString(html))));
     QBuffer file;
     file.open(QIODevice::WriteOnly);
     {
