@@ -133,6 +133,9 @@ struct CharacterRecord : CharacterNumbers {
     std::string SkillPackage;             // the package chosen at the end; empty for none
     TextList LeftOpen;                    // what the player was asked to pick and didn't
 
+    // The characteristics as each term began, for pictures of the life alone.
+    std::vector<PerCharacteristic<Count>> TermStarts;
+
     // Makes the record a blank one; its texts keep their room for the next character.
     void Clear();
 };

@@ -28,6 +28,7 @@ enum class TermEnd { NextTerm, MusteredOut, Scrapped };
 void CountTerm(CharacterRecord& character) {
     character.TermsTotal += 1;
     character.TermsInCareer += 1;
+    character.TermStarts.push_back(character.Characteristic);
 }
 
 void ChoosePreCareer(Session& session) {

@@ -8,7 +8,9 @@
 
 #include "base/files.h"
 #include "base/text.h"
+#include "output/life_strip.h"
 #include "output/page_markup.h"
+#include "output/strip_svg.h"
 #include "output/summary_texts.h"
 
 namespace korvane {
@@ -175,6 +177,13 @@ void AddStory(Replacements& page, const Session& session) {
     Add(page, "TRAITS", TraitsText(session.race));
 }
 
+// The life in one picture; empty before it has begun.
+std::string LifePicture(const Session& session) {
+    static const auto look = PageLook();
+    const auto strip = StripOf(session.character, session.race);
+    return strip.blocks.empty() ? std::string() : DrawStrip(strip, look).svg;
+}
+
 // All tags with their values. The order counts: a value may hold a tag that comes later.
 Replacements ReplacementsFor(const Session& session, std::string_view name) {
     Replacements page;
@@ -185,6 +194,7 @@ Replacements ReplacementsFor(const Session& session, std::string_view name) {
     AddCharacteristicTags(page, session);
     AddStanding(page, session, name);
     AddStory(page, session);
+    Add(page, "LIFE", LifePicture(session));
     return page;
 }
 

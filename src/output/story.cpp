@@ -13,24 +13,29 @@ namespace {
 struct Beginning {
     std::string_view text;
     StoryKind kind;
+    std::optional<MarkKind> mark = {};
 };
-constexpr std::array<Beginning, 22> kBeginnings = {{{"Promoted to ", StoryKind::Promotion},
-                                                    {"Commissioned", StoryKind::Promotion},
+constexpr std::array<Beginning, 26> kBeginnings = {{{"Promoted to ", StoryKind::Promotion, MarkKind::Promotion},
+                                                    {"Commissioned", StoryKind::Promotion, MarkKind::Promotion},
                                                     {"Graduated", StoryKind::Promotion},
-                                                    {kImprisoned, StoryKind::Prison},
-                                                    {kReleased, StoryKind::Prison},
-                                                    {kEscaped, StoryKind::Prison},
-                                                    {"Nearly Killed", StoryKind::Injury},
-                                                    {"Severely Injured", StoryKind::Injury},
-                                                    {"Lost Eye or Limb", StoryKind::Injury},
-                                                    {"Scarred", StoryKind::Injury},
-                                                    {"Injured", StoryKind::Injury},
-                                                    {"Lightly Injured", StoryKind::Injury},
-                                                    {"Ally: ", StoryKind::Gain},
-                                                    {"Contact: ", StoryKind::Gain},
+                                                    {kImprisoned, StoryKind::Prison, MarkKind::Prison},
+                                                    {kReleased, StoryKind::Prison, MarkKind::Release},
+                                                    {kEscaped, StoryKind::Prison, MarkKind::Release},
+                                                    {"Nearly Killed", StoryKind::Injury, MarkKind::Injury},
+                                                    {"Severely Injured", StoryKind::Injury, MarkKind::Injury},
+                                                    {"Lost Eye or Limb", StoryKind::Injury, MarkKind::Injury},
+                                                    {"Scarred", StoryKind::Injury, MarkKind::Injury},
+                                                    {"Injured", StoryKind::Injury, MarkKind::Injury},
+                                                    {"Lightly Injured", StoryKind::Injury, MarkKind::Injury},
+                                                    {"Ally: ", StoryKind::Gain, MarkKind::Friend},
+                                                    {"Contact: ", StoryKind::Gain, MarkKind::Friend},
                                                     {"Pension ", StoryKind::Gain},
-                                                    {"Enemy: ", StoryKind::Loss},
-                                                    {"Rival: ", StoryKind::Loss},
+                                                    {"Enemy: ", StoryKind::Loss, MarkKind::Foe},
+                                                    {"Rival: ", StoryKind::Loss, MarkKind::Foe},
+                                                    {"Contact betrays you", StoryKind::Loss, MarkKind::Foe},
+                                                    {"Ally betrays you", StoryKind::Loss, MarkKind::Foe},
+                                                    {"Enemy from nowhere", StoryKind::Loss, MarkKind::Foe},
+                                                    {"Rival from nowhere", StoryKind::Loss, MarkKind::Foe},
                                                     {"Ejected from ", StoryKind::Loss},
                                                     {"Rejected", StoryKind::Loss},
                                                     {"Failed", StoryKind::Loss},
@@ -50,6 +55,30 @@ bool IsGain(std::string_view line) {
     return number != "0" && number.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
+// What a line is by its beginning; nothing where that doesn't tell.
+const Beginning* BeginningOf(std::string_view line) {
+    const auto* const known =
+        std::ranges::find_if(kBeginnings, [&](const Beginning& each) { return line.starts_with(each.text); });
+    return known == kBeginnings.end() ? nullptr : known;
+}
+
+StoryKind KindByForm(std::string_view line) {
+    constexpr std::size_t kLong = 48;  // the texts of the tables are longer than what the rules write
+    if (line.find(" reduced by ") != std::string_view::npos || line.ends_with("medical debt incurred"))
+        return StoryKind::Loss;
+    if (IsGain(line))
+        return StoryKind::Gain;
+    return line.size() > kLong ? StoryKind::Prose : StoryKind::Note;
+}
+
+StoryLine Classified(std::string_view line) {
+    if (IsTerm(line))
+        return {StoryKind::Term, {}, {}, {}};
+    if (const auto* const known = BeginningOf(line))
+        return {known->kind, known->mark, {}, {}};
+    return {KindByForm(line), {}, {}, {}};
+}
+
 // The career that a line leads into, as one of those served; nothing for other lines.
 std::string_view CareerIn(std::string_view line, const CharacterRecord& character) {
     for (const std::string_view beginning : {"Enlist ", "Transfer to ", "Drafted to "})
@@ -66,18 +95,7 @@ std::string_view CareerIn(std::string_view line, const CharacterRecord& characte
 }  // namespace
 
 StoryKind StoryKindOf(std::string_view line) {
-    constexpr std::size_t kLong = 48;  // the texts of the tables are longer than what the rules write
-    if (IsTerm(line))
-        return StoryKind::Term;
-    const auto known =
-        std::ranges::find_if(kBeginnings, [&](const Beginning& each) { return line.starts_with(each.text); });
-    if (known != kBeginnings.end())
-        return known->kind;
-    if (line.find(" reduced by ") != std::string_view::npos || line.ends_with("medical debt incurred"))
-        return StoryKind::Loss;
-    if (IsGain(line))
-        return StoryKind::Gain;
-    return line.size() > kLong ? StoryKind::Prose : StoryKind::Note;
+    return Classified(line).kind;
 }
 
 std::vector<StoryLine> StoryOf(const CharacterRecord& character, const RaceRecord& race) {
@@ -85,14 +103,15 @@ std::vector<StoryLine> StoryOf(const CharacterRecord& character, const RaceRecor
     std::string career;
     int terms = 0;
     for (const auto& line : character.History.lines()) {
-        StoryLine told{StoryKindOf(line), {}};
+        auto told = Classified(line);
         if (told.kind == StoryKind::Term) {
             ++terms;
             told.heading = Concat("Term ", terms, ", age ", race.startingAge + (terms - 1) * race.termYears,
                                   career.empty() ? "" : ", ", career);
         }
-        if (const auto next = CareerIn(line, character); !next.empty())
-            career = next;
+        told.career = CareerIn(line, character);
+        if (!told.career.empty())
+            career = told.career;
         story.push_back(std::move(told));
     }
     return story;

@@ -1,6 +1,7 @@
 // A history as a story: what each line is, so that it can be shown as such.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,9 +20,15 @@ enum class StoryKind {
     Injury,
     Prison,  // into it and out of it
 };
+// What a picture of the life marks.
+enum class MarkKind { Promotion, Injury, Prison, Release, Friend, Foe };
+inline constexpr int kMarkKinds = 6;
+
 struct StoryLine {
     StoryKind kind = StoryKind::Note;
+    std::optional<MarkKind> mark;
     std::string heading;  // of a term: "Term 3, age 26, Navy"
+    std::string career;   // the one that the line leads into; empty for most lines
 };
 
 // What a line of a history is.

@@ -42,40 +42,45 @@ QImage PictureIn(const QString& file) {
     }
 }
 
-// The width of a drawing on a page, in the page's own pixels; and how many dots each has.
-constexpr int kDrawingWidth = 640;
-constexpr int kDotsPerPixel = 3;
+// How wide a drawing on the page is, in the page's own pixels, and how many of the picture's go into one of them.
+constexpr int kDrawingWidth = 600;
+constexpr int kDrawingScale = 3;
 
-QImage DrawingOf(const QString& svg) {
-    auto bytes = svg.toUtf8();
-    QBuffer buffer(&bytes);
-    QImageReader reader(&buffer, "svg");
+// A drawing that the page holds as SVG; null without the toolkit's plugin for such.
+QImage DrawingOf(const QByteArray& svg) {
+    auto bytes = svg;
+    QBuffer file(&bytes);
+    QImageReader reader(&file, "svg");
     const auto size = reader.size();
-    if (size.width() > 0)
-        reader.setScaledSize(size.scaled(kDrawingWidth * kDotsPerPixel, size.height() * 100, Qt::KeepAspectRatio));
-    reader.setBackgroundColor(Qt::white);
-    const auto drawing = reader.read();
-    return drawing.isNull() ? Nothing() : drawing;
+    if (size.isEmpty())
+        return {};
+    reader.setScaledSize(
+        size.scaled(kDrawingScale * kDrawingWidth, kDrawingScale * kDrawingWidth, Qt::KeepAspectRatio));
+    reader.setBackgroundColor(Qt::white);  // its texts are black
+    return reader.read();
 }
 
-// A document that takes its pictures from the page's folder, no larger than a portrait.
+// A document that takes its pictures from the page's folder, no larger than a portrait, and the page's drawings from
+// the page.
 class PageDocument : public QTextDocument {
   public:
     PageDocument(const QString& page, QImage portrait) : portrait_(std::move(portrait)) {
         setBaseUrl(QUrl::fromLocalFile(QFileInfo(page).absoluteFilePath()));
     }
 
-    // Takes drawings out of the HTML, which the document would read as texts, and shows them as pictures.
-    QString WithDrawings(QString html) {
-        constexpr auto kEnd = QLatin1String("</svg>");
-        for (auto start = html.indexOf("<svg"); start >= 0; start = html.indexOf("<svg", start + 1)) {
-            const auto end = html.indexOf(kEnd, start);
+    // Puts a picture in the place of each drawing, whose texts would be taken for the page's otherwise.
+    QString WithPictures(QString html) {
+        const QLatin1String beginning("<svg ");
+        const QLatin1String ending("</svg>");
+        for (auto begin = html.indexOf(beginning); begin >= 0; begin = html.indexOf(beginning, begin)) {
+            const auto end = html.indexOf(ending, begin);
             if (end < 0)
                 break;
-            const auto length = end + kEnd.size() - start;
-            drawings_.push_back(DrawingOf(html.mid(start, length)));
-            html.replace(start, length,
-                         QString("<img src=\"drawing:%1\" width=%2>").arg(drawings_.size() - 1).arg(kDrawingWidth));
+            const auto size = end + ending.size() - begin;
+            const auto drawing = DrawingOf(html.mid(begin, size).toUtf8());
+            html.replace(begin, size, drawing.isNull() ? QString() : ImageOf(drawings_.size()));
+            if (!drawing.isNull())
+                drawings_.push_back(drawing);
         }
         return html;
     }
@@ -84,8 +89,8 @@ class PageDocument : public QTextDocument {
     QVariant loadResource(int type, const QUrl& name) override {
         if (type != ImageResource)
             return {};
-        if (name.scheme() == QLatin1String("drawing"))
-            return drawings_.value(name.path().toInt(), Nothing());
+        if (name.scheme() == kScheme)
+            return drawings_.value(name.path().toInt());
         const auto file = baseUrl().resolved(name).toLocalFile();
         const QFileInfo page(baseUrl().toLocalFile());
         const bool is_portrait = file == page.path() + "/" + page.completeBaseName() + ".jpg";
@@ -98,6 +103,12 @@ class PageDocument : public QTextDocument {
     }
 
   private:
+    static constexpr QLatin1String kScheme{"drawing"};
+
+    static QString ImageOf(qsizetype place) {
+        return QStringLiteral("<img src=\"%1:%2\" width=\"%3\">").arg(kScheme).arg(place).arg(kDrawingWidth);
+    }
+
     QImage portrait_;
     QList<QImage> drawings_;
 };
@@ -129,7 +140,7 @@ void CheckIsPage(const QString& page, const QString& pdf) {
 
 std::unique_ptr<QTextDocument> MakeDocument(const QString& html, const QString& page, const QImage& portrait) {
     auto document = std::make_unique<PageDocument>(page, portrait);
-    document->setHtml(WithRows(document->WithDrawings(html)));
+    document->setHtml(WithRows(document->WithPictures(html)));
     return document;
 }
 

@@ -128,6 +128,15 @@ TEST_F(PageExport, HistoryOpensARowAtEachMarkOfATerm) {
                   "------ Term 2 ------<br></td></tr><tr width=100%><td>-- Term again<br></table>");
 }
 
+TEST_F(PageExport, TheLifeIsDrawnLastAndOnOneLine) {
+    EXPECT_EQ(Filled("[|LIFE|]"), "[]") << "it hasn't begun";
+    AddHistory(session, "-- Term 1 --");
+    session.race.traits = {"", "|LIFE|"};
+    const auto drawn = Filled("|TRAITS|");
+    EXPECT_TRUE(drawn.starts_with("<svg ") && drawn.ends_with("</svg>")) << drawn;
+    EXPECT_EQ(drawn.find('\n'), std::string::npos);
+}
+
 TEST_F(PageExport, FilesAndPortraitsAreCalledByTheLettersOfTheName) {
     EXPECT_EQ(Exported("|NAME| |PORTRAIT|", "Jo-Ann O'Neil"), "Jo-Ann O'Neil <img src=JoAnnONeil.jpg>");
     EXPECT_EQ(outcome.path, (folder.path() / "Korvane/JoAnnONeil.htm").string());

@@ -22,6 +22,7 @@ TEST_F(Story, KnowsItsLinesAndHeadsItsTerms) {
         {"Edu +1", StoryKind::Gain},
         {"A bale breaks out of its sling above you, and you learn the weight of wet rope.", StoryKind::Prose},
         {"Severely Injured; Purple Heart if appropriate", StoryKind::Injury},
+        {"Lost Eye or Limb; Purple Heart if appropriate", StoryKind::Injury},
         {"End 9 reduced by 2, service pays for 75%", StoryKind::Loss},
         {"Skill Engineer (M-Drive)=1 already held", StoryKind::Note},
         {"Enemy: Know too much", StoryKind::Loss},
@@ -30,7 +31,6 @@ TEST_F(Story, KnowsItsLinesAndHeadsItsTerms) {
         {"Imprisoned; parole threshold 9", StoryKind::Prison},
         {"You escape!", StoryKind::Prison},
         {"You escape", StoryKind::Note},  // from hostile ships
-        {"Lost Eye or Limb; Purple Heart if appropriate", StoryKind::Injury},
         {"------ Term 3 ------", StoryKind::Term}};
     for (const auto& line : lines)
         AddHistory(session, line.first);
