@@ -20,6 +20,8 @@ cmake --preset release >/dev/null
 cmake --build --preset release
 step "release: end to end"
 ctest --preset release
+step "release: the windows look as they were approved"
+./scripts/pictures.sh check
 step "release: benchmarks run"
 build/release/bench/korvane_bench --benchmark_min_time=0.01
 

@@ -1,16 +1,25 @@
-// Takes a picture of each window: korvane_screens light|dark FOLDER. scripts/screenshots.sh runs it.
+// Takes a picture of each window: korvane_screens light|dark FOLDER RULES. scripts/pictures.sh runs it.
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
+#include <QFontInfo>
+#include <QPainter>
 #include <QPushButton>
+#include <QScreen>
+#include <QStyle>
 #include <QTimer>
 #include <array>
 #include <iostream>
+#include <ranges>
 #include <stdexcept>
+#include <string>
 #include <string_view>
 #include <vector>
 
 #include "base/files.h"
+#include "base/text.h"
 #include "desktop/desktop_windows.h"
 #include "desktop/exporter.h"
 #include "desktop/kvn_gen.h"
@@ -50,7 +59,7 @@ class Camera {
     void Take(QWidget& window, const QString& name) const {
         QApplication::processEvents();
         const auto file = QDir(folder_).filePath(name + ".png");
-        if (!window.grab().save(file))
+        if (!Whole(window).save(file))
             qFatal("can't write %s", qPrintable(file));
     }
     // Takes the dialog that `ask` shows, and closes it.
@@ -70,7 +79,41 @@ class Camera {
         }
     }
 
+    // Takes the list that drops from the dialog's first combo box.
+    template <typename Ask>
+    void TakeList(const QString& name, const Ask& ask) const {
+        QTimer::singleShot(50, [&] {
+            auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            auto* const combo = dialog->findChild<QComboBox*>();
+            combo->showPopup();
+            Take(*combo->view()->window(), name);
+            combo->hidePopup();
+            dialog->done(ui::NeededDialog::kScrapped);
+        });
+        try {
+            ask();
+        } catch (const CharacterScrapped&) {
+            return;
+        }
+    }
+
   private:
+    // With the window of the last lines, where it stands above a choice.
+    static QPixmap Whole(QWidget& window) {
+        auto picture = window.grab();
+        auto* const above = window.findChild<QWidget*>("recentWindow");
+        if (above == nullptr || !above->isVisible())
+            return picture;
+        const auto room = window.geometry().united(above->geometry());
+        QPixmap whole(room.size() * picture.devicePixelRatio());
+        whole.setDevicePixelRatio(picture.devicePixelRatio());
+        whole.fill(Qt::gray);
+        QPainter painter(&whole);
+        painter.drawPixmap(above->pos() - room.topLeft(), above->grab());
+        painter.drawPixmap(window.geometry().topLeft() - room.topLeft(), picture);
+        return whole;
+    }
+
     QString folder_;
 };
 
@@ -95,9 +138,14 @@ CharacterRecord LiveInWindow(Session& session, KVNGen& window) {
 void TakeChoices(Player& player, const Camera& camera) {
     const std::array<std::string_view, 3> careers = {"Enlist Immediately", "University", "Military Academy"};
     camera.TakeDialog("choice", [&] { player.Choose({"Select Pre-Career Education", careers}); });
+    const auto names = std::views::iota(1, 25) | std::views::transform([](int i) { return Concat("Skill ", i, "-1"); });
+    const std::vector<std::string> many(names.begin(), names.end());
+    const std::vector<std::string_view> all(many.begin(), many.end());
+    camera.TakeDialog("choice-of-24", [&] { player.Choose({"Select any Skill at level 1", all}); });
     const std::array<std::string_view, 8> skills = {"Admin-0",       "Athletics-0", "Carouse-0", "Drive-0",
                                                     "Electronics-0", "Medic-0",     "Recon-0",   "Vacc Suit-0"};
     camera.TakeDialog("list", [&] { player.Select({"Select 3 background skills", 3, 3, skills}); });
+    camera.TakeDialog("list-of-one", [&] { player.Select({"Select Level 0 Skill", 1, 1, skills}); });
     camera.TakeDialog("question", [&] { player.Ask({"Ordered on Black Ops against conscience. Accept?"}); });
     camera.TakeDialog("notice", [&] {
         player.Tell({"You have been ejected from this career following a Mishap", Icon::Exclamation});
@@ -109,11 +157,17 @@ void TakeCareerDialogs(Session& session, Player& player, const Camera& camera) {
     camera.TakeDialog("tables", [&] { ChooseSkillTable(session); });
     camera.TakeDialog("end-of-term", [&] { player.EndOfTerm({4, session.options}); });
     auto& data = session.data;
-    camera.TakeDialog("transfer", [&] {
-        player.Transfer({*session.selection.careers, [&](std::string_view career) {
+    const auto transfer = [&] {
+        player.Transfer({*session.selection.careers,
+                         [&](std::string_view career) {
                              return data.TransferAssignmentNames(session.selection.race, career);
+                         },
+                         [&](std::string_view career) {
+                             return std::string(data.Career(session.selection.race, career).record.description);
                          }});
-    });
+    };
+    camera.TakeDialog("transfer", transfer);
+    camera.TakeList("transfer-careers", transfer);
     QTimer::singleShot(100, [&] {
         const auto press = [](const char* name) {
             QApplication::activeModalWidget()->findChild<QPushButton*>(name)->click();
@@ -134,9 +188,23 @@ void TakeCareerDialogs(Session& session, Player& player, const Camera& camera) {
     session.options = {};
 }
 
-int Run(const QString& folder) {
+// What the pictures depend on beside the program.
+void PinDown() {
+    QApplication::setStyle("Fusion");
+    QApplication::setFont(QFont("DejaVu Sans", 10));
+    QApplication::setCursorFlashTime(0);
+}
+
+void TellEnvironment() {
+    const auto font = QFontInfo(QApplication::font());
+    std::cout << "Qt " << qVersion() << "\nstyle " << QApplication::style()->name().toStdString() << "\nfont "
+              << font.family().toStdString() << ' ' << font.pointSize() << "\ndots per inch "
+              << QApplication::primaryScreen()->logicalDotsPerInch() << '\n';
+}
+
+int Run(const QString& folder, const QString& rules) {
     SeededDice dice(kSeed, 1);
-    Session session(DataFolder(HeldPath(KORVANE_RULES)), {});
+    Session session(DataFolder(HeldPath(rules.toStdString())), {});
     ui::InputGuard guard;
     KVNGen window(session, guard, dice);
     session.programTitle = ProgramTitle(ProgramVersion(KORVANE_VERSION_MAJOR, KORVANE_VERSION_MINOR, 0));
@@ -153,7 +221,7 @@ int Run(const QString& folder) {
     TakeChoices(window.player(), camera);
     TakeCareerDialogs(session, window.player(), camera);
     DesktopWindows windows(session, window, guard);
-    QDir::setCurrent(KORVANE_RULES);
+    QDir::setCurrent(rules);
     camera.TakeDialog("first-run", [&] { windows.ChooseRaceFile("Imperial Human.eri"); });
     Exporter exporter(session, window, window.player(), guard);
     camera.TakeDialog("export", [&] { exporter.Show(window.life().tape()); });
@@ -172,15 +240,20 @@ int Run(const QString& folder) {
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    if (argc != 3) {
-        std::cerr << "usage: korvane_screens light|dark FOLDER\n";
+    PinDown();
+    if (argc == 2 && std::string_view(argv[1]) == "environment") {
+        TellEnvironment();
+        return 0;
+    }
+    if (argc != 4) {
+        std::cerr << "usage: korvane_screens environment | light|dark FOLDER RULES\n";
         return 1;
     }
     if (std::string_view(argv[1]) == "dark")
         QApplication::setPalette(DarkPalette());
     ui::MendPalette();
     try {
-        return Run(argv[2]);
+        return Run(argv[2], argv[3]);
     } catch (const std::exception& error) {
         std::cerr << "korvane_screens: " << error.what() << '\n';
         return 1;

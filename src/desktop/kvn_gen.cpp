@@ -10,6 +10,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStatusBar>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <initializer_list>
@@ -221,10 +222,12 @@ void KVNGen::LayOut() {
     frame->addWidget(LeftColumn());
     auto* const shown = new QVBoxLayout;
     shown->addWidget(&heading_);
+    shown->addWidget(&life_);
     shown->addWidget(Panes(), 1);
     frame->addLayout(shown, 1);
     setCentralWidget(central);
     statusBar()->setSizeGripEnabled(false);
+    statusBar()->setContentsMargins(style()->pixelMetric(QStyle::PM_LayoutLeftMargin) - 2, 0, 0, 0);
     status_.setObjectName("status");
     statusBar()->addWidget(&status_, 1);
     resize(UsualSize());
@@ -253,6 +256,7 @@ void KVNGen::SetUpPlayer() {
 
 void KVNGen::SetUpHandlers() {
     options_.changed = [this](const Options& options) { Do([&] { controller_.SetOptions(options); }); };
+    life_.chosen = [this](int line) { GoToLine(line); };
     connect(&race_, &QComboBox::activated, this,
             [this] { Do([this] { controller_.SelectRace(race_.currentText().toStdString()); }); });
     connect(&career_, &QComboBox::activated, this,
@@ -327,6 +331,12 @@ QString KVNGen::WordsAtTheEnd() const {
                         : tr("The character is finished. Still to decide: %1.").arg(ToQt(open));
 }
 
+void KVNGen::GoToLine(int line) {
+    history_.setCurrentRow(line);
+    history_.scrollToItem(history_.currentItem(), QAbstractItemView::PositionAtTop);
+    history_.setFocus();
+}
+
 void KVNGen::Say(const QString& text) {
     status_.Say(text);
 }
@@ -397,8 +407,10 @@ void KVNGen::Refresh() {
         options_.Show(session_.options);
     if (changes.skills)
         skills_.SetLines(SkillLines(shown, session_.options[Option::SortSkillsByValue]));
-    if (changes.history)
+    if (changes.history) {
         history_.Tell(shown, controller_.shownRace());
+        life_.Show(StripOf(shown, controller_.shownRace()));
+    }
     if (changes.summary || changes.selection)  // the rank's title is the assignment's
         ShowLabels();
     if (changes.summary || changes.history || changes.skills)

@@ -23,6 +23,7 @@
 #include "ui/copy_list.h"
 #include "ui/dialog_player.h"
 #include "ui/elided_label.h"
+#include "ui/life_view.h"
 #include "ui/option_boxes.h"
 #include "ui/story_list.h"
 
@@ -68,6 +69,8 @@ class KVNGen : public QMainWindow {
     // The next character's column, and the panes of all the rest.
     QWidget* LeftColumn();
     QWidget* Panes();
+    // Stands at a line of the history.
+    void GoToLine(int line);
     // The size that the window opens with.
     QSize UsualSize() const;
 
@@ -118,6 +121,7 @@ class KVNGen : public QMainWindow {
     QRadioButton true2D_;
     QPushButton startCareer_;
     QPushButton scrapAndRestart_;
+    ui::LifeView life_;
     ui::CopyList skills_;
     ui::StoryList history_;
     ui::OptionBoxes options_;

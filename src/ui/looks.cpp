@@ -1,18 +1,15 @@
 #include "ui/looks.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QColor>
+#include <QImageReader>
 #include <algorithm>
 #include <cmath>
 
 namespace korvane::ui {
 
 namespace {
-
-// Whether texts are light on a dark ground.
-bool IsDark(const QPalette& palette) {
-    return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
-}
 
 // How light a colour is to the eye, from 0 to 1.
 double Luminance(const QColor& color) {
@@ -28,6 +25,20 @@ QColor Mixed(const QColor& one, const QColor& other, double share) {
 }
 
 }  // namespace
+
+bool IsDark(const QPalette& palette) {
+    return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+}
+
+QImage DrawingOf(const std::string& svg, QSize size, double pixelRatio) {
+    auto bytes = QByteArray::fromStdString(svg);
+    QBuffer buffer(&bytes);
+    QImageReader reader(&buffer, "svg");
+    reader.setScaledSize(size * pixelRatio);
+    auto drawing = reader.read();
+    drawing.setDevicePixelRatio(pixelRatio);
+    return drawing;
+}
 
 double Contrast(const QColor& one, const QColor& other) {
     const double first = Luminance(one);

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <QColor>
+#include <QImage>
 #include <QPalette>
 #include <QWidget>
+#include <string>
 
 namespace korvane::ui {
 
@@ -13,6 +15,12 @@ double Contrast(const QColor& one, const QColor& other);
 QColor Dimmed(const QPalette& palette, QPalette::ColorRole ground = QPalette::Window);
 // Keeps what a widget says readable while it is disabled: at 4.5 to 1 at least.
 void KeepReadable(QWidget& widget);
+
+// Whether texts are light on a dark ground.
+bool IsDark(const QPalette& palette);
+
+// A drawing in SVG as a picture of this size, in the widgets' pixels; empty where the toolkit can't draw it.
+QImage DrawingOf(const std::string& svg, QSize size, double pixelRatio);
 
 // Makes tick boxes and radio buttons stand out on a dark ground.
 void MendPalette();

@@ -2,9 +2,11 @@
 
 #include <QApplication>
 #include <QPainter>
-#include <QPainterPath>
+#include <QPixmap>
+#include <QPixmapCache>
 #include <algorithm>
 
+#include "output/strip_svg.h"
 #include "ui/looks.h"
 
 namespace korvane::ui {
@@ -60,43 +62,36 @@ QColor ColorOf(const QStyleOptionViewItem& option, StoryKind kind) {
     }
 }
 
-// A small picture in a square: a star, a cross, bars; a sign for gains and losses.
-void PaintMark(QPainter& painter, const QRectF& box, StoryKind kind) {
-    painter.setRenderHint(QPainter::Antialiasing);
+// The sign of a gain or a loss, in a square.
+void PaintSign(QPainter& painter, const QRectF& box, bool plus) {
     const auto center = box.center();
-    const auto color = painter.pen().color();
-    const auto half = box.width() / 2;
-    QPen pen(color, std::max(1.5, box.width() / 7));
-    painter.setPen(pen);
-    switch (kind) {
-        case StoryKind::Promotion: {
-            QPainterPath chevron(QPointF(box.left(), center.y()));
-            chevron.lineTo(center.x(), box.top());
-            chevron.lineTo(box.right(), center.y());
-            chevron.moveTo(box.left(), box.bottom());
-            chevron.lineTo(center.x(), center.y());
-            chevron.lineTo(box.right(), box.bottom());
-            painter.drawPath(chevron);
-            break;
-        }
-        case StoryKind::Injury:
-            painter.drawLine(box.topLeft(), box.bottomRight());
-            painter.drawLine(box.topRight(), box.bottomLeft());
-            break;
-        case StoryKind::Prison:
-            for (int bar = 0; bar < 3; ++bar)
-                painter.drawLine(QPointF(box.left() + bar * half, box.top()),
-                                 QPointF(box.left() + bar * half, box.bottom()));
-            painter.drawLine(QPointF(box.left(), center.y()), QPointF(box.right(), center.y()));
-            break;
-        case StoryKind::Gain:
-            painter.drawLine(QPointF(center.x(), box.top()), QPointF(center.x(), box.bottom()));
-            [[fallthrough]];
-        case StoryKind::Loss:
-            painter.drawLine(QPointF(box.left(), center.y()), QPointF(box.right(), center.y()));
-            break;
-        default:
-            break;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(painter.pen().color(), std::max(1.5, box.width() / 7)));
+    painter.drawLine(QPointF(box.left(), center.y()), QPointF(box.right(), center.y()));
+    if (plus)
+        painter.drawLine(QPointF(center.x(), box.top()), QPointF(center.x(), box.bottom()));
+}
+
+// The small picture of a mark; kept, as each list has many of them.
+QPixmap PictureOf(MarkKind mark, int size, const QColor& color, double pixelRatio) {
+    const auto key = QString("mark %1 %2 %3 %4").arg(static_cast<int>(mark)).arg(size).arg(color.name()).arg(pixelRatio);
+    QPixmap picture;
+    if (QPixmapCache::find(key, &picture))
+        return picture;
+    picture = QPixmap::fromImage(
+        DrawingOf(MarkSvg(mark, size, color.name().toStdString()), QSize(size, size), pixelRatio));
+    QPixmapCache::insert(key, picture);
+    return picture;
+}
+
+// What stands before a line, in a square: the picture of its mark, or its sign.
+void PaintMark(QPainter& painter, const QRectF& box, StoryKind kind, const QVariant& mark) {
+    if (kind == StoryKind::Gain || kind == StoryKind::Loss) {
+        PaintSign(painter, box, kind == StoryKind::Gain);
+    } else if (mark.isValid()) {
+        const auto picture = PictureOf(static_cast<MarkKind>(mark.toInt()), qRound(box.width()), painter.pen().color(),
+                                       painter.device()->devicePixelRatioF());
+        painter.drawPixmap(box.topLeft(), picture);
     }
 }
 
@@ -127,9 +122,12 @@ void StoryDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     const auto text =
         option.rect.adjusted(indent, AboveOf(option, kind), -option.fontMetrics.averageCharWidth() / 2, 0);
     painter->drawText(text, Qt::TextWordWrap, TextOf(index));
-    const int size = option.fontMetrics.ascent() * 2 / 3;
+    const bool has_sign = kind == StoryKind::Gain || kind == StoryKind::Loss;
+    const int size = has_sign ? option.fontMetrics.ascent() * 2 / 3 : option.fontMetrics.ascent();
     const int line = option.fontMetrics.height();
-    PaintMark(*painter, QRectF(text.left() - size * 1.6, text.top() + (line - size) / 2.0, size, size), kind);
+    const int center = text.left() - option.fontMetrics.ascent();
+    PaintMark(*painter, QRectF(center - size / 2.0, text.top() + (line - size) / 2.0, size, size), kind,
+              index.data(kMarkRole));
     if ((option.state & QStyle::State_HasFocus) != 0) {
         QStyleOptionFocusRect focus;
         focus.QStyleOption::operator=(option);
@@ -160,6 +158,9 @@ void StoryList::Tell(const CharacterRecord& character, const RaceRecord& race) {
         auto* const line = item(row);
         if (line->data(StoryDelegate::kKindRole) != static_cast<int>(told.kind))
             line->setData(StoryDelegate::kKindRole, static_cast<int>(told.kind));
+        const auto mark = told.mark ? QVariant(static_cast<int>(*told.mark)) : QVariant();
+        if (line->data(StoryDelegate::kMarkRole) != mark)
+            line->setData(StoryDelegate::kMarkRole, mark);
         if (line->data(StoryDelegate::kHeadingRole).toString() != ToQt(told.heading)) {
             line->setData(StoryDelegate::kHeadingRole, ToQt(told.heading));
             line->setData(Qt::AccessibleTextRole, told.heading.empty() ? line->text() : ToQt(told.heading));

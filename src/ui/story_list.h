@@ -30,6 +30,7 @@ class StoryDelegate : public QStyledItemDelegate {
     static constexpr int kKindRole = Qt::UserRole + 1;
     static constexpr int kHeadingRole = Qt::UserRole + 2;
     static constexpr int kNewRole = Qt::UserRole + 3;
+    static constexpr int kMarkRole = Qt::UserRole + 4;
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QScrollBar>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include "support_ui/desk.h"
@@ -35,6 +36,31 @@ TEST(Form, WindowsFitTheSmallestScreens) {
         EXPECT_TRUE(size.width() <= kSmallest.width() && size.height() <= kSmallest.height())
             << test::NameOf(*window) << " " << size.width() << " x " << size.height();
     }
+}
+
+TEST(Form, TheLifeInOnePictureLeadsToItsLines) {
+    test::Desk desk{HeldPath(KORVANE_RULES)};
+    auto& life = desk.Get<ui::LifeView>("life");
+    EXPECT_FALSE(life.isVisible()) << "there is none yet";
+    for (const auto* const line : {"-- Term 1 --", "Enlist Army Infantry", "Ally: Brother", "Promoted to Corporal"})
+        desk.session.character.History.Add(line);
+    desk.session.character.Age = 22;
+    desk.window.display().HistoryChanged();
+    desk.window.Refresh();
+    QApplication::processEvents();
+    EXPECT_TRUE(life.isVisible());
+    EXPECT_NE(life.accessibleName().indexOf("promoted once"), -1) << life.accessibleName().toStdString();
+    const auto& spots = life.picture().spots;
+    const auto promoted = std::ranges::find(spots, 3U, &StripSpot::line);
+    ASSERT_NE(promoted, spots.end());
+    test::RealClick(life, QPointF(promoted->x + promoted->w / 2, promoted->y + promoted->h / 2).toPoint());
+    EXPECT_EQ(desk.Get<QListWidget>("history").currentRow(), 3);
+    life.setFocus();
+    test::PressKey(life, Qt::Key_Home);
+    test::PressKey(life, Qt::Key_Return);
+    EXPECT_EQ(desk.Get<QListWidget>("history").currentRow(), static_cast<int>(spots.front().line));
+    const auto least = desk.window.minimumSizeHint();
+    EXPECT_TRUE(least.width() <= kSmallest.width() && least.height() <= kSmallest.height());
 }
 
 TEST(Form, TheStatisticsShowAllTheirLinesAtAnySize) {
