@@ -27,9 +27,14 @@ home=/tmp/korvane-pictures
 rm -rf "$taken" "$home"
 mkdir -p "$home" "$taken"
 cp -r rules "$home/rules"
+find "$home/rules" -exec touch -d 2026-01-01T12:00:00Z {} +
 trap 'rm -rf "$home"' EXIT
 unset XDG_CONFIG_HOME XDG_DATA_HOME QT_STYLE_OVERRIDE QT_QPA_PLATFORMTHEME
-export QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR="$home" HOME="$home" USERPROFILE="$home" LC_ALL=C.UTF-8 \
+cat >"$home/screen.json" <<'SCREEN'
+{"synchronousWindowSystemEvents": true, "windowFrameMargins": true,
+ "screens": [{"name": "one", "x": 0, "y": 0, "width": 1920, "height": 1080, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]}
+SCREEN
+export QT_QPA_PLATFORM="offscreen:configfile=$home/screen.json" XDG_RUNTIME_DIR="$home" HOME="$home" USERPROFILE="$home" LC_ALL=C.UTF-8 TZ=UTC \
     QT_FONT_DPI=96
 chmod 700 "$home"
 

@@ -158,13 +158,12 @@ void TakeCareerDialogs(Session& session, Player& player, const Camera& camera) {
     camera.TakeDialog("end-of-term", [&] { player.EndOfTerm({4, session.options}); });
     auto& data = session.data;
     const auto transfer = [&] {
-        player.Transfer({*session.selection.careers,
-                         [&](std::string_view career) {
-                             return data.TransferAssignmentNames(session.selection.race, career);
-                         },
-                         [&](std::string_view career) {
-                             return std::string(data.Career(session.selection.race, career).record.description);
-                         }});
+        player.Transfer(
+            {*session.selection.careers,
+             [&](std::string_view career) { return data.TransferAssignmentNames(session.selection.race, career); },
+             [&](std::string_view career) {
+                 return std::string(data.Career(session.selection.race, career).record.description);
+             }});
     };
     camera.TakeDialog("transfer", transfer);
     camera.TakeList("transfer-careers", transfer);

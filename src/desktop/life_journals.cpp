@@ -49,9 +49,9 @@ void LifeJournals::AskToKeep() {
 }
 
 void LifeJournals::AskToGoOn() {
-    const auto path = ui::AskForFile(guard_, window_, window_.windowTitle(),
-                                     QObject::tr("Journals (*.jsonl);;All files (*)"))
-                          .toStdString();
+    const auto path =
+        ui::AskForFile(guard_, window_, window_.windowTitle(), QObject::tr("Journals (*.jsonl);;All files (*)"))
+            .toStdString();
     if (path.empty())
         return;
     try {

@@ -217,7 +217,7 @@ EndOfTermAnswer DialogPlayer::EndOfTerm(const EndOfTermQuestion& question) {
     auto& dialog = Prepare(endTerm_);
     dialog.SetQuestion(question);
     dialog.SetSkills(SkillTexts());
-    dialog.SetHistory(HistoryTexts());
+    dialog.SetHistory(session_.character, session_.race);
     PlaceOverUpperPart(dialog, window_);
     dialog.optionsChanged = [this, &dialog](const Options& options) {
         if (optionsChanged)

@@ -86,8 +86,8 @@ void KVNEndTerm::SetSkills(const std::vector<std::string>& lines) {
     skills_.SetLines(lines);
 }
 
-void KVNEndTerm::SetHistory(std::span<const std::string> lines) {
-    history_.SetLines(lines);
+void KVNEndTerm::SetHistory(const CharacterRecord& character, const RaceRecord& race) {
+    history_.Tell(character, race);
 }
 
 void KVNEndTerm::keyPressEvent(QKeyEvent* event) {

@@ -4,7 +4,6 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <array>
-#include <span>
 #include <string>
 #include <vector>
 
@@ -14,6 +13,7 @@
 #include "ui/dialog.h"
 #include "ui/key_button.h"
 #include "ui/option_boxes.h"
+#include "ui/story_list.h"
 
 namespace korvane::ui {
 
@@ -28,7 +28,7 @@ class KVNEndTerm : public NeededDialog {
     void SetQuestion(const EndOfTermQuestion& question);
     BackButton& back() { return back_; }
     void SetSkills(const std::vector<std::string>& lines);
-    void SetHistory(std::span<const std::string> lines);
+    void SetHistory(const CharacterRecord& character, const RaceRecord& race);
     EndOfTermAnswer Result() const { return {choice_, boxes_.Ticked()}; }
 
   protected:
@@ -45,7 +45,7 @@ class KVNEndTerm : public NeededDialog {
     QLabel skillsLabel_;
     QLabel historyLabel_;
     CopyList skills_;
-    CopyList history_;
+    StoryList history_;
     std::array<KeyButton, 4> buttons_;
     EndOfTermChoice choice_ = EndOfTermChoice::ReEnlist;
 };

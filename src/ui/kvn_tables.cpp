@@ -19,9 +19,9 @@ class NumberedRows : public QStyledItemDelegate {
     using QStyledItemDelegate::QStyledItemDelegate;
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        const auto room = QRect(0, 0, WidthOf(option) - RoomOf(option) - 2 * Margin(), 1000);
-        const auto text = option.fontMetrics.boundingRect(room, Qt::TextWordWrap, index.data().toString());
-        return {WidthOf(option), std::max(text.height(), option.fontMetrics.height()) + 2 * Margin()};
+        const auto room = QRect(0, 0, RowWidth(option) - RoomOf(option) - 2 * Margin(), 1000);
+        const auto text = option.fontMetrics.boundingRect(room, kWrap, index.data().toString());
+        return {RowWidth(option), std::max(text.height(), option.fontMetrics.height()) + 2 * Margin()};
     }
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         const bool marked = (option.state & QStyle::State_Selected) != 0;
@@ -36,16 +36,12 @@ class NumberedRows : public QStyledItemDelegate {
         painter->drawText(text, Qt::AlignLeft | Qt::AlignTop, QString::number(index.row() + 1));
         if (!marked)
             painter->setPen(option.palette.color(group, QPalette::Text));
-        painter->drawText(text.adjusted(RoomOf(option), 0, 0, 0), Qt::TextWordWrap, index.data().toString());
+        painter->drawText(text.adjusted(RoomOf(option), 0, 0, 0), kWrap, index.data().toString());
     }
 
   private:
     static int Margin() { return 3; }
     static int RoomOf(const QStyleOptionViewItem& option) { return option.fontMetrics.averageCharWidth() * 2; }
-    static int WidthOf(const QStyleOptionViewItem& option) {
-        const auto* const view = qobject_cast<const QAbstractItemView*>(option.widget);
-        return view == nullptr ? option.rect.width() : view->viewport()->width();
-    }
 };
 
 }  // namespace

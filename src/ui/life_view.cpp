@@ -76,7 +76,8 @@ void LifeView::paintEvent(QPaintEvent* /*event*/) {
     QStyleOptionFocusRect focus;
     focus.initFrom(this);
     if (current_ >= 0)
-        focus.rect = RectOf(picture_.spots.at(static_cast<std::size_t>(current_))).toAlignedRect().adjusted(-2, -2, 2, 2);
+        focus.rect =
+            RectOf(picture_.spots.at(static_cast<std::size_t>(current_))).toAlignedRect().adjusted(-2, -2, 2, 2);
     style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
 }
 

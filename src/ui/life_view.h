@@ -11,7 +11,8 @@
 
 namespace korvane::ui {
 
-// A label, as its sentence is what a screen reader tells of it. A click on a mark or a term, or Return on the one that the arrow keys have reached, leads to its line.
+// A label, as its sentence is what a screen reader tells of it. A click on a mark or a term, or Return on the one that
+// the arrow keys have reached, leads to its line.
 class LifeView : public QLabel {
   public:
     LifeView();

@@ -1,5 +1,6 @@
 #include "ui/looks.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QBuffer>
 #include <QColor>
@@ -38,6 +39,11 @@ QImage DrawingOf(const std::string& svg, QSize size, double pixelRatio) {
     auto drawing = reader.read();
     drawing.setDevicePixelRatio(pixelRatio);
     return drawing;
+}
+
+int RowWidth(const QStyleOptionViewItem& option) {
+    const auto* const view = qobject_cast<const QAbstractItemView*>(option.widget);
+    return view == nullptr ? option.rect.width() : view->viewport()->width();
 }
 
 double Contrast(const QColor& one, const QColor& other) {

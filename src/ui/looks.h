@@ -4,6 +4,7 @@
 #include <QColor>
 #include <QImage>
 #include <QPalette>
+#include <QStyleOptionViewItem>
 #include <QWidget>
 #include <string>
 
@@ -21,6 +22,11 @@ bool IsDark(const QPalette& palette);
 
 // A drawing in SVG as a picture of this size, in the widgets' pixels; empty where the toolkit can't draw it.
 QImage DrawingOf(const std::string& svg, QSize size, double pixelRatio);
+
+// How the rows of lists wrap: between words, or in the middle of one that has no room.
+inline constexpr int kWrap = Qt::TextWordWrap | Qt::TextWrapAnywhere;
+// How wide the rows of a list are that its delegate paints.
+int RowWidth(const QStyleOptionViewItem& option);
 
 // Makes tick boxes and radio buttons stand out on a dark ground.
 void MendPalette();

@@ -72,13 +72,13 @@ void AddRecentLines(QMessageBox& box, std::span<const std::string> history) {
     // The older ones are elided, so they ask for no width.
     recent->setMinimumWidth(box.fontMetrics().averageCharWidth() * 50);
     grid->addWidget(recent, 0, 0, 1, columns);
+    grid->setColumnStretch(columns - 1, 1);  // that of the texts
     for (const auto& cell : cells)
         grid->addItem(cell.item, cell.row + 1, cell.column, cell.rows, cell.columns, cell.item->alignment());
     box.setAccessibleDescription(recent->text());
 }
 
-RecentLinesAbove::RecentLinesAbove(QWidget& dialog)
-    : dialog_(dialog), window_(&dialog, Qt::ToolTip), lines_(&window_) {
+RecentLinesAbove::RecentLinesAbove(QWidget& dialog) : dialog_(dialog), window_(&dialog, Qt::ToolTip), lines_(&window_) {
     window_.setObjectName("recentWindow");
     window_.setAttribute(Qt::WA_ShowWithoutActivating);
     auto* const frame = new QVBoxLayout(&window_);

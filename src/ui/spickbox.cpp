@@ -70,8 +70,8 @@ void SPICKBOX::Place(int longest) {
         button_width =
             std::max(button_width, fontMetrics().horizontalAdvance(button->text()) + button->KeyRoom() + margin / 2);
     const int title_width = fontMetrics().horizontalAdvance(title_.text()) + margin;
-    const int width =
-        std::max({FromTwips(*this, kWidthPerCharacter * longest + kDialogMargin), button_width + 4 * margin, title_width});
+    const int width = std::max(
+        {FromTwips(*this, kWidthPerCharacter * longest + kDialogMargin), button_width + 4 * margin, title_width});
     // Two dozen rows may be more than a small screen has.
     const int room = screen()->availableGeometry().height() * 9 / 10;
     const int height = std::min(FromTwips(*this, kRowHeight * (shown_ + 1)), room);

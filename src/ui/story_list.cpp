@@ -74,12 +74,13 @@ void PaintSign(QPainter& painter, const QRectF& box, bool plus) {
 
 // The small picture of a mark; kept, as each list has many of them.
 QPixmap PictureOf(MarkKind mark, int size, const QColor& color, double pixelRatio) {
-    const auto key = QString("mark %1 %2 %3 %4").arg(static_cast<int>(mark)).arg(size).arg(color.name()).arg(pixelRatio);
+    const auto key =
+        QString("mark %1 %2 %3 %4").arg(static_cast<int>(mark)).arg(size).arg(color.name()).arg(pixelRatio);
     QPixmap picture;
     if (QPixmapCache::find(key, &picture))
         return picture;
-    picture = QPixmap::fromImage(
-        DrawingOf(MarkSvg(mark, size, color.name().toStdString()), QSize(size, size), pixelRatio));
+    picture =
+        QPixmap::fromImage(DrawingOf(MarkSvg(mark, size, color.name().toStdString()), QSize(size, size), pixelRatio));
     QPixmapCache::insert(key, picture);
     return picture;
 }
@@ -99,11 +100,10 @@ void PaintMark(QPainter& painter, const QRectF& box, StoryKind kind, const QVari
 
 QSize StoryDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
     const auto kind = KindOf(index);
-    const auto* const view = qobject_cast<const QAbstractItemView*>(option.widget);
-    const int width = view == nullptr ? option.rect.width() : view->viewport()->width();
+    const int width = RowWidth(option);
     const int room = width - IndentOf(option, kind) - option.fontMetrics.averageCharWidth();
     const QFontMetrics metrics(FontOf(option, kind));
-    const auto text = metrics.boundingRect(0, 0, std::max(room, 40), 10000, Qt::TextWordWrap, TextOf(index));
+    const auto text = metrics.boundingRect(0, 0, std::max(room, 40), 10000, kWrap, TextOf(index));
     return {width, text.height() + AboveOf(option, kind) + kPadding};
 }
 
@@ -121,7 +121,7 @@ void StoryDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     const int indent = IndentOf(option, kind);
     const auto text =
         option.rect.adjusted(indent, AboveOf(option, kind), -option.fontMetrics.averageCharWidth() / 2, 0);
-    painter->drawText(text, Qt::TextWordWrap, TextOf(index));
+    painter->drawText(text, kWrap, TextOf(index));
     const bool has_sign = kind == StoryKind::Gain || kind == StoryKind::Loss;
     const int size = has_sign ? option.fontMetrics.ascent() * 2 / 3 : option.fontMetrics.ascent();
     const int line = option.fontMetrics.height();

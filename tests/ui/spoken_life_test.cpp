@@ -1,5 +1,5 @@
-// A whole life through the accessibility tree: found and pressed by role and name only, as a screen reader does. What is
-// spoken is kept in data/spoken-life.txt; with KORVANE_APPROVE set it is written anew.
+// A whole life through the accessibility tree: found and pressed by role and name only, as a screen reader does. What
+// is spoken is kept in data/spoken-life.txt; with KORVANE_APPROVE set it is written anew.
 
 #include <QAccessible>
 #include <QAccessibleActionInterface>
