@@ -210,13 +210,12 @@ QWidget* KVNGen::Panes() {
 }
 
 void KVNGen::LayOut() {
-    for (auto* const label : {&next_, &heading_}) {
-        label->setTextFormat(Qt::PlainText);
-        auto font = label->font();
-        font.setBold(true);
-        label->setFont(font);
-    }
     heading_.setObjectName("heading");
+    heading_.setTextFormat(Qt::PlainText);
+    auto font = heading_.font();
+    font.setBold(true);  // loaded when there is something to say
+    heading_.hide();
+    heading_.setFont(font);
     auto* const central = new QWidget;
     auto* const frame = new QHBoxLayout(central);
     frame->addWidget(LeftColumn());
@@ -444,6 +443,7 @@ void KVNGen::ShowLabels() {
     medicalDebt_.setText(ToQt(labels.medicalDebt));
     next_.setText(controller_.ended() ? tr("The next character") : tr("Set-up"));
     heading_.setText(ToQt(controller_.heading()));
+    heading_.setVisible(!heading_.text().isEmpty());
 }
 
 void KVNGen::ShowDetails() {
