@@ -2,14 +2,17 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
 #include <QFontInfo>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPushButton>
 #include <QScreen>
 #include <QStyle>
 #include <QTimer>
+#include <algorithm>
 #include <array>
 #include <iostream>
 #include <ranges>
@@ -20,6 +23,7 @@
 
 #include "base/files.h"
 #include "base/text.h"
+#include "character/player_texts.h"
 #include "desktop/desktop_windows.h"
 #include "desktop/exporter.h"
 #include "desktop/kvn_gen.h"
@@ -101,7 +105,9 @@ class Camera {
     // With the window of the last lines, where it stands above a choice.
     static QPixmap Whole(QWidget& window) {
         auto picture = window.grab();
-        auto* const above = window.findChild<QWidget*>("recentWindow");
+        const auto windows = QApplication::topLevelWidgets();
+        const auto found = std::ranges::find(windows, "recentWindow", &QWidget::objectName);
+        auto* const above = found == windows.end() ? nullptr : *found;
         if (above == nullptr || !above->isVisible())
             return picture;
         const auto room = window.geometry().united(above->geometry());
@@ -224,6 +230,24 @@ int Run(const QString& folder, const QString& rules) {
     camera.TakeDialog("first-run", [&] { windows.ChooseRaceFile("Imperial Human.eri"); });
     Exporter exporter(session, window, window.player(), guard);
     camera.TakeDialog("export", [&] { exporter.Show(window.life().tape()); });
+    QTimer::singleShot(50, [&] {
+        auto* const dialog = QApplication::activeModalWidget();
+        QTimer::singleShot(50, [&, dialog] {
+            camera.Take(*QApplication::activeModalWidget(), "exported");
+            dynamic_cast<QDialog&>(*QApplication::activeModalWidget()).accept();
+            dynamic_cast<QDialog&>(*dialog).reject();
+        });
+        dialog->findChild<QLineEdit*>("name")->setText("Zoe");
+        dialog->findChild<QCheckBox*>("pdf")->setChecked(true);
+        dialog->findChild<QPushButton*>("export")->click();
+    });
+    exporter.Show(window.life().tape());
+    camera.TakeDialog("scrap", [&] {
+        ui::AskYesNo(guard, &window, window.windowTitle(), {kScrapQuestion, {}, Icon::Question, false});
+    });
+    window.display().ControlsLocked(true);
+    window.Refresh();
+    camera.Take(window, "main-running");
     camera.TakeDialog("about", [&] {
         ui::KVNAbout about(window.windowTitle(), &window);
         guard.Run(about);

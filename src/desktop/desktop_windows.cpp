@@ -21,13 +21,15 @@ void DesktopWindows::ShowMessage(std::string_view text, Icon icon) {
 }
 
 std::optional<HeldPath> DesktopWindows::ChooseRaceFile(std::string_view proposedName) {
-    QFileDialog dialog(nullptr, ToQt(session_.programTitle), QDir::currentPath(), "Korvane Race files (*.eri)");
+    const QDir shipped(QString::fromStdString(ShippedRules().string()));
+    const bool is_among_rules = !QDir().entryList({"*.eri"}, QDir::Files).isEmpty();
+    const auto start = is_among_rules || !shipped.exists() ? QDir::currentPath() : shipped.absolutePath();
+    QFileDialog dialog(nullptr, ToQt(session_.programTitle), start, "Korvane Race files (*.eri)");
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.setDefaultSuffix("eri");
     dialog.selectFile(ToQt(proposedName));
-    auto places = dialog.sidebarUrls();
-    places << QUrl::fromLocalFile(QString::fromStdString(ShippedRules().string()));
-    dialog.setSidebarUrls(places);
+    if (shipped.exists())
+        dialog.setSidebarUrls(dialog.sidebarUrls() << QUrl::fromLocalFile(shipped.absolutePath()));
     if (guard_.Run(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
     const auto file = dialog.selectedFiles().front();
@@ -38,13 +40,13 @@ std::optional<HeldPath> DesktopWindows::ChooseRaceFile(std::string_view proposed
 void DesktopWindows::TellWhatIsLacking(const QDir& folder, const QString& race) {
     if (!folder.entryList({race}, QDir::Files).isEmpty())  // in any case
         return;
-    const auto others = folder.entryList({"*.eri"}, QDir::Files).size();
-    ui::ShowMessage(guard_, nullptr, ToQt(session_.programTitle),
-                    QObject::tr("%1 has no file %2, by which Korvane knows its rules%3.")
-                        .arg(folder.absolutePath(), race,
-                             others > 0 ? QObject::tr(", though it has %1 other races").arg(others)
-                                        : QObject::tr(", and no other race")),
-                    Icon::Exclamation);
+    const bool has_others = !folder.entryList({"*.eri"}, QDir::Files).isEmpty();
+    ui::ShowMessage(
+        guard_, nullptr, ToQt(session_.programTitle),
+        QObject::tr("%1 has no file %2, by which Korvane knows its rules%3.")
+            .arg(folder.absolutePath(), race,
+                 has_others ? QObject::tr(", though it has other races") : QObject::tr(", and no other race")),
+        Icon::Exclamation);
 }
 
 void DesktopWindows::EditFile(const HeldPath& path) {

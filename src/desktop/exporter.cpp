@@ -6,11 +6,13 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QMessageBox>
+#include <QPainter>
 #include <QUrl>
 #include <exception>
 #include <filesystem>
 #include <utility>
 
+#include "base/error.h"
 #include "base/files.h"
 #include "base/text.h"
 #include "character/seams_guard.h"
@@ -34,9 +36,14 @@ namespace {
 void WritePortrait(const QImage& picture, const std::string& file) {
     constexpr QSize kLargest(1200, 1600);
     const bool is_large = picture.width() > kLargest.width() || picture.height() > kLargest.height();
+    const auto small = is_large ? picture.scaled(kLargest, Qt::KeepAspectRatio, Qt::SmoothTransformation) : picture;
+    QImage opaque(small.size(), QImage::Format_RGB32);
+    opaque.fill(Qt::white);  // where it is transparent; the file knows no such
+    QPainter(&opaque).drawImage(0, 0, small);
     QBuffer bytes;
     bytes.open(QIODevice::WriteOnly);
-    (is_large ? picture.scaled(kLargest, Qt::KeepAspectRatio, Qt::SmoothTransformation) : picture).save(&bytes, "JPG");
+    if (!opaque.save(&bytes, "JPG"))
+        throw IoError(file, "can't be written", "the toolkit writes no pictures of this kind");
     ReplaceFile(file, {bytes.data().constData(), static_cast<std::size_t>(bytes.data().size())});
 }
 
@@ -44,10 +51,12 @@ void WritePortrait(const QImage& picture, const std::string& file) {
 QString DestinationOf(const QString& name) {
     const auto path = QString::fromStdString(PagePath(name.toStdString()));
     if (path.isEmpty())
-        return {};
+        return QObject::tr("There is no profile folder to write to: neither USERPROFILE nor HOME is set.");
     auto told = QObject::tr("To %1").arg(path);
     if (QFileInfo::exists(path))
         told += QObject::tr(", replaces an older page");
+    if (QFileInfo::exists(QString::fromStdString(PortraitPath(name.toStdString()))))
+        told += QObject::tr("; there is a portrait of that name");
     if (LettersOnly(name.toStdString()).empty())
         told += QObject::tr(". Names without letters a to z all share this hidden file.");
     return told;
@@ -114,7 +123,9 @@ std::unique_ptr<QTextDocument> Exporter::PageOf(const ui::KVNExport& dialog) con
         QString html;
         for (const auto& line : FillTemplate(ReadTemplate(TemplateOf(dialog)).lines, session_, name))
             html += ToQt(line) + QLatin1Char('\n');
-        return pdf::MakeDocument(html, QString::fromStdString(PagePath(name)), dialog.portrait());
+        const auto path = PagePath(name);
+        return pdf::MakeDocument(html, QString::fromStdString(path.empty() ? PageFileName(name) : path),
+                                 dialog.portrait());
     } catch (const std::exception&) {
         return nullptr;  // the export itself tells the fault
     }
@@ -128,20 +139,21 @@ void Exporter::Export(ui::KVNExport& dialog, const journal::Tape& tape) {
     }
     const auto page = QString::fromStdString(outcome.path);
     const auto others = WriteOthers(dialog, page, tape);
-    const auto printed = dialog.wantsPdf() ? pdf::PdfNameOf(page) : QString();
     dialog.NoteExported();
-    TellExported(dialog, ToQt(outcome.message), others, page, printed);
+    TellExported(dialog, ToQt(outcome.message), others, page);
 }
 
-QStringList Exporter::WriteOthers(const ui::KVNExport& dialog, const QString& page, const journal::Tape& tape) const {
-    QStringList told;
+Exporter::Others Exporter::WriteOthers(const ui::KVNExport& dialog, const QString& page,
+                                       const journal::Tape& tape) const {
+    Others others;
     // The page is there, whatever becomes of the others.
-    const auto write = [&told](const QString& said, const auto& action) {
+    const auto write = [&others](const QString& said, const auto& action) {
         try {
             action();
-            told << said;
+            others.told << said;
         } catch (const std::exception& error) {
-            told << QString::fromUtf8(error.what());
+            others.failed = true;
+            others.told << QString::fromUtf8(error.what());
         }
     };
     const auto portrait = PortraitPath(dialog.name().toStdString());
@@ -154,25 +166,28 @@ QStringList Exporter::WriteOthers(const ui::KVNExport& dialog, const QString& pa
               [&] { ReplaceFile(journal, journal::JournalText(tape)); });
     const auto printed = pdf::PdfNameOf(page);
     if (dialog.wantsPdf())
-        write(QObject::tr("PDF file written to %1").arg(printed), [&] { pdf::WritePdf(page, printed); });
-    return told;
+        write(QObject::tr("PDF file written to %1").arg(printed), [&] {
+            pdf::WritePdf(page, printed);
+            others.printed = printed;
+        });
+    return others;
 }
 
-void Exporter::TellExported(QWidget& dialog, const QString& message, const QStringList& others, const QString& page,
-                            const QString& printed) const {
-    QMessageBox box(QMessageBox::Information, ToQt(session_.programTitle), message, QMessageBox::Ok, &dialog);
+void Exporter::TellExported(QWidget& dialog, const QString& message, const Others& others, const QString& page) const {
+    QMessageBox box(others.failed ? QMessageBox::Warning : QMessageBox::Information, ToQt(session_.programTitle),
+                    message, QMessageBox::Ok, &dialog);
     box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(others.join(QLatin1Char('\n')));
+    box.setInformativeText(others.told.join(QLatin1Char('\n')));
     const auto* const open = box.addButton(QObject::tr("&Open"), QMessageBox::ActionRole);
     const auto* const open_printed =
-        QFileInfo::exists(printed) ? box.addButton(QObject::tr("Open &PDF"), QMessageBox::ActionRole) : nullptr;
+        !others.printed.isEmpty() ? box.addButton(QObject::tr("Open &PDF"), QMessageBox::ActionRole) : nullptr;
     box.setDefaultButton(QMessageBox::Ok);
     box.setEscapeButton(QMessageBox::Ok);
     guard_.Run(box);
     const auto* const clicked = box.clickedButton();
     if (clicked != open && (clicked == nullptr || clicked != open_printed))
         return;
-    const auto& file = clicked == open ? page : printed;
+    const auto& file = clicked == open ? page : others.printed;
     if (!QDesktopServices::openUrl(QUrl::fromLocalFile(file)))
         ui::ShowMessage(guard_, &dialog, ToQt(session_.programTitle),
                         QObject::tr("No program was found that opens %1").arg(file), Icon::Exclamation);

@@ -27,11 +27,16 @@ class Exporter {
   private:
     void RollName(ui::KVNExport& dialog);
     void Export(ui::KVNExport& dialog, const journal::Tape& tape);
-    // Writes what the player wants beside the page, and says what was written.
-    QStringList WriteOthers(const ui::KVNExport& dialog, const QString& page, const journal::Tape& tape) const;
+    // What was written beside a page.
+    struct Others {
+        QStringList told;  // each file, or why it wasn't written
+        bool failed = false;
+        QString printed;  // the PDF file; empty for none
+    };
+    // Writes what the player wants beside the page.
+    Others WriteOthers(const ui::KVNExport& dialog, const QString& page, const journal::Tape& tape) const;
     // Tells what was written, and opens what the player wants to see.
-    void TellExported(QWidget& dialog, const QString& message, const QStringList& others, const QString& page,
-                      const QString& printed) const;
+    void TellExported(QWidget& dialog, const QString& message, const Others& others, const QString& page) const;
     // The page as it would be now; nothing where a fault keeps it from that.
     std::unique_ptr<QTextDocument> PageOf(const ui::KVNExport& dialog) const;
     HeldPath TemplateOf(const ui::KVNExport& dialog) const;

@@ -97,7 +97,6 @@ LifeEnd GenerationController::GoOn(journal::Journal journal, const play::Recorde
 LifeEnd GenerationController::Run(const std::function<play::LifeOutcome()>& live) {
     ended_.reset();
     changes_.history = changes_.skills = true;
-    const auto chosen = session_.selection;
     Enter(State::Failed);  // should an exception leave what follows
     auto ended = EndedLife{};
     RunCareer(session_, [&] {
@@ -116,13 +115,14 @@ LifeEnd GenerationController::Run(const std::function<play::LifeOutcome()>& live
     });
     ended_ = std::move(ended);
     Enter(State::Ended);
-    LeavePrison(chosen);
+    if (life_.ended())
+        LeavePrison(life_.ended()->start);
     changes_.history = changes_.skills = changes_.summary = true;
     return ended_->end;
 }
 
-void GenerationController::LeavePrison(const Selection& chosen) {
-    if (session_.selection.career != kPrisoner || chosen.career == kPrisoner || session_.selection.race != chosen.race)
+void GenerationController::LeavePrison(const journal::Start& chosen) {
+    if (session_.selection.career != kPrisoner || chosen.career == kPrisoner)
         return;
     if (korvane::SelectCareer(session_, chosen.career))
         korvane::SelectAssignment(session_, chosen.assignment);
@@ -148,6 +148,7 @@ std::string GenerationController::heading() const {
 }
 
 void GenerationController::SwapEnded() {
+    showsEnded_ = !showsEnded_;
     std::swap(session_.character, ended_->record);
     std::swap(session_.selection, ended_->selection);
     std::swap(session_.race, ended_->race);

@@ -72,6 +72,8 @@ class GenerationController : public Display {
     std::string heading() const;
     // Puts the ended character into the session for as long as something is done with it. There must be one.
     void WithEnded(const std::function<void()>& action);
+    // While that lasts nothing of the session is the window's to show.
+    bool showsEnded() const { return showsEnded_; }
     bool mayRoll() const { return !session_.selection.race.empty(); }
     bool mayStart() const;
     // What has changed since this was asked last.
@@ -106,7 +108,7 @@ class GenerationController : public Display {
     void SwapEnded();
     LifeEnd Run(const std::function<play::LifeOutcome()>& live);
     // A prisoner's life ends with the prison selected, which nobody chooses.
-    void LeavePrison(const Selection& chosen);
+    void LeavePrison(const journal::Start& chosen);
     void Enter(State state);
     // A new character has been started: what an error left is in the session no more.
     void LeaveFailure();
@@ -116,6 +118,7 @@ class GenerationController : public Display {
     State state_ = State::Idle;
     Changes changes_;
     std::optional<EndedLife> ended_;
+    bool showsEnded_ = false;
 };
 
 }  // namespace korvane

@@ -15,7 +15,7 @@ struct Beginning {
     StoryKind kind;
     std::optional<MarkKind> mark = {};
 };
-constexpr std::array<Beginning, 26> kBeginnings = {{{"Promoted to ", StoryKind::Promotion, MarkKind::Promotion},
+constexpr std::array<Beginning, 28> kBeginnings = {{{"Promoted to ", StoryKind::Promotion, MarkKind::Promotion},
                                                     {"Commissioned", StoryKind::Promotion, MarkKind::Promotion},
                                                     {"Graduated", StoryKind::Promotion},
                                                     {kImprisoned, StoryKind::Prison, MarkKind::Prison},
@@ -38,6 +38,8 @@ constexpr std::array<Beginning, 26> kBeginnings = {{{"Promoted to ", StoryKind::
                                                     {"Rival from nowhere", StoryKind::Loss, MarkKind::Foe},
                                                     {"Ejected from ", StoryKind::Loss},
                                                     {"Rejected", StoryKind::Loss},
+                                                    {"Betrayed by ", StoryKind::Loss},
+                                                    {"Riot! Injured", StoryKind::Loss},
                                                     {"Failed", StoryKind::Loss},
                                                     {"Skill ", StoryKind::Note},
                                                     {"University: ", StoryKind::Note}}};
@@ -51,8 +53,7 @@ bool IsGain(std::string_view line) {
     const auto mark = line.find_last_of("-+");
     if (mark == std::string_view::npos || mark + 1 == line.size() || line.size() > 40)
         return false;
-    const auto number = line.substr(mark + 1);
-    return number != "0" && number.find_first_not_of("0123456789") == std::string_view::npos;
+    return line.substr(mark + 1).find_first_not_of("0123456789") == std::string_view::npos;
 }
 
 // What a line is by its beginning; nothing where that doesn't tell.
@@ -63,12 +64,15 @@ const Beginning* BeginningOf(std::string_view line) {
 }
 
 StoryKind KindByForm(std::string_view line) {
-    constexpr std::size_t kLong = 48;  // the texts of the tables are longer than what the rules write
+    // The texts of the tables are sentences, or longer than what the rules write.
+    constexpr std::size_t kLong = 48;
+    constexpr std::string_view kEnds = ".!?";
     if (line.find(" reduced by ") != std::string_view::npos || line.ends_with("medical debt incurred"))
         return StoryKind::Loss;
     if (IsGain(line))
         return StoryKind::Gain;
-    return line.size() > kLong ? StoryKind::Prose : StoryKind::Note;
+    const bool is_sentence = !line.empty() && kEnds.find(line.back()) != std::string_view::npos;
+    return is_sentence || line.size() > kLong ? StoryKind::Prose : StoryKind::Note;
 }
 
 StoryLine Classified(std::string_view line) {
@@ -100,10 +104,13 @@ StoryKind StoryKindOf(std::string_view line) {
 
 std::vector<StoryLine> StoryOf(const CharacterRecord& character, const RaceRecord& race) {
     std::vector<StoryLine> story;
+    const auto benefits = character.Benefits.lines();
     std::string career;
     int terms = 0;
     for (const auto& line : character.History.lines()) {
         auto told = Classified(line);
+        if (told.kind == StoryKind::Note && std::ranges::find(benefits, line) != benefits.end())
+            told.kind = StoryKind::Gain;
         if (told.kind == StoryKind::Term) {
             ++terms;
             told.heading = Concat("Term ", terms, ", age ", race.startingAge + (terms - 1) * race.termYears,

@@ -7,12 +7,17 @@
 #include <QStylePainter>
 #include <QWheelEvent>
 
+#include "ui/looks.h"
+
 namespace korvane::ui {
 
 // The wheel over one that hasn't the focus is left to what it stands in.
 class ChoiceCombo : public QComboBox {
   public:
-    ChoiceCombo() { setFocusPolicy(Qt::StrongFocus); }
+    ChoiceCombo() {
+        setFocusPolicy(Qt::StrongFocus);
+        KeepReadable(*this);  // what is chosen is read most while it can't be changed
+    }
 
   protected:
     // What has no room ends in "…", and is told by the tool tip.

@@ -81,6 +81,12 @@ Dialog& DialogPlayer::Prepare(std::unique_ptr<Dialog>& dialog) {
     return *dialog;
 }
 
+template <typename Dialog>
+void DialogPlayer::Remind(Dialog& dialog) const {
+    dialog.recent().Show(HistoryTexts());
+    dialog.setAccessibleDescription(dialog.recent().text());
+}
+
 void DialogPlayer::RunNeeded(NeededDialog& dialog) {
     dialog.mayScrap = [this, &dialog] {
         return AskYesNo(guard_, &dialog, Title(), {kScrapQuestion, {}, Icon::Question, false}) == QMessageBox::Yes;
@@ -156,7 +162,9 @@ std::vector<BenefitRow> DialogPlayer::BenefitRows() const {
 QString DialogPlayer::BenefitModifiers(const MusterQuestion& question) const {
     auto told = QObject::tr("A roll is one die.");
     if (question.bonuses > 0)
-        told += QObject::tr(" +1 to either column, %n time(s), where you want it.", nullptr, question.bonuses);
+        told += question.bonuses == 1
+                    ? QObject::tr(" +1 to either column once, where you want it.")
+                    : QObject::tr(" +1 to either column %1 times, where you want it.").arg(question.bonuses);
     if (question.gamblerEnabled)
         told += QObject::tr(" Gambler: +1 to cash.");
     if (question.bonuses == 0 && !question.gamblerEnabled)
@@ -181,7 +189,7 @@ int DialogPlayer::Choose(const ChoiceQuestion& question) {
 std::vector<int> DialogPlayer::Select(const ListQuestion& question) {
     auto& dialog = Prepare(list_);
     dialog.SetQuestion(question);
-    dialog.recent().Show(HistoryTexts());
+    Remind(dialog);
     const int result = RunWithSteps([&] { return guard_.Run(dialog); });
     return result == QDialog::Accepted ? dialog.Marked() : std::vector<int>();
 }
@@ -207,7 +215,7 @@ int DialogPlayer::PickTable(const TableQuestion& question) {
     auto& dialog = Prepare(tables_);
     dialog.SetQuestion(question);
     dialog.SetHeldSkills(SkillTexts());
-    dialog.recent().Show(HistoryTexts());
+    Remind(dialog);
     PlaceOverUpperPart(dialog, window_);
     RunNeeded(dialog);
     return dialog.picked();
@@ -259,9 +267,11 @@ std::optional<TransferAnswer> DialogPlayer::Transfer(const TransferQuestion& que
 QString DialogPlayer::CostOfLeaving() const {
     const auto& character = session_.character;
     const auto rank = ToQt(Trim(RankTitle(session_.assignment, character.Rank)));
-    return QObject::tr(
-               "Moving on costs your rank%1 and the benefit rolls of this career; \"%2\" musters you out with them.")
-        .arg(rank.isEmpty() ? QString() : QObject::tr(" (%1)").arg(rank), ToQt(kEndCareer));
+    return QObject::
+        tr("Moving on costs your rank%1 and the benefit rolls of this career (%2); \"%3\" musters you out with them.")
+            .arg(rank.isEmpty() ? QString() : QObject::tr(" (%1)").arg(rank))
+            .arg(std::max(0, character.TermsInCareer + character.BenefitRollsModifier))
+            .arg(ToQt(kEndCareer));
 }
 
 std::optional<MusterPress> DialogPlayer::RunMuster(KVNMuster& dialog) {

@@ -53,6 +53,9 @@ class DialogPlayer : public Player {
     // The dialog, made if need be, before the window that it stands before.
     template <typename Dialog>
     Dialog& Prepare(std::unique_ptr<Dialog>& dialog);
+    // Shows the last lines of the history above the dialog's question.
+    template <typename Dialog>
+    void Remind(Dialog& dialog) const;
     // Runs a dialog that needs an answer. Throws CharacterScrapped when there is none.
     void RunNeeded(NeededDialog& dialog);
     // Runs a dialog, by a function that gives its result, until that is no wish to look for a question in the history.

@@ -7,6 +7,8 @@
 #include <QKeyEvent>
 #include <QScreen>
 #include <QScrollBar>
+#include <QShortcut>
+#include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
 
@@ -32,6 +34,7 @@ KVNExport::KVNExport(const QString& programTitle, const QStringList& templates, 
       templatesLabel_(tr("&Template")),
       portraitLabel_(tr("Portrait")),
       paste_(tr("Paste P&ortrait")),
+      noPortrait_(tr("&No Portrait")),
       pdf_(tr("Write a &PDF file too")),
       journal_(tr("Write the &journal too")),
       open_(tr("Still to decide: %1").arg(open)),
@@ -60,6 +63,7 @@ void KVNExport::SetUp(const QStringList& templates, const QString& open) {
     templates_.setCurrentRow(0);
     paste_.setObjectName("paste");
     paste_.setToolTip(tr("The picture that was copied becomes the portrait (Ctrl+V)"));
+    noPortrait_.setObjectName("noPortrait");
     pdf_.setObjectName("pdf");
     journal_.setObjectName("journal");
     open_.setObjectName("open");
@@ -93,6 +97,9 @@ void KVNExport::ConnectAll() {
     Connect(end_, endProgram);
     connect(&close_, &QPushButton::clicked, this, &KVNExport::reject);
     connect(&paste_, &QPushButton::clicked, this, &KVNExport::Paste);
+    // Where the name field has the input, it asks first.
+    connect(new QShortcut(QKeySequence::Paste, this), &QShortcut::activated, this, &KVNExport::Paste);
+    connect(&noPortrait_, &QPushButton::clicked, this, [this] { portrait_.Clear(); });
     connect(&templates_, &QListWidget::itemDoubleClicked, &export_, &QPushButton::click);
     connect(&name_, &QLineEdit::textChanged, &later_, qOverload<>(&QTimer::start));
     connect(&templates_, &QListWidget::currentRowChanged, &later_, qOverload<>(&QTimer::start));
@@ -116,7 +123,11 @@ QWidget* KVNExport::Fields() {
     grid->addWidget(&portraitLabel_, 3, 0, Qt::AlignTop);
     auto* const picture = new QHBoxLayout;
     picture->addWidget(&portrait_);
-    picture->addWidget(&paste_, 0, Qt::AlignTop);
+    auto* const acts = new QVBoxLayout;
+    acts->addWidget(&paste_);
+    acts->addWidget(&noPortrait_);
+    acts->addStretch();
+    picture->addLayout(acts);
     picture->addStretch();
     grid->addLayout(picture, 3, 1, 1, 2);
     auto* const more = new QHBoxLayout;
@@ -162,14 +173,13 @@ void KVNExport::ShowPage() {
 
 void KVNExport::NoteExported() {
     exported_ = true;
-    portrait_.Clear();  // it stands beside the page now
     ShowPage();
 }
 
 void KVNExport::Paste() {
     const auto* const copied = QGuiApplication::clipboard()->mimeData();
-    if (copied == nullptr || !portrait_.Take(*copied))
-        destination_.setText(tr("There is no copied picture."));
+    if (copied != nullptr)
+        portrait_.Take(*copied);
 }
 
 bool KVNExport::eventFilter(QObject* /*watched*/, QEvent* event) {

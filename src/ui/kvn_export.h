@@ -69,6 +69,7 @@ class KVNExport : public QDialog {
     QLabel portraitLabel_;
     PortraitBox portrait_;
     QPushButton paste_;
+    QPushButton noPortrait_;
     QCheckBox pdf_;
     QCheckBox journal_;
     QLabel open_;
@@ -77,8 +78,8 @@ class KVNExport : public QDialog {
     QPushButton end_;
     QPushButton back_;
     QLabel pageLabel_;
-    QTextBrowser page_;
     std::unique_ptr<QTextDocument> document_;  // what the page shows
+    QTextBrowser page_;
     QTimer later_;
     bool exported_ = false;
 };

@@ -11,6 +11,7 @@
 #include "base/text.h"
 #include "character/player_texts.h"
 #include "ui/dialog.h"
+#include "ui/looks.h"
 
 namespace korvane::ui {
 
@@ -34,9 +35,11 @@ KVNMuster::KVNMuster(QWidget* parent)
     rolls_.setTextFormat(Qt::PlainText);
     bonuses_.setObjectName("bonuses");
     gambler_.setObjectName("gambler");
+    KeepReadable(gambler_);
     for (std::size_t i = 0; i < buttons_.size(); ++i) {
         buttons_.at(i).setText(ToCaption(kMusterCaptions.at(i)));
         buttons_.at(i).setObjectName(kNames.at(i));
+        KeepReadable(buttons_.at(i));
         buttons_.at(i).SetKey(QString::number(i + 1));
         connect(&buttons_.at(i), &QPushButton::clicked, this, [this, i] { Press(static_cast<MusterButton>(i)); });
     }

@@ -49,6 +49,7 @@ class NumberedRows : public QStyledItemDelegate {
 KVNTables::KVNTables(QWidget* parent)
     : NeededDialog(parent), back_(*this), heldLabel_(tr("Currently Held")), held_("held", tr("Currently Held")) {
     setObjectName("KVNTables");
+    recent_.setParent(this);  // first, as it is read
     instruction_.setObjectName("instruction");
     instruction_.setTextFormat(Qt::PlainText);
     heldLabel_.setBuddy(&held_);

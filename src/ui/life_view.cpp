@@ -67,7 +67,7 @@ void LifeView::Draw() {
 void LifeView::paintEvent(QPaintEvent* /*event*/) {
     if (strip_.blocks.empty())
         return;
-    if (drawn_.isNull())
+    if (drawn_.isNull() || drawn_.devicePixelRatio() != devicePixelRatioF())
         drawn_ = DrawingOf(picture_.svg, size(), devicePixelRatioF());
     QPainter painter(this);
     painter.drawImage(0, 0, drawn_);
@@ -123,7 +123,7 @@ void LifeView::StepTo(int spot) {
 }
 
 void LifeView::mousePressEvent(QMouseEvent* event) {
-    const int spot = SpotAt(event->position());
+    const int spot = event->button() == Qt::LeftButton ? SpotAt(event->position()) : -1;
     if (spot >= 0)
         StepTo(spot);
     Choose(spot);

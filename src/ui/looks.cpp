@@ -4,8 +4,10 @@
 #include <QApplication>
 #include <QBuffer>
 #include <QColor>
+#include <QEvent>
 #include <QImageReader>
 #include <algorithm>
+#include <utility>
 
 namespace korvane::ui {
 
@@ -14,9 +16,7 @@ namespace {
 // How light a colour is to the eye, from 0 to 1.
 double Luminance(const QColor& color) {
     // As near to the told curve as this needs, without a mathematical library at the program's start.
-    const auto linear = [](double part) {
-        return part * (part * (part * 0.305306011 + 0.682171111) + 0.012522878);
-    };
+    const auto linear = [](double part) { return part * (part * (part * 0.305306011 + 0.682171111) + 0.012522878); };
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 
@@ -53,7 +53,8 @@ double Contrast(const QColor& one, const QColor& other) {
 }
 
 QColor Dimmed(const QPalette& palette, QPalette::ColorRole ground) {
-    constexpr double kEnough = 5.0;  // a little more than what is needed, for grounds that a style shades
+    // More than the 4.5 that are needed, as a style shades the grounds of its controls.
+    constexpr double kEnough = 7.0;
     constexpr double kStep = 0.05;
     const auto text = palette.color(QPalette::Active, QPalette::WindowText);
     const auto behind = palette.color(QPalette::Active, ground);
@@ -67,12 +68,43 @@ QColor Dimmed(const QPalette& palette, QPalette::ColorRole ground) {
     return dimmed;
 }
 
+void Recolour(QWidget& widget, std::function<void(QPalette& palette)> change) {
+    // Belongs to the widget.
+    class Recolouring : public QObject {
+      public:
+        Recolouring(QWidget& widget, std::function<void(QPalette& palette)> change)
+            : QObject(&widget), widget_(widget), change_(std::move(change)) {
+            widget_.installEventFilter(this);
+            Apply();
+        }
+
+      protected:
+        bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+            if (event->type() == QEvent::ApplicationPaletteChange)
+                Apply();
+            return false;
+        }
+
+      private:
+        void Apply() {
+            auto palette = QApplication::palette(&widget_);
+            change_(palette);
+            widget_.setPalette(palette);
+        }
+
+        QWidget& widget_;
+        std::function<void(QPalette& palette)> change_;
+    };
+    new Recolouring(widget, std::move(change));
+}
+
 void KeepReadable(QWidget& widget) {
-    auto palette = widget.palette();
-    palette.setColor(QPalette::Disabled, QPalette::Text, Dimmed(palette, QPalette::Base));
-    palette.setColor(QPalette::Disabled, QPalette::ButtonText, Dimmed(palette, QPalette::Button));
-    palette.setColor(QPalette::Disabled, QPalette::WindowText, Dimmed(palette));
-    widget.setPalette(palette);
+    Recolour(widget, [](QPalette& palette) {
+        palette.setColor(QPalette::Disabled, QPalette::Text, Dimmed(palette, QPalette::Base));
+        palette.setColor(QPalette::Disabled, QPalette::ButtonText, Dimmed(palette, QPalette::Button));
+        palette.setColor(QPalette::Disabled, QPalette::WindowText, Dimmed(palette));
+        palette.setColor(QPalette::PlaceholderText, Dimmed(palette, QPalette::Button));
+    });
 }
 
 void MendPalette() {

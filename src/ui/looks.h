@@ -6,6 +6,7 @@
 #include <QPalette>
 #include <QStyleOptionViewItem>
 #include <QWidget>
+#include <functional>
 #include <string>
 
 namespace korvane::ui {
@@ -14,6 +15,8 @@ namespace korvane::ui {
 double Contrast(const QColor& one, const QColor& other);
 // The colour of texts that stand back, at 4.5 to 1 at least on their ground.
 QColor Dimmed(const QPalette& palette, QPalette::ColorRole ground = QPalette::Window);
+// Gives a widget colours of its own, made of those of the program; anew when those change.
+void Recolour(QWidget& widget, std::function<void(QPalette& palette)> change);
 // Keeps what a widget says readable while it is disabled: at 4.5 to 1 at least.
 void KeepReadable(QWidget& widget);
 

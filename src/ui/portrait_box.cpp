@@ -1,18 +1,38 @@
 #include "ui/portrait_box.h"
 
+#include <QBuffer>
+#include <QImageReader>
 #include <QUrl>
+#include <utility>
+
+#include "base/error.h"
+#include "base/files.h"
 
 namespace korvane::ui {
 
 namespace {
 
+// Upright, as the camera was held. Null for what is none, or too large to be one.
+QImage PictureIn(const QString& file) {
+    constexpr std::size_t kMost = std::size_t{64} << 20U;
+    try {
+        const auto bytes = ReadBytes(file.toStdString(), "a picture", kMost);
+        auto content = QByteArray::fromStdString(bytes);
+        QBuffer buffer(&content);
+        QImageReader reader(&buffer);
+        reader.setAutoTransform(true);
+        return reader.read();
+    } catch (const IoError&) {
+        return {};
+    }
+}
+
 QImage PictureIn(const QMimeData& given) {
-    if (given.hasImage())
-        return given.imageData().value<QImage>();
-    for (const auto& url : given.urls())
-        if (QImage picture(url.toLocalFile()); !picture.isNull())
-            return picture;
-    return {};
+    auto picture = given.imageData().value<QImage>();
+    const auto urls = given.urls();
+    for (auto url = urls.begin(); picture.isNull() && url != urls.end(); ++url)
+        picture = PictureIn(url->toLocalFile());
+    return picture;
 }
 
 }  // namespace
@@ -31,7 +51,7 @@ PortraitBox::PortraitBox() {
 
 void PortraitBox::Show() {
     if (picture_.isNull()) {
-        setText(tr("Drop a portrait here"));
+        Say(tr("Drop a portrait here"));
         return;
     }
     const auto size = contentsRect().size() * devicePixelRatioF();
@@ -40,10 +60,17 @@ void PortraitBox::Show() {
     setPixmap(shown);
 }
 
+void PortraitBox::Say(const QString& text) {
+    if (picture_.isNull())
+        setText(text);
+}
+
 bool PortraitBox::Take(const QMimeData& given) {
     auto picture = PictureIn(given);
-    if (picture.isNull())
+    if (picture.isNull()) {
+        Say(tr("That is no picture"));
         return false;
+    }
     picture_ = std::move(picture);
     Show();
     if (changed)
@@ -54,6 +81,8 @@ bool PortraitBox::Take(const QMimeData& given) {
 void PortraitBox::Clear() {
     picture_ = {};
     Show();
+    if (changed)
+        changed();
 }
 
 void PortraitBox::dragEnterEvent(QDragEnterEvent* event) {

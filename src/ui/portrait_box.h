@@ -21,6 +21,8 @@ class PortraitBox : public QLabel {
     // Takes a picture, or the file of one, from what was dropped or copied. Returns whether there was one.
     bool Take(const QMimeData& given);
     void Clear();
+    // Says something in place of a picture, until there is one.
+    void Say(const QString& text);
     const QImage& picture() const { return picture_; }
 
   protected:

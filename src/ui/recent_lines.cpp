@@ -18,14 +18,10 @@ RecentLines::RecentLines(QWidget* parent) : QWidget(parent) {
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins({});
     column->setSpacing(2);
-    auto dimmed = palette();
-    dimmed.setColor(QPalette::WindowText, Dimmed(dimmed));
-    for (auto& label : before_) {
-        label.setPalette(dimmed);
+    for (auto& label : before_)
         column->addWidget(&label);
-    }
     newest_.setObjectName("newest");
-    newest_.setPalette(dimmed);
+    Recolour(*this, [](QPalette& palette) { palette.setColor(QPalette::WindowText, Dimmed(palette)); });
     newest_.setTextFormat(Qt::PlainText);
     newest_.setWordWrap(true);
     column->addWidget(&newest_);
@@ -78,7 +74,11 @@ void AddRecentLines(QMessageBox& box, std::span<const std::string> history) {
     box.setAccessibleDescription(recent->text());
 }
 
-RecentLinesAbove::RecentLinesAbove(QWidget& dialog) : dialog_(dialog), window_(&dialog, Qt::ToolTip), lines_(&window_) {
+// Without a parent: as a window of the dialog's it would count as active together with it.
+RecentLinesAbove::RecentLinesAbove(QWidget& dialog)
+    : dialog_(dialog),
+      window_(nullptr, Qt::ToolTip | Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus),
+      lines_(&window_) {
     window_.setObjectName("recentWindow");
     window_.setAttribute(Qt::WA_ShowWithoutActivating);
     auto* const frame = new QVBoxLayout(&window_);
@@ -91,17 +91,25 @@ void RecentLinesAbove::Show(std::span<const std::string> history) {
     dialog_.setAccessibleDescription(lines_.text());
 }
 
-void RecentLinesAbove::Place() {
+// Whether there is room for the lines.
+bool RecentLinesAbove::Place() {
     const auto room = dialog_.screen()->availableGeometry();
-    const auto under = dialog_.geometry();
-    const int width = std::clamp(window_.fontMetrics().averageCharWidth() * 60, under.width(), room.width());
-    const int height = window_.heightForWidth(width);
     const int bar = dialog_.style()->pixelMetric(QStyle::PM_TitleBarHeight);
-    int top = under.top() - bar - height;
-    if (top < room.top())
-        top = std::min(under.bottom() + bar / 2, room.bottom() - height);
-    window_.setGeometry(std::clamp(under.center().x() - width / 2, room.left(), room.right() - width), top, width,
-                        height);
+    const auto taken = dialog_.geometry().adjusted(-bar / 4, -bar, bar / 4, bar / 4);  // with its frame
+    const int width = std::min(window_.fontMetrics().averageCharWidth() * 60, room.width());
+    const int left = std::clamp(taken.center().x() - width / 2, room.left(), room.right() - width + 1);
+    const int height = window_.heightForWidth(width);
+    const int beside = window_.fontMetrics().averageCharWidth() * 30;
+    const int tall = window_.heightForWidth(beside);
+    for (const QRect place :
+         {QRect(left, taken.top() - height, width, height), QRect(left, taken.bottom(), width, height),
+          QRect(taken.left() - beside, taken.top(), beside, tall), QRect(taken.right(), taken.top(), beside, tall)}) {
+        if (!room.contains(place))
+            continue;
+        window_.setGeometry(place);
+        return true;
+    }
+    return false;
 }
 
 bool RecentLinesAbove::eventFilter(QObject* /*watched*/, QEvent* event) {
@@ -109,10 +117,7 @@ bool RecentLinesAbove::eventFilter(QObject* /*watched*/, QEvent* event) {
         case QEvent::Show:
         case QEvent::WindowActivate:
         case QEvent::Move:
-            if (!dialog_.isVisible() || lines_.empty())
-                break;
-            Place();
-            window_.show();
+            window_.setVisible(dialog_.isVisible() && !lines_.empty() && Place());
             break;
         case QEvent::Hide:
         case QEvent::WindowDeactivate:  // it would stand above whatever comes

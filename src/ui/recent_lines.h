@@ -35,7 +35,8 @@ class RecentLines : public QWidget {
 // The same above a message box's own text.
 void AddRecentLines(QMessageBox& box, std::span<const std::string> history);
 
-// The same in a window of its own, right above a dialog whose size is told.
+// The same in a window of its own, beside a dialog whose size is told: above it, or below, or at a side; not at all
+// where it would cover the dialog. It takes no input.
 class RecentLinesAbove : public QObject {
   public:
     explicit RecentLinesAbove(QWidget& dialog);
@@ -47,7 +48,7 @@ class RecentLinesAbove : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    void Place();
+    bool Place();
 
     QWidget& dialog_;
     QWidget window_;

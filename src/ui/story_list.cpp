@@ -39,16 +39,12 @@ int AboveOf(const QStyleOptionViewItem& option, StoryKind kind) {
     return kind == StoryKind::Term ? option.fontMetrics.height() / 2 : kPadding;
 }
 
-bool HasDarkBase(const QPalette& palette) {
-    return palette.color(QPalette::Base).lightness() < 128;
-}
-
 // All of them read at 4.5 to 1 at least on their background.
 QColor ColorOf(const QStyleOptionViewItem& option, StoryKind kind) {
     const auto& palette = option.palette;
     if ((option.state & QStyle::State_Selected) != 0)
         return palette.color(QPalette::HighlightedText);
-    const bool dark = HasDarkBase(palette);
+    const bool dark = IsDark(palette);
     switch (kind) {
         case StoryKind::Gain:
             return dark ? QColor(0x8F, 0xD1, 0x8F) : QColor(0x1E, 0x6B, 0x2E);
@@ -94,6 +90,12 @@ void PaintMark(QPainter& painter, const QRectF& box, StoryKind kind, const QVari
                                        painter.device()->devicePixelRatioF());
         painter.drawPixmap(box.topLeft(), picture);
     }
+}
+
+// What stands already isn't painted again.
+void SetData(QListWidgetItem& line, int role, const QVariant& value) {
+    if (line.data(role) != value)
+        line.setData(role, value);
 }
 
 }  // namespace
@@ -149,26 +151,26 @@ void StoryList::updateGeometries() {
 }
 
 void StoryList::Tell(const CharacterRecord& character, const RaceRecord& race) {
-    const int before = count();
-    SetLines(character.History.lines());
+    const auto lines = character.History.lines();
+    int kept = 0;  // lines that stood before
+    while (kept < count() && kept < static_cast<int>(lines.size()) &&
+           item(kept)->text() == ToQt(lines[static_cast<std::size_t>(kept)]))
+        ++kept;
+    const bool changed = kept < count() || kept < static_cast<int>(lines.size());
+    SetLines(lines);
     const auto story = StoryOf(character, race);
-    const bool grew = count() > before;
     for (int row = 0; row < count(); ++row) {
-        const auto& told = story.at(static_cast<std::size_t>(row));
-        auto* const line = item(row);
-        if (line->data(StoryDelegate::kKindRole) != static_cast<int>(told.kind))
-            line->setData(StoryDelegate::kKindRole, static_cast<int>(told.kind));
-        const auto mark = told.mark ? QVariant(static_cast<int>(*told.mark)) : QVariant();
-        if (line->data(StoryDelegate::kMarkRole) != mark)
-            line->setData(StoryDelegate::kMarkRole, mark);
-        if (line->data(StoryDelegate::kHeadingRole).toString() != ToQt(told.heading)) {
-            line->setData(StoryDelegate::kHeadingRole, ToQt(told.heading));
-            line->setData(Qt::AccessibleTextRole, told.heading.empty() ? line->text() : ToQt(told.heading));
-        }
-        const bool is_new = grew && before > 0 && row >= before;
-        if ((grew || count() < before) && line->data(StoryDelegate::kNewRole).toBool() != is_new)
-            line->setData(StoryDelegate::kNewRole, is_new);
+        ShowAs(*item(row), story.at(static_cast<std::size_t>(row)));
+        if (changed)
+            SetData(*item(row), StoryDelegate::kNewRole, kept > 0 && row >= kept);
     }
+}
+
+void StoryList::ShowAs(QListWidgetItem& line, const StoryLine& told) {
+    SetData(line, StoryDelegate::kKindRole, static_cast<int>(told.kind));
+    SetData(line, StoryDelegate::kMarkRole, told.mark ? QVariant(static_cast<int>(*told.mark)) : QVariant());
+    SetData(line, StoryDelegate::kHeadingRole, ToQt(told.heading));
+    SetData(line, Qt::AccessibleTextRole, told.heading.empty() ? QVariant() : QVariant(ToQt(told.heading)));
 }
 
 }  // namespace korvane::ui

@@ -21,6 +21,9 @@ class StoryList : public CopyList {
   protected:
     // The newest line stands at the lower end, where the dialogs leave it in sight, also of a short history.
     void updateGeometries() override;
+
+  private:
+    static void ShowAs(QListWidgetItem& line, const StoryLine& told);
 };
 
 class StoryDelegate : public QStyledItemDelegate {

@@ -16,7 +16,10 @@ TEST_F(Story, KnowsItsLinesAndHeadsItsTerms) {
     const std::vector<std::pair<std::string, StoryKind>> lines = {
         {"-- Term 1 --", StoryKind::Term},
         {"Enlist Merchant Marine Tramp", StoryKind::Note},
-        {"Vacc Suit-0", StoryKind::Note},
+        {"Vacc Suit-0", StoryKind::Gain},
+        {"You lie low.", StoryKind::Prose},
+        {"Scout Ship", StoryKind::Gain},
+        {"Riot! Injured", StoryKind::Loss},
         {"------ Term 2 ------", StoryKind::Term},
         {"Engineer (M-Drive)-1", StoryKind::Gain},
         {"Edu +1", StoryKind::Gain},
@@ -32,6 +35,7 @@ TEST_F(Story, KnowsItsLinesAndHeadsItsTerms) {
         {"You escape!", StoryKind::Prison},
         {"You escape", StoryKind::Note},  // from hostile ships
         {"------ Term 3 ------", StoryKind::Term}};
+    character().Benefits.Add("Scout Ship");
     for (const auto& line : lines)
         AddHistory(session, line.first);
     const auto story = StoryOf(character(), session.race);
@@ -39,8 +43,8 @@ TEST_F(Story, KnowsItsLinesAndHeadsItsTerms) {
     for (std::size_t i = 0; i < lines.size(); ++i)
         EXPECT_EQ(story[i].kind, lines[i].second) << lines[i].first;
     EXPECT_EQ(story[0].heading, "Term 1, age 18");
-    EXPECT_EQ(story[3].heading, "Term 2, age 22, Merchant Marine");
-    EXPECT_EQ(story[17].heading, "Term 3, age 26, Prisoner");
+    EXPECT_EQ(story[6].heading, "Term 2, age 22, Merchant Marine");
+    EXPECT_EQ(story[20].heading, "Term 3, age 26, Prisoner");
 }
 
 }  // namespace

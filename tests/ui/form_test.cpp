@@ -2,11 +2,14 @@
 
 #include <QApplication>
 #include <QGridLayout>
+#include <QImage>
 #include <QLabel>
 #include <QListWidget>
 #include <QScrollBar>
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <map>
+#include <vector>
 
 #include "support_ui/desk.h"
 #include "ui/elided_label.h"
@@ -86,27 +89,51 @@ TEST(Form, WhatHasNoRoomIsToldByAToolTip) {
     EXPECT_TRUE(combo.toolTip().isEmpty());
 }
 
-TEST(Form, TextsThatStandBackReadWellInBothPalettes) {
+// How well the text of a widget stands out, as it is painted: what is there most is its ground.
+double PaintedContrast(QWidget& widget) {
+    constexpr int kFrame = 4;
+    const auto picture = widget.grab(widget.rect().adjusted(kFrame, kFrame, -kFrame, -kFrame)).toImage();
+    std::map<QRgb, int> counts;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            ++counts[picture.pixel(x, y)];
+    const auto ground = std::ranges::max_element(counts, {}, &std::pair<const QRgb, int>::second)->first;
+    double best = 1;
+    for (const auto& [color, count] : counts)
+        best = std::max(best, ui::Contrast(QColor(color), QColor(ground)));
+    return best;
+}
+
+TEST(Form, DisabledTextsThatAreToBeReadReadWellInBothPalettes) {
     const QPalette light(QColor(239, 239, 239));
     QPalette dark(QColor(66, 66, 66), QColor(50, 50, 50));
     dark.setColor(QPalette::Base, QColor(35, 35, 35));
     constexpr double kEnough = 4.5;
+    const std::vector<std::string_view> rows(6, "Admin");
+    const auto own = QApplication::palette();
     for (const auto& palette : {light, dark}) {
-        const auto own = QApplication::palette();
         QApplication::setPalette(palette);
         ui::KVNTables tables(nullptr);
         TableQuestion question;
-        question.columns[3] = {"Advanced Edu 8+", {}, false};
+        question.columns[3] = {"Advanced Edu 8+", rows, false};
         tables.SetQuestion(question);
-        for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button})
-            EXPECT_GE(ui::Contrast(ui::Dimmed(palette, role), palette.color(role)), kEnough);
-        const auto& rows = test::Child<QWidget>(tables, "rows3").palette();
-        EXPECT_GE(ui::Contrast(rows.color(QPalette::Disabled, QPalette::Text), rows.color(QPalette::Base)), kEnough);
-        const auto& button = test::Child<QWidget>(tables, "table3").palette();
-        EXPECT_GE(ui::Contrast(button.color(QPalette::Disabled, QPalette::ButtonText), button.color(QPalette::Button)),
-                  kEnough);
-        QApplication::setPalette(own);
+        tables.resize(900, 500);
+        ui::KVNMuster muster(nullptr);
+        muster.SetQuestion({"Army", 0, 0, false, false, false, false, {}, {}});
+        muster.resize(900, 400);
+        ui::KVNTransfer transfer(nullptr);
+        transfer.SetQuestion({Names{"Army"}, {}});
+        transfer.resize(600, 300);
+        for (auto* const window : std::initializer_list<QWidget*>{&tables, &muster, &transfer})
+            window->grab();  // lays it out
+        for (auto* const shown :
+             {&test::Child<QWidget>(tables, "rows3"), &test::Child<QWidget>(tables, "table3"),
+              &test::Child<QWidget>(muster, "threeCash"), &test::Child<QWidget>(muster, "gambler"),
+              &test::Child<QWidget>(transfer, "career"), &test::Child<QWidget>(transfer, "assignment")})
+            EXPECT_GE(PaintedContrast(*shown), kEnough)
+                << shown->objectName().toStdString() << " on " << palette.color(QPalette::Window).name().toStdString();
     }
+    QApplication::setPalette(own);
     EXPECT_NEAR(ui::Contrast(Qt::black, Qt::white), 21, 0.01);
 }
 

@@ -64,7 +64,8 @@ void Visit(Node& node, const std::function<void(Node&)>& seen) {
         return;
     seen(node);
     for (int i = 0; i < node.childCount(); ++i)
-        if (auto* const child = node.child(i); child != nullptr && child->role() != QAccessible::ListItem)
+        if (auto* const child = node.child(i);
+            child != nullptr && child->role() != QAccessible::ListItem && child->role() != QAccessible::Cell)
             Visit(*child, seen);
 }
 
@@ -122,13 +123,28 @@ class Listener : public test::Robot {
         const auto told = node.text(QAccessible::Description);
         if (role == "dialog" && !told.isEmpty())
             heard << "  " + QString(told).replace('\n', " | ");
-        if (role != "list")
-            return;
-        constexpr int kEnough = 8;
-        for (int i = 0; i < std::min(node.childCount(), kEnough); ++i)
-            heard << "    " + NameOf(*node.child(i));
-        if (node.childCount() > kEnough)
-            heard << QString("    and %1 more").arg(node.childCount() - kEnough);
+        if (role == "list")
+            HearLines(node);
+        if (role == "table")
+            HearRows(*node.tableInterface());
+    }
+    // The first and the last.
+    void HearLines(Node& list) {
+        constexpr int kEnough = 4;
+        const int count = list.childCount();
+        for (int i = 0; i < count; ++i)
+            if (i < kEnough || i >= count - kEnough)
+                heard << "    " + NameOf(*list.child(i));
+            else if (i == kEnough)
+                heard << "    ...";
+    }
+    void HearRows(QAccessibleTableInterface& table) {
+        for (int row = 0; row < table.rowCount(); ++row) {
+            QStringList cells;
+            for (int column = 0; column < table.columnCount(); ++column)
+                cells << table.cellAt(row, column)->text(QAccessible::Name);
+            heard << "    " + cells.join(" | ");
+        }
     }
     // Where items are to be marked: the first ones, as many as the dialog says.
     static void MarkItems(QWidget& dialog) {
@@ -175,7 +191,8 @@ TEST(SpokenLife, IsLivedByRoleAndNameAlone) {
     QAccessible::setActive(true);
     test::Desk desk{HeldPath(KORVANE_RULES)};
     desk.window.life().UseSeed(Seed(kSeed));
-    desk.Click("roll");
+    Listener::Press(desk.window, "Roll");
+    QTest::qWait(200);
     Exporter exporter(desk.session, desk.window, desk.window.player(), desk.guard);
     desk.window.characterFinished = [&] { return exporter.Show(desk.window.life().tape()); };
     Listener listener;
