@@ -247,7 +247,7 @@ int Run(const QString& folder, const QString& rules) {
     });
     window.display().ControlsLocked(true);
     window.Refresh();
-    camera.Take(window, "main-running");
+    camera.Take(window, "main-locked");
     camera.TakeDialog("about", [&] {
         ui::KVNAbout about(window.windowTitle(), &window);
         guard.Run(about);

@@ -69,7 +69,8 @@ void KVNGen::SetUpSelection() {
 
 void KVNGen::SetUpStatistics() {
     // It is locked while a career runs, and most wanted then.
-    ui::KeepReadable(characteristics_);
+    for (QWidget* const shown : std::initializer_list<QWidget*>{&selectCareer_, &statistics_, &characteristics_})
+        ui::KeepReadable(*shown);
     auto* const columns = new QHBoxLayout(&statistics_);
     columns->addWidget(&characteristics_, 1);
     auto* const rolling = new QVBoxLayout;

@@ -19,8 +19,9 @@ class NumberedRows : public QStyledItemDelegate {
     using QStyledItemDelegate::QStyledItemDelegate;
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const auto row = index.data().toString();
         const auto room = QRect(0, 0, RowWidth(option) - RoomOf(option) - 2 * Margin(), 1000);
-        const auto text = option.fontMetrics.boundingRect(room, kWrap, index.data().toString());
+        const auto text = option.fontMetrics.boundingRect(room, WrapIn(room.width(), option.fontMetrics, row), row);
         return {RowWidth(option), std::max(text.height(), option.fontMetrics.height()) + 2 * Margin()};
     }
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
@@ -36,7 +37,9 @@ class NumberedRows : public QStyledItemDelegate {
         painter->drawText(text, Qt::AlignLeft | Qt::AlignTop, QString::number(index.row() + 1));
         if (!marked)
             painter->setPen(option.palette.color(group, QPalette::Text));
-        painter->drawText(text.adjusted(RoomOf(option), 0, 0, 0), kWrap, index.data().toString());
+        const auto row = index.data().toString();
+        const auto beside = text.adjusted(RoomOf(option), 0, 0, 0);
+        painter->drawText(beside, WrapIn(beside.width(), option.fontMetrics, row), row);
     }
 
   private:

@@ -26,7 +26,7 @@ class DescribedItems : public QStyledItemDelegate {
         const int width = RowWidth(option);
         const auto room = QRect(0, 0, std::max(width - 2 * kMargin, 100), 1000);
         const auto told = index.data(kDescription).toString();
-        const int more = told.isEmpty() ? 0 : option.fontMetrics.boundingRect(room, kWrap, told).height();
+        const int more = told.isEmpty() ? 0 : option.fontMetrics.boundingRect(room, Qt::TextWordWrap, told).height();
         return {width, option.fontMetrics.height() + more + 2 * kMargin};
     }
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
@@ -38,7 +38,7 @@ class DescribedItems : public QStyledItemDelegate {
         painter->drawText(text, Qt::AlignLeft | Qt::AlignTop, index.data().toString());
         if (!marked)
             painter->setPen(Dimmed(palette, QPalette::Base));
-        painter->drawText(text.adjusted(0, option.fontMetrics.height(), 0, 0), kWrap,
+        painter->drawText(text.adjusted(0, option.fontMetrics.height(), 0, 0), Qt::TextWordWrap,
                           index.data(kDescription).toString());
     }
 

@@ -41,6 +41,13 @@ QImage DrawingOf(const std::string& svg, QSize size, double pixelRatio) {
     return drawing;
 }
 
+int WrapIn(int width, const QFontMetrics& metrics, const QString& text) {
+    const auto words = text.split(QLatin1Char(' '));
+    const bool fits =
+        std::ranges::all_of(words, [&](const QString& word) { return metrics.horizontalAdvance(word) <= width; });
+    return fits ? Qt::TextWordWrap : Qt::TextWrapAnywhere;
+}
+
 int RowWidth(const QStyleOptionViewItem& option) {
     const auto* const view = qobject_cast<const QAbstractItemView*>(option.widget);
     return view == nullptr ? option.rect.width() : view->viewport()->width();

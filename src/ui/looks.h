@@ -2,8 +2,10 @@
 #pragma once
 
 #include <QColor>
+#include <QFontMetrics>
 #include <QImage>
 #include <QPalette>
+#include <QString>
 #include <QStyleOptionViewItem>
 #include <QWidget>
 #include <functional>
@@ -26,8 +28,8 @@ bool IsDark(const QPalette& palette);
 // A drawing in SVG as a picture of this size, in the widgets' pixels; empty where the toolkit can't draw it.
 QImage DrawingOf(const std::string& svg, QSize size, double pixelRatio);
 
-// How the rows of lists wrap: between words, or in the middle of one that has no room.
-inline constexpr int kWrap = Qt::TextWordWrap | Qt::TextWrapAnywhere;
+// How a text wraps in a row of a list: between words, or anywhere where one of them has no room.
+int WrapIn(int width, const QFontMetrics& metrics, const QString& text);
 // How wide the rows of a list are that its delegate paints.
 int RowWidth(const QStyleOptionViewItem& option);
 

@@ -105,7 +105,8 @@ QSize StoryDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIn
     const int width = RowWidth(option);
     const int room = width - IndentOf(option, kind) - option.fontMetrics.averageCharWidth();
     const QFontMetrics metrics(FontOf(option, kind));
-    const auto text = metrics.boundingRect(0, 0, std::max(room, 40), 10000, kWrap, TextOf(index));
+    const auto text =
+        metrics.boundingRect(0, 0, std::max(room, 40), 10000, WrapIn(room, metrics, TextOf(index)), TextOf(index));
     return {width, text.height() + AboveOf(option, kind) + kPadding};
 }
 
@@ -123,7 +124,7 @@ void StoryDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     const int indent = IndentOf(option, kind);
     const auto text =
         option.rect.adjusted(indent, AboveOf(option, kind), -option.fontMetrics.averageCharWidth() / 2, 0);
-    painter->drawText(text, kWrap, TextOf(index));
+    painter->drawText(text, WrapIn(text.width(), QFontMetrics(font), TextOf(index)), TextOf(index));
     const bool has_sign = kind == StoryKind::Gain || kind == StoryKind::Loss;
     const int size = has_sign ? option.fontMetrics.ascent() * 2 / 3 : option.fontMetrics.ascent();
     const int line = option.fontMetrics.height();
