@@ -148,7 +148,7 @@ QWidget* KVNGen::Panes() {
     for (int i = 0; i < splitter_.count(); ++i)
         splitter_.widget(i)->raise();
     // In characters. The history takes most of what a wide screen has to give.
-    constexpr std::array kWidths = {28, 80, 40};
+    constexpr std::array kWidths = {28, 70, 50};
     constexpr std::array kStretch = {1, 4, 2};
     QList<int> sizes;
     for (int i = 0; i < splitter_.count(); ++i) {

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QScreen>
+#include <QStyle>
 #include <algorithm>
 
 namespace korvane::ui {
@@ -12,19 +13,21 @@ int FromTwips(const QWidget& widget, int twips) {
 }
 
 void CenterOnScreen(QWidget& window) {
-    // Without its frame, whose size isn't known before the window has been shown.
+    // Without its frame, whose size isn't known before the window has been shown; to move a window is to move its frame.
     auto inside = QRect({}, window.size());
     inside.moveCenter(window.screen()->availableGeometry().center());
-    window.move(inside.topLeft());
+    window.setGeometry(inside);
 }
 
 void PlaceOverUpperPart(QWidget& dialog, const QWidget& window) {
-    const auto room = window.screen()->availableGeometry();
-    const auto size = dialog.size();
-    const int left = window.geometry().center().x() - size.width() / 2;
-    const int top = window.geometry().top();
-    dialog.move(std::clamp(left, room.left(), std::max(room.left(), room.right() - size.width())),
-                std::clamp(top, room.top(), std::max(room.top(), room.bottom() - size.height())));
+    const auto screen = window.screen()->availableGeometry();
+    const auto room = screen.adjusted(0, dialog.style()->pixelMetric(QStyle::PM_TitleBarHeight), 0, 0);
+    auto place = QRect({}, dialog.size());
+    place.moveCenter({window.geometry().center().x(), 0});
+    place.moveTop(window.geometry().top());
+    place.moveLeft(std::clamp(place.left(), room.left(), std::max(room.left(), room.right() - place.width())));
+    place.moveTop(std::clamp(place.top(), room.top(), std::max(room.top(), room.bottom() - place.height())));
+    dialog.setGeometry(place);
 }
 
 NeededDialog::NeededDialog(QWidget* parent) : QDialog(parent) {

@@ -141,6 +141,9 @@ void StoryDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 
 StoryList::StoryList(const QString& objectName, const QString& accessibleName) : CopyList(objectName, accessibleName) {
     setItemDelegate(new StoryDelegate(this));
+    // Also where a short history leaves room above it.
+    setBackgroundRole(QPalette::Base);
+    setAutoFillBackground(true);
 }
 
 void StoryList::updateGeometries() {
