@@ -15,7 +15,6 @@
 #include <algorithm>
 #include <array>
 #include <iostream>
-#include <ranges>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -144,8 +143,9 @@ CharacterRecord LiveInWindow(Session& session, KVNGen& window) {
 void TakeChoices(Player& player, const Camera& camera) {
     const std::array<std::string_view, 3> careers = {"Enlist Immediately", "University", "Military Academy"};
     camera.TakeDialog("choice", [&] { player.Choose({"Select Pre-Career Education", careers}); });
-    const auto names = std::views::iota(1, 25) | std::views::transform([](int i) { return Concat("Skill ", i, "-1"); });
-    const std::vector<std::string> many(names.begin(), names.end());
+    std::vector<std::string> many;
+    for (int i = 1; i <= 24; ++i)
+        many.push_back(Concat("Skill ", i, "-1"));
     const std::vector<std::string_view> all(many.begin(), many.end());
     camera.TakeDialog("choice-of-24", [&] { player.Choose({"Select any Skill at level 1", all}); });
     const std::array<std::string_view, 8> skills = {"Admin-0",       "Athletics-0", "Carouse-0", "Drive-0",

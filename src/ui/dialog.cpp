@@ -13,7 +13,8 @@ int FromTwips(const QWidget& widget, int twips) {
 }
 
 void CenterOnScreen(QWidget& window) {
-    // Without its frame, whose size isn't known before the window has been shown; to move a window is to move its frame.
+    // Without its frame, whose size isn't known before the window has been shown; to move a window is to move its
+    // frame.
     auto inside = QRect({}, window.size());
     inside.moveCenter(window.screen()->availableGeometry().center());
     window.setGeometry(inside);

@@ -101,15 +101,14 @@ bool RecentLinesAbove::Place() {
     const int height = window_.heightForWidth(width);
     const int beside = window_.fontMetrics().averageCharWidth() * 30;
     const int tall = window_.heightForWidth(beside);
-    for (const QRect place :
-         {QRect(left, taken.top() - height, width, height), QRect(left, taken.bottom(), width, height),
-          QRect(taken.left() - beside, taken.top(), beside, tall), QRect(taken.right(), taken.top(), beside, tall)}) {
-        if (!room.contains(place))
-            continue;
-        window_.setGeometry(place);
-        return true;
-    }
-    return false;
+    const std::array places = {
+        QRect(left, taken.top() - height, width, height), QRect(left, taken.bottom(), width, height),
+        QRect(taken.left() - beside, taken.top(), beside, tall), QRect(taken.right(), taken.top(), beside, tall)};
+    const auto* const place = std::ranges::find_if(places, [&](const QRect& each) { return room.contains(each); });
+    if (place == places.end())
+        return false;
+    window_.setGeometry(*place);
+    return true;
 }
 
 bool RecentLinesAbove::eventFilter(QObject* /*watched*/, QEvent* event) {

@@ -117,10 +117,10 @@ bool Journal::IsDamaged() const {
 
 Divergence DivergenceAt(const std::string& name, std::size_t place, std::string_view held, std::string_view asked) {
     constexpr std::size_t kMostHeld = 80;
-    constexpr std::size_t kMostAsked = 300;
+    constexpr std::size_t kMostOfAsked = 300;
     const int line = JournalLine(place);
     return {line, Concat(Printable(name, 300), ":", line, ": the journal holds ", Printable(held, kMostHeld),
-                         ", the engine asked ", Printable(asked, kMostAsked))};
+                         ", the engine asked ", Printable(asked, kMostOfAsked))};
 }
 
 void RefuseLine(const std::string& name, std::size_t place, const Line& held, const std::string& asked) {
