@@ -84,6 +84,7 @@ def begin_a_life(session: Session) -> None:
     session.keys("Return")
     expect(meet(session, "choice", "Enlist Immediately").buttons() == choice.buttons(), "No returns to the choice")
     session.keys("1")
+    live_until(session, "Personal", 0)  # who is rejected is drafted first
     tables = meet(session, "tables", "Personal")
     expect(bool(tables.find(LIST, "Currently Held").lines()), "basic training gave skills")
     session.keys("Escape")
