@@ -113,12 +113,18 @@ void KVNMuster::ShowState(std::string_view career, int rolls, int bonuses, std::
 
 void KVNMuster::SetTable(const std::vector<BenefitRow>& rows, const QString& modifiers) {
     modifiers_.setText(modifiers);
-    table_.clear();
+    while (table_.topLevelItemCount() < static_cast<int>(rows.size()))
+        table_.addTopLevelItem(new QTreeWidgetItem);
+    int number = 0;
     for (const auto& row : rows) {
-        const auto number = QString::number(table_.topLevelItemCount() + 1);
-        auto* const item = new QTreeWidgetItem(&table_, {number, row.cash, row.benefit});
-        item->setToolTip(2, row.benefit.toHtmlEscaped());
+        auto& item = *table_.topLevelItem(number++);
+        item.setText(0, QString::number(number));
+        item.setText(1, row.cash);
+        item.setText(2, row.benefit);
+        item.setToolTip(2, row.benefit.toHtmlEscaped());
     }
+    // At once: a screen reader may ask for the rows before they are painted.
+    table_.doItemsLayout();
 }
 
 void KVNMuster::SetForfeit(const QString& forfeit) {
