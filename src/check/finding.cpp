@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <numeric>
 #include <stdexcept>
 #include <utility>
 
@@ -83,20 +82,6 @@ constexpr std::array<Kind, 32> kKinds = {{
     {"unreadable", kError, "The file can't be read as what it is."},
 }};
 
-std::size_t Distance(std::string_view a, std::string_view b) {
-    std::vector<std::size_t> row(b.size() + 1);
-    std::iota(row.begin(), row.end(), 0U);
-    for (std::size_t i = 1; i <= a.size(); ++i) {
-        auto before = std::exchange(row[0], i);
-        for (std::size_t j = 1; j <= b.size(); ++j) {
-            const auto replaced = before + (a[i - 1] == b[j - 1] ? 0U : 1U);
-            before = row[j];
-            row[j] = std::min({replaced, row[j] + 1, row[j - 1] + 1});
-        }
-    }
-    return row.back();
-}
-
 }  // namespace
 
 std::span<const Kind> Kinds() {
@@ -124,27 +109,6 @@ void Report::Add(std::string_view kind, int line, std::size_t column, const std:
 std::size_t Piece::ColumnOf(std::string_view part) const {
     const auto before = static_cast<std::size_t>(part.data() - whole.data());
     return CharacterCount(whole.substr(0, before)) + 1;
-}
-
-std::string_view Nearest(std::string_view wrong, std::span<const std::string_view> known) {
-    constexpr std::size_t kLongestName = 64;
-    constexpr std::size_t kMostNames = 1000;
-    if (wrong.size() > kLongestName || known.size() > kMostNames)
-        return {};
-    const auto upper = Upper(wrong);
-    std::size_t least = std::max<std::size_t>(1, wrong.size() / 3) + 1;
-    std::string_view nearest;
-    for (const auto name : known)
-        if (const auto distance = Distance(upper, Upper(name)); distance < least) {
-            least = distance;
-            nearest = name;
-        }
-    return nearest;
-}
-
-std::string DidYouMean(std::string_view wrong, std::span<const std::string_view> known) {
-    const auto nearest = Nearest(wrong, known);
-    return nearest.empty() ? std::string() : Concat("; did you mean \"", nearest, "\"?");
 }
 
 }  // namespace korvane::check

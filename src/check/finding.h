@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/nearest.h"
+
 namespace korvane::check {
 
 enum class Severity { Error, Warning };
@@ -59,10 +61,5 @@ struct Piece {
 inline void Add(Report& report, std::string_view kind, const Piece& piece, const std::string& message) {
     report.Add(kind, piece.line, piece.ColumnOf(piece.text), message, piece.whole);
 }
-
-// The known name that a wrong one is likely to mean: the nearest, if it is near; empty for none.
-std::string_view Nearest(std::string_view wrong, std::span<const std::string_view> known);
-// "; did you mean X?", or nothing.
-std::string DidYouMean(std::string_view wrong, std::span<const std::string_view> known);
 
 }  // namespace korvane::check

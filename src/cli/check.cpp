@@ -2,6 +2,7 @@
 #include <cctype>
 
 #include "base/error.h"
+#include "base/nearest.h"
 #include "base/text.h"
 #include "check/folder.h"
 #include "cli/commands.h"
@@ -143,7 +144,7 @@ int Explain(const std::string& code, Streams& streams) {
         known.push_back(kind.code);
     const auto* const kind = check::KindNamed(code);
     if (kind == nullptr)
-        throw UsageError(Concat("there is no kind of mistake ", code, check::DidYouMean(code, known)));
+        throw UsageError(Concat("there is no kind of mistake ", code, DidYouMean(code, known)));
     WrappedOut out(streams.out, streams.width);
     out.Write(Concat(kind->code, " (", NameOf(kind->severity), "): ", kind->explanation, "\n"));
     return kSuccess;

@@ -3,6 +3,7 @@
 #include <array>
 #include <charconv>
 #include <sstream>
+#include <thread>
 #include <unistd.h>
 
 #include "base/encoding.h"
@@ -65,6 +66,9 @@ void Assign(std::uint64_t& to, std::uint64_t number) {
 }
 void Assign(int& to, std::uint64_t number) {
     to = static_cast<int>(number);
+}
+void Assign(unsigned& to, std::uint64_t number) {
+    to = static_cast<unsigned>(number);
 }
 
 // A message whose lines show as they are and have an end.
@@ -140,6 +144,13 @@ void AddGenerate(CLI::App& app, GenerateCommand& command, RawOptions& raw) {
     AddNumber(app, "--terms", plan.terms, 1, 100,
               "Terms of service before mustering out (not the random player; default: 4)");
     AddNumber(app, "--count", command.count, 1, kMostLives, "Number of characters (default: 1)");
+    AddNumber(app, "--first", command.first, 1, kMostLives,
+              "The number of the first character, so that several runs share a seed (default: 1)");
+    app.add_option("--want", command.wants,
+                   "Only characters that fit, as \"Pilot >= 2 and age < 40 and not was = Prisoner\"; may be repeated")
+        ->allow_extra_args(false);
+    AddNumber(app, "--tries", command.tries, 1, kMostLives, "Lives at most, with --want (default: 10000000)");
+    AddNumber(app, "--jobs", command.jobs, 1, 1024, "Threads (default: as many as there are processors)");
     AddSeed(app, plan.seed,
             "A number or a word that repeats a run exactly: character i depends on the seed and i alone");
     app.add_option("--player", raw.player,
@@ -238,6 +249,8 @@ void Check(GenerateCommand& command, const RawOptions& raw) {
     command.format = FormatNamed(raw.format);
     CheckPages(command.format, command.page, command.outFolder);
     command.progress = isatty(STDERR_FILENO) != 0;
+    if (command.jobs == 0)
+        command.jobs = std::max(1U, std::thread::hardware_concurrency());
 }
 
 void Check(ReplayCommand& command, const RawOptions& raw) {

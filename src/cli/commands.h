@@ -1,7 +1,9 @@
 // The commands of the command line. Each gives the exit status.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
+#include <functional>
 #include <istream>
 #include <optional>
 #include <ostream>
@@ -16,12 +18,15 @@ namespace korvane::cli {
 inline constexpr int kSuccess = 0;
 inline constexpr int kFailure = 1;
 inline constexpr int kDivergence = 2;
+inline constexpr int kInterrupted = 130;  // by Ctrl+C
 
 struct Streams {
     std::istream& in;
     std::ostream& out;
     std::ostream& err;
     int width = 0;  // of the terminal that the output goes to, in characters; 0 for none
+    // From now on Ctrl+C ends nothing, but sets what this gives. Empty: nobody listens.
+    std::function<const std::atomic<bool>&()> listen = {};
 };
 
 enum class Format { Text, Json, Html, Sarif, None };
@@ -40,12 +45,16 @@ struct GenerateCommand {
     std::uint64_t count = 1;
     Format format = Format::Text;
     NameOrder name;
-    PageOrder page;             // how a page is made
-    std::string outFolder;      // empty: standard output; pages need one
-    std::string journalFolder;  // empty: no journals
-    bool progress = false;      // a progress line on the error stream
+    PageOrder page;                    // how a page is made
+    std::string outFolder;             // empty: standard output; pages need one
+    std::string journalFolder;         // empty: no journals
+    bool progress = false;             // a progress line on the error stream
+    std::uint64_t first = 1;           // the number of the first character
+    std::vector<std::string> wants;    // expressions that all must hold; none: any character will do
+    std::uint64_t tries = 10'000'000;  // lives at most, where something is wanted
+    unsigned jobs = 0;                 // threads; 0: as many as there are processors
 };
-int Generate(const GenerateCommand& command, Streams& streams);
+int Generate(GenerateCommand command, Streams& streams);
 
 struct PlayCommand {
     std::string data;

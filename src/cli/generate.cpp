@@ -1,24 +1,38 @@
+#include <algorithm>
 #include <exception>
 #include <filesystem>
+#include <memory>
 #include <optional>
+#include <random>
 
 #include "base/error.h"
 #include "base/files.h"
 #include "base/text.h"
 #include "cli/commands.h"
 #include "cli/data_choice.h"
+#include "cli/ordered_jobs.h"
 #include "cli/rendering.h"
 #include "output/journal/lines.h"
+#include "play/vocabulary.h"
+#include "play/wish.h"
 
 namespace korvane::cli {
 
 namespace {
 
 // "0007" in a run of 1000.
-std::string Padded(std::uint64_t number, std::uint64_t count) {
+std::string Padded(std::uint64_t number, std::uint64_t last) {
     auto digits = Concat(number);
-    const auto width = Concat(count).size();
+    const auto width = Concat(last).size();
     return std::string(width - std::min(width, digits.size()), '0') + digits;
+}
+
+// "41,220".
+std::string Grouped(std::uint64_t number) {
+    auto digits = Concat(number);
+    for (auto place = digits.size(); place > 3; place -= 3)
+        digits.insert(place - 3, ",");
+    return digits;
 }
 
 // A progress line that is drawn over itself, about a hundred times in a run.
@@ -33,10 +47,10 @@ class Progress {
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
-    void Done(std::uint64_t number) {
+    void Done(std::uint64_t lives, const std::string& told) {
         const auto step = std::max<std::uint64_t>(count_ / 100, 1);
-        if (shown_ && (number % step == 0 || number == count_))
-            err_ << '\r' << number << " of " << count_ << " characters" << std::flush;
+        if (shown_ && (lives % step == 0 || lives == count_))
+            err_ << '\r' << told << std::flush;
     }
 
   private:
@@ -45,39 +59,156 @@ class Progress {
     bool shown_;
 };
 
-class Generator {
+// What became of a life.
+struct Lived {
+    std::uint64_t number = 0;
+    bool finished = false;
+    bool fits = false;         // it finished, and is what was wished for
+    std::string error;         // of the rules, that ended it
+    std::exception_ptr fault;  // of a file: it ends the run
+    std::string shown;         // the character, as it is to be printed
+    std::string journal;       // where one is wanted
+};
+
+// Lives characters, in a session of its own.
+class Liver {
   public:
-    Generator(const GenerateCommand& command, Streams& streams)
+    explicit Liver(const GenerateCommand& command)
         : command_(command),
-          streams_(streams),
           session_(DataFolder(ChooseDataLocation(command.data), DataFolder::Reading::Once),
                    {nullptr, nullptr, &display_}) {
         if (command.plan.options[Option::SelectSkillPackage] && !session_.data.Packages())
             throw UsageError(Concat("\"", CaptionOf(Option::SelectSkillPackage),
                                     "\" needs packages: the data folder has no ", kSkillPackagesFile));
+        if (command.wants.empty())
+            return;
+        const auto known = play::VocabularyOf(session_);
+        for (const auto& want : command.wants)
+            wishes_.emplace_back(want, known);
+    }
+
+    Lived Live(std::uint64_t number) {
+        const bool keeps = !command_.journalFolder.empty();
+        journal::Tape tape;
+        const auto outcome = play::Live(session_, command_.plan, number, keeps ? &tape : nullptr);
+        Lived lived;
+        lived.number = number;
+        lived.finished = outcome.finished();
+        lived.fits = lived.finished && std::ranges::all_of(wishes_, [this](const auto& w) { return w.Fits(session_); });
+        if (outcome.endedInFileError())
+            lived.fault = outcome.cause;
+        else if (!outcome.end)
+            lived.error = Concat(outcome.kind, " error: ", outcome.error);
+        // A journal is written also for a life that an error ends.
+        if (keeps && (lived.fits || wishes_.empty()))
+            lived.journal = journal::JournalText(tape);
+        if (lived.fits && (command_.format == Format::Text || command_.format == Format::Json))
+            lived.shown = Shown(number);
+        return lived;
+    }
+    std::optional<std::string> NameOf(std::uint64_t number) {
+        return NameFor(session_, command_.name, command_.format,
+                       command_.count == 1 ? std::string("Character") : Concat("Character ", number));
+    }
+    Session& session() { return session_; }
+
+  private:
+    std::string Shown(std::uint64_t number) {
+        auto text =
+            Rendered(session_, command_.format, {NameOf(number), number, Origin{command_.plan.seed, number}, 0});
+        if (command_.format == Format::Text && !wishes_.empty())
+            text.insert(0, Concat("Character ", number, " of seed ", command_.plan.seed->given(), "\n"));
+        return text;
+    }
+
+    const GenerateCommand& command_;
+    Display display_;
+    Session session_;
+    std::vector<play::Wish> wishes_;
+};
+
+class Generator {
+  public:
+    Generator(const GenerateCommand& command, Streams& streams)
+        : command_(command), streams_(streams), here_(std::make_unique<Liver>(command)) {
         if (command.format == Format::Html)
-            pages_.emplace(session_, command.page, command.outFolder, command.count > 1);
+            pages_.emplace(here_->session(), command.page, command.outFolder, command.count > 1);
     }
 
     int Run() {
-        Progress progress(streams_.err, command_.count, command_.progress);
-        try {
-            for (std::uint64_t number = 1; number <= command_.count; ++number) {
-                RunOne(number);
-                progress.Done(number);
+        const bool wishes = !command_.wants.empty();
+        const auto lives = wishes ? command_.tries : command_.count;
+        {
+            Progress progress(streams_.err, lives, command_.progress);
+            try {
+                LiveAll(lives, progress);
+            } catch (const std::exception&) {
+                FinishWhatThereIs();
+                throw;
             }
-        } catch (const std::exception&) {
-            FinishWhatThereIs();
-            throw;
         }
         FinishFiles();
-        if (finished_ < command_.count)
-            streams_.err << "korvane-cli: " << finished_ << " of " << command_.count
+        streams_.out.flush();
+        if (wishes)
+            TellHowRare();
+        else if (shown_ < command_.count && !interrupted_)
+            streams_.err << "korvane-cli: " << shown_ << " of " << command_.count
                          << " characters lived to the end; the others were scrapped or ended in an error\n";
-        return status_;
+        return interrupted_ ? kInterrupted : status_;
     }
 
   private:
+    void LiveAll(std::uint64_t lives, Progress& progress) {
+        const auto* const interrupted = streams_.listen ? &streams_.listen() : nullptr;
+        const auto take = [&, interrupted](Lived&& lived) {
+            Take(std::move(lived));
+            ++lived_;
+            progress.Done(lived_, command_.wants.empty() ? Concat(lived_, " of ", lives, " characters")
+                                                         : Concat(shown_, " found in ", Grouped(lived_), " lives"));
+            interrupted_ = interrupted != nullptr && *interrupted;
+            return !interrupted_ && (command_.wants.empty() || shown_ < command_.count);
+        };
+        // Pages are written by the session that lives them.
+        if (pages_ || command_.jobs == 1 || lives < kPiece) {
+            for (std::uint64_t i = 0; i < lives; ++i)
+                if (!take(here_->Live(command_.first + i)))
+                    return;
+            return;
+        }
+        OrderedJobs<std::vector<Lived>> jobs(command_.jobs, (lives + kPiece - 1) / kPiece);
+        jobs.Run([&] { return WorkerOf(lives); },
+                 [&](std::vector<Lived>&& piece) {
+                     return std::ranges::all_of(piece, [&](Lived& lived) { return take(std::move(lived)); });
+                 });
+    }
+    OrderedJobs<std::vector<Lived>>::Worker WorkerOf(std::uint64_t lives) const {
+        const auto liver = std::make_shared<Liver>(command_);
+        return [this, liver, lives](std::uint64_t piece) {
+            std::vector<Lived> lived;
+            for (auto i = piece * kPiece; i < std::min((piece + 1) * kPiece, lives); ++i)
+                lived.push_back(liver->Live(command_.first + i));
+            return lived;
+        };
+    }
+
+    void Take(Lived&& lived) {
+        if (!lived.journal.empty())
+            ReplaceFile(FileName(command_.journalFolder, lived.number, ".jsonl"), lived.journal, Sync::Later);
+        if (lived.fault)
+            std::rethrow_exception(lived.fault);
+        if (!lived.error.empty()) {
+            streams_.err << "korvane-cli: character " << lived.number << ": " << lived.error << '\n';
+            status_ = kFailure;
+        }
+        if (!lived.fits)
+            return;
+        ++shown_;
+        if (pages_)
+            WritePage(lived.number);
+        else if (!lived.shown.empty())
+            Show(lived);
+    }
+
     // The same after an error, which is the one to be told.
     void FinishWhatThereIs() {
         try {
@@ -94,82 +225,64 @@ class Generator {
             if (!folder.empty())
                 SyncFolder(folder);
     }
-
-    void RunOne(std::uint64_t number) {
-        const auto outcome = LiveJournaled(number);
-        if (outcome.endedInFileError())
-            std::rethrow_exception(outcome.cause);
-        if (!outcome.end) {
-            streams_.err << "korvane-cli: character " << number << ": " << outcome.kind << " error: " << outcome.error
-                         << '\n';
+    void TellHowRare() {
+        streams_.err << shown_ << " found in " << Grouped(lived_) << (lived_ == 1 ? " life" : " lives");
+        if (shown_ > 0)
+            streams_.err << ": about 1 in " << Grouped((lived_ + shown_ / 2) / shown_);
+        streams_.err << '\n';
+        if (shown_ < command_.count)
             status_ = kFailure;
-        } else if (outcome.finished()) {
-            ++finished_;
-            if (command_.format != Format::None)
-                Show(number);
-        }
-    }
-    // A journal is written also for a life that an error ends.
-    play::LifeOutcome LiveJournaled(std::uint64_t number) {
-        if (command_.journalFolder.empty())
-            return play::Live(session_, command_.plan, number);
-        journal::Tape tape;
-        auto outcome = play::Live(session_, command_.plan, number, &tape);
-        ReplaceFile(FileName(command_.journalFolder, number, ".jsonl"), journal::JournalText(tape), Sync::Later);
-        return outcome;
-    }
-    void Show(std::uint64_t number) {
-        if (pages_)
-            WritePage(number);
-        else
-            ShowText(number);
-    }
-
-    std::optional<std::string> NameOf(std::uint64_t number) {
-        return NameFor(session_, command_.name, command_.format,
-                       command_.count == 1 ? std::string("Character") : Concat("Character ", number));
     }
 
     void WritePage(std::uint64_t number) {
         if (command_.count == 1)
-            pages_->Write(*NameOf(number));
+            pages_->Write(*here_->NameOf(number));
         else
-            pages_->WriteListed(*NameOf(number), Stem(number));
+            pages_->WriteListed(*here_->NameOf(number), Stem(number));
     }
 
-    void ShowText(std::uint64_t number) {
-        const auto text =
-            Rendered(session_, command_.format, {NameOf(number), number, Origin{command_.plan.seed, number}, 0});
+    void Show(const Lived& lived) {
         if (!command_.outFolder.empty()) {
-            ReplaceFile(FileName(command_.outFolder, number, command_.format == Format::Json ? ".json" : ".txt"), text,
-                        Sync::Later);
+            const auto* const ending = command_.format == Format::Json ? ".json" : ".txt";
+            ReplaceFile(FileName(command_.outFolder, lived.number, ending), lived.shown, Sync::Later);
             return;
         }
-        if (command_.format == Format::Text && shown_any_)
+        // Runs that go on from each other read as one.
+        if (command_.format == Format::Text && (shown_ > 1 || command_.first > 1))
             streams_.out << '\n';
-        streams_.out << text;
-        shown_any_ = true;
+        streams_.out << lived.shown;
     }
 
     std::filesystem::path FileName(const std::string& folder, std::uint64_t number, std::string_view ending) const {
         return std::filesystem::path(folder) / (Stem(number).append(ending));
     }
     // The file name of one of several characters, without its ending.
-    std::string Stem(std::uint64_t number) const { return "character-" + Padded(number, command_.count); }
+    std::string Stem(std::uint64_t number) const {
+        const auto lives = command_.wants.empty() ? command_.count : command_.tries;
+        return "character-" + Padded(number, command_.first + lives - 1);
+    }
+
+    static constexpr std::uint64_t kPiece = 64;  // lives that a thread takes at a time
 
     const GenerateCommand& command_;
     Streams& streams_;
-    Display display_;
-    Session session_;
+    std::unique_ptr<Liver> here_;
     std::optional<PageWriter> pages_;
-    std::uint64_t finished_ = 0;
+    std::uint64_t lived_ = 0;
+    std::uint64_t shown_ = 0;  // finished, and what was wished for
     int status_ = kSuccess;
-    bool shown_any_ = false;
+    bool interrupted_ = false;
 };
 
 }  // namespace
 
-int Generate(const GenerateCommand& command, Streams& streams) {
+int Generate(GenerateCommand command, Streams& streams) {
+    if (!command.wants.empty() && !command.plan.seed) {
+        // What is found is to be made again.
+        std::random_device chance;
+        command.plan.seed.emplace(std::uint64_t{chance()});
+        streams.err << "the seed is " << command.plan.seed->given() << '\n';
+    }
     return Generator(command, streams).Run();
 }
 

@@ -1,3 +1,5 @@
+#include <atomic>
+#include <csignal>
 #include <iostream>
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -12,11 +14,25 @@ int TerminalWidth() {
     return is_terminal ? size.ws_col : 0;
 }
 
+// A handler of signals can reach nothing else.
+std::atomic<bool> interrupted = false;
+
+// The second time it ends the program at once.
+void Interrupt(int signal) {
+    interrupted = true;
+    std::signal(signal, SIG_DFL);
+}
+
+const std::atomic<bool>& Listen() {
+    std::signal(SIGINT, Interrupt);
+    return interrupted;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     std::ios::sync_with_stdio(false);
-    korvane::cli::Streams streams{std::cin, std::cout, std::cerr, TerminalWidth()};
+    korvane::cli::Streams streams{std::cin, std::cout, std::cerr, TerminalWidth(), Listen};
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     return korvane::cli::RunCommandLine(arguments, streams);
 }

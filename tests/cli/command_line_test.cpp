@@ -10,6 +10,7 @@
 
 #include "cli/run_cli.h"
 #include "cli/terminal_player.h"
+#include "nlohmann/json.hpp"
 #include "support/temp_folder.h"
 
 namespace korvane::cli {
@@ -227,6 +228,33 @@ TEST(CommandLine, PlayTakesScrapHoldsLimitsAndChangesOptions) {
     EXPECT_EQ(player.Choose({"Pick", items}), 4) << "after a No to the leaving";
     EXPECT_THROW(player.Choose({"Pick", items}), PlayerLeft) << "asked for in the question about the scrapping";
     EXPECT_THROW(player.Choose({"Pick", items}), PlayerLeft) << "the input ended at the question";
+}
+
+TEST(CommandLine, ThreadsAndPartsOfARunGiveWhatOneThreadGives) {
+    for (const std::string format : {"json", "text"}) {
+        const auto whole = Generate({"--count", "300", "--jobs", "1", "--format", format}).out;
+        EXPECT_EQ(Generate({"--count", "300", "--jobs", "3", "--format", format}).out, whole);
+        const auto first = Generate({"--count", "150", "--jobs", "2", "--format", format}).out;
+        EXPECT_EQ(first + Generate({"--first", "151", "--count", "150", "--format", format}).out, whole);
+    }
+    const std::vector<std::string> wish = {"--want",  "age < 40", "--want",   "Pilot >= 1",
+                                           "--count", "5",        "--format", "json"};
+    const auto with = [&](std::vector<std::string> more) {
+        more.insert(more.end(), wish.begin(), wish.end());
+        return Generate(more);
+    };
+    const auto found = with({"--jobs", "1"});
+    const auto lines = LinesOf(found.out);
+    ASSERT_EQ(lines.size(), 5U);
+    const auto again = with({"--jobs", "3"});
+    EXPECT_EQ(again.out, found.out);
+    EXPECT_EQ(again.err, found.err);
+    EXPECT_NE(found.err.find("5 found in "), std::string::npos) << found.err;
+    const auto number = nlohmann::json::parse(lines[4])["number"].dump();
+    EXPECT_EQ(Generate({"--first", number, "--format", "json"}).out, lines[4] + "\n") << "made again alone";
+    const auto none = Generate({"--want", "age > 200", "--tries", "100", "--format", "json"});
+    EXPECT_EQ(none.status, kFailure);
+    EXPECT_EQ(none.err, "0 found in 100 lives\n");
 }
 
 }  // namespace
