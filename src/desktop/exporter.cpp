@@ -83,10 +83,16 @@ bool Exporter::Show(const journal::Tape& tape, bool mayGoBack) {
         templates << ToQt(name);
     ui::KVNExport dialog(ToQt(session_.programTitle), templates, ToQt(OpenPointsLine(session_.character)), &window_);
     dialog.MayGoBack(mayGoBack);
+    if (mayGoBack) {
+        name_.clear();
+        exported_ = false;
+    }
+    dialog.SetName(name_);
     dialog.mayClose = [&] {
-        return ui::AskYesNo(guard_, &dialog, ToQt(session_.programTitle),
+        return exported_ ||
+               ui::AskYesNo(guard_, &dialog, ToQt(session_.programTitle),
                             {"The character has not been exported. Close all the same?", {}, Icon::Question, false}) ==
-               QMessageBox::Yes;
+                   QMessageBox::Yes;
     };
     dialog.rollName = [&] { Guard(dialog, [&] { RollName(dialog); }); };
     dialog.exportPage = [&] { Guard(dialog, [&] { Export(dialog, tape); }); };
@@ -99,7 +105,9 @@ bool Exporter::Show(const journal::Tape& tape, bool mayGoBack) {
         dialog.done(QDialog::Rejected);
         guard_.EndProgram(0);
     };
-    return guard_.Run(dialog) == ui::kWentBack;
+    const bool went_back = guard_.Run(dialog) == ui::kWentBack;
+    name_ = dialog.name();
+    return went_back;
 }
 
 void Exporter::RollName(ui::KVNExport& dialog) {
@@ -139,7 +147,8 @@ void Exporter::Export(ui::KVNExport& dialog, const journal::Tape& tape) {
     }
     const auto page = QString::fromStdString(outcome.path);
     const auto others = WriteOthers(dialog, page, tape);
-    dialog.NoteExported();
+    exported_ = true;
+    dialog.ShowPage();  // it replaces itself from now on
     TellExported(dialog, ToQt(outcome.message), others, page);
 }
 

@@ -1,6 +1,7 @@
 // The end of a generation: the finished character goes onto a page.
 #pragma once
 
+#include <QString>
 #include <QStringList>
 #include <QTextDocument>
 #include <QWidget>
@@ -21,7 +22,7 @@ class Exporter {
 
     // Shows the export dialog for the session's character, whose life stands on the tape, until the player closes it.
     // Returns whether the player goes back into the life.
-    // `mayGoBack`: whether that is still possible.
+    // `mayGoBack`: whether that is still possible; else it is the last character's dialog again.
     bool Show(const journal::Tape& tape, bool mayGoBack = true);
 
   private:
@@ -49,6 +50,9 @@ class Exporter {
     Player& player_;
     ClockDice dice_;
     ui::InputGuard& guard_;
+    // Of the last character, whose dialog may be opened again.
+    QString name_;
+    bool exported_ = false;
     bool working_ = false;  // a button's work asks something itself
 };
 

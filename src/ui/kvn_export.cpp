@@ -171,11 +171,6 @@ void KVNExport::ShowPage() {
     page_.verticalScrollBar()->setValue(place);
 }
 
-void KVNExport::NoteExported() {
-    exported_ = true;
-    ShowPage();
-}
-
 void KVNExport::Paste() {
     const auto* const copied = QGuiApplication::clipboard()->mimeData();
     if (copied != nullptr)
@@ -190,7 +185,7 @@ bool KVNExport::eventFilter(QObject* /*watched*/, QEvent* event) {
 }
 
 void KVNExport::reject() {
-    if (exported_ || !mayClose || mayClose())
+    if (!mayClose || mayClose())
         QDialog::reject();
 }
 

@@ -31,9 +31,8 @@ class KVNExport : public QDialog {
     // Says where the page goes.
     std::function<QString()> destination;
 
-    // Asked before the dialog is closed without an export.
+    // Asked before the dialog is closed.
     std::function<bool()> mayClose;
-    void NoteExported();
     void MayGoBack(bool may) { back_.setEnabled(may); }
     // Shows the page and where it goes; also a moment after each change.
     void ShowPage();
@@ -81,7 +80,6 @@ class KVNExport : public QDialog {
     std::unique_ptr<QTextDocument> document_;  // what the page shows
     QTextBrowser page_;
     QTimer later_;
-    bool exported_ = false;
 };
 
 }  // namespace korvane::ui

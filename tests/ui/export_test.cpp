@@ -83,6 +83,11 @@ TEST_F(ExportTest, WritesThePageOfTheSelectedTemplate) {
     });
     Close();
     exporter.Show(desk.window.life().tape());
+    robot.Then("KVNExport", [](QWidget& dialog) {
+        EXPECT_EQ(Child<QLineEdit>(dialog, "name").text(), "Zoe <b>") << "the same character's again";
+        PressKey(dialog, Qt::Key_Escape);
+    });
+    exporter.Show(desk.window.life().tape(), false);
     EXPECT_NE(profile.Read("Korvane/Zoeb.htm").find("\nZoe <b>\n</title>"), std::string::npos)
         << profile.Read("Korvane/Zoeb.htm").substr(0, 300);
     EXPECT_TRUE(profile.Read("Korvane/Zoeb.pdf").starts_with("%PDF"));
