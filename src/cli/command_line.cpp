@@ -21,6 +21,7 @@ struct RawOptions {
     std::vector<std::string> options;
     std::optional<std::string> player;
     std::string format = "text";
+    std::uint64_t tries = 0;  // 0: it wasn't said
 };
 
 constexpr std::uint64_t kMostLives = 1'000'000'000;
@@ -144,12 +145,12 @@ void AddGenerate(CLI::App& app, GenerateCommand& command, RawOptions& raw) {
     AddNumber(app, "--terms", plan.terms, 1, 100,
               "Terms of service before mustering out (not the random player; default: 4)");
     AddNumber(app, "--count", command.count, 1, kMostLives, "Number of characters (default: 1)");
-    AddNumber(app, "--first", command.first, 1, kMostLives,
+    AddNumber(app, "--first", command.first, 1, 2 * kMostLives,
               "The number of the first character, so that several runs share a seed (default: 1)");
     app.add_option("--want", command.wants,
                    "Only characters that fit, as \"Pilot >= 2 and age < 40 and not was = Prisoner\"; may be repeated")
         ->allow_extra_args(false);
-    AddNumber(app, "--tries", command.tries, 1, kMostLives, "Lives at most, with --want (default: 10000000)");
+    AddNumber(app, "--tries", raw.tries, 1, kMostLives, "Lives at most, with --want (default: 10000000)");
     AddNumber(app, "--jobs", command.jobs, 1, 1024, "Threads (default: as many as there are processors)");
     AddSeed(app, plan.seed,
             "A number or a word that repeats a run exactly: character i depends on the seed and i alone");
@@ -249,6 +250,10 @@ void Check(GenerateCommand& command, const RawOptions& raw) {
     command.format = FormatNamed(raw.format);
     CheckPages(command.format, command.page, command.outFolder);
     command.progress = isatty(STDERR_FILENO) != 0;
+    if (raw.tries > 0 && command.wants.empty())
+        throw UsageError(R"("--tries" goes with "--want" alone)");
+    if (raw.tries > 0)
+        command.tries = raw.tries;
     if (command.jobs == 0)
         command.jobs = std::max(1U, std::thread::hardware_concurrency());
 }

@@ -41,7 +41,7 @@ class Progress {
     Progress(std::ostream& err, std::uint64_t count, bool shown)
         : err_(err), count_(count), shown_(shown && count > 1) {}
     ~Progress() {
-        if (shown_)
+        if (drawn_)
             err_ << '\n';
     }
     Progress(const Progress&) = delete;
@@ -49,14 +49,17 @@ class Progress {
 
     void Done(std::uint64_t lives, const std::string& told) {
         const auto step = std::max<std::uint64_t>(count_ / 100, 1);
-        if (shown_ && (lives % step == 0 || lives == count_))
-            err_ << '\r' << told << std::flush;
+        if (!shown_ || (lives % step != 0 && lives != count_))
+            return;
+        err_ << '\r' << told << std::flush;
+        drawn_ = true;
     }
 
   private:
     std::ostream& err_;
     std::uint64_t count_;
     bool shown_;
+    bool drawn_ = false;
 };
 
 // What became of a life.
@@ -186,9 +189,22 @@ class Generator {
         return [this, liver, lives](std::uint64_t piece) {
             std::vector<Lived> lived;
             for (auto i = piece * kPiece; i < std::min((piece + 1) * kPiece, lives); ++i)
-                lived.push_back(liver->Live(command_.first + i));
+                if (lived.push_back(LivedBy(*liver, command_.first + i)); lived.back().fault)
+                    break;
             return lived;
         };
+    }
+
+    // What can't be shown ends the run after those before it.
+    static Lived LivedBy(Liver& liver, std::uint64_t number) {
+        try {
+            return liver.Live(number);
+        } catch (const std::exception&) {
+            Lived lived;
+            lived.number = number;
+            lived.fault = std::current_exception();
+            return lived;
+        }
     }
 
     void Take(Lived&& lived) {
@@ -203,6 +219,8 @@ class Generator {
         if (!lived.fits)
             return;
         ++shown_;
+        if (!command_.wants.empty() && lived.shown.empty())
+            streams_.err << "character " << lived.number << " of seed " << command_.plan.seed->given() << '\n';
         if (pages_)
             WritePage(lived.number);
         else if (!lived.shown.empty())
@@ -222,7 +240,7 @@ class Generator {
         if (pages_)
             pages_->Finish();
         for (const auto& folder : {command_.outFolder, command_.journalFolder})
-            if (!folder.empty())
+            if (!folder.empty() && !interrupted_)
                 SyncFolder(folder);
     }
     void TellHowRare() {
@@ -230,8 +248,7 @@ class Generator {
         if (shown_ > 0)
             streams_.err << ": about 1 in " << Grouped((lived_ + shown_ / 2) / shown_);
         streams_.err << '\n';
-        if (shown_ < command_.count)
-            status_ = kFailure;
+        status_ = shown_ < command_.count ? kFailure : kSuccess;
     }
 
     void WritePage(std::uint64_t number) {
@@ -248,7 +265,7 @@ class Generator {
             return;
         }
         // Runs that go on from each other read as one.
-        if (command_.format == Format::Text && (shown_ > 1 || command_.first > 1))
+        if (command_.format == Format::Text && (shown_ > 1 || (command_.first > 1 && command_.count > 1)))
             streams_.out << '\n';
         streams_.out << lived.shown;
     }

@@ -24,7 +24,12 @@ void Interrupt(int signal) {
 }
 
 const std::atomic<bool>& Listen() {
-    std::signal(SIGINT, Interrupt);
+    struct sigaction before {};
+    struct sigaction action {};
+    action.sa_handler = Interrupt;
+    // Who started the program may want it to go on.
+    if (sigaction(SIGINT, nullptr, &before) == 0 && before.sa_handler != SIG_IGN)
+        sigaction(SIGINT, &action, nullptr);
     return interrupted;
 }
 

@@ -7,6 +7,7 @@
 #include <functional>
 #include <mutex>
 #include <optional>
+#include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -27,8 +28,7 @@ class OrderedJobs {
     void Run(const std::function<Worker()>& makeWorker, const std::function<bool(Result&&)>& take) {
         {
             std::vector<std::jthread> threads;
-            for (unsigned i = 0; i < jobs_; ++i)
-                threads.emplace_back([this, &makeWorker] { Work(makeWorker); });
+            StartAll(threads, makeWorker);
             TakeAll(take);
         }
         if (fault_)
@@ -65,6 +65,17 @@ class OrderedJobs {
             const Lock lock(mutex_);
             slots_[piece % slots_.size()] = std::move(done);
             changed_.notify_all();
+        }
+    }
+
+    // As many as the machine lets; it is enough that there is one.
+    void StartAll(std::vector<std::jthread>& threads, const std::function<Worker()>& makeWorker) {
+        try {
+            for (unsigned i = 0; i < jobs_ && i < count_; ++i)
+                threads.emplace_back([this, &makeWorker] { Work(makeWorker); });
+        } catch (const std::system_error&) {
+            if (threads.empty())
+                throw;
         }
     }
 

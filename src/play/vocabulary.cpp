@@ -18,8 +18,6 @@ void AddCareer(Vocabulary& known, DataFolder& data, std::string_view race, const
     AddOnce(known.careers, career);
     for (const auto& assignment : *data.AssignmentNames(race, career))
         AddOnce(known.assignments, assignment);
-    for (const auto benefit : data.Career(race, career).record.otherBenefit)
-        AddOnce(known.benefits, Trim(benefit));
 }
 
 void AddRace(Vocabulary& known, DataFolder& data, const std::string& name) {
@@ -38,6 +36,7 @@ void AddRace(Vocabulary& known, DataFolder& data, const std::string& name) {
 
 Vocabulary VocabularyOf(Session& session) {
     Vocabulary known;
+    known.characteristics.emplace_back("PSI");  // of some, whatever their race
     for (const auto& line : LoadMasterSkills(session.data.location()))
         AddOnce(known.skills, Trim(SplitFirst(line, "|").first));
     for (const auto& race : *session.data.RaceNames())

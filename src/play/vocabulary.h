@@ -19,7 +19,6 @@ struct Vocabulary {
     std::vector<std::string> characteristics;
     std::vector<std::string> skills;                            // of the master list
     std::map<std::string, std::set<std::string>> specialities;  // of each skill
-    std::vector<std::string> benefits;                          // of the careers' tables
 };
 
 // Reads all races, careers and master skills. Throws FileError for a malformed file.

@@ -11,6 +11,8 @@
 
 #include "base/nearest.h"
 #include "base/text.h"
+#include "data/known_names.h"
+#include "engine/prison.h"
 
 namespace korvane::play {
 
@@ -23,12 +25,15 @@ struct NumberField {
     std::string_view name;
     std::int64_t (*of)(const CharacterRecord& character);
 };
-constexpr std::array<NumberField, 13> kNumbers = {
+constexpr std::array<NumberField, 16> kNumbers = {
     {{"age", [](const CharacterRecord& c) -> std::int64_t { return c.Age; }},
      {"termsTotal", [](const CharacterRecord& c) -> std::int64_t { return c.TermsTotal; }},
      {"termsInCareer", [](const CharacterRecord& c) -> std::int64_t { return c.TermsInCareer; }},
      {"rank", [](const CharacterRecord& c) -> std::int64_t { return c.Rank; }},
      {"graduated", [](const CharacterRecord& c) -> std::int64_t { return c.Graduated; }},
+     {"commissioned", [](const CharacterRecord& c) -> std::int64_t { return c.Commissioned; }},
+     {"musterRolls", [](const CharacterRecord& c) -> std::int64_t { return c.MusterRolls; }},
+     {"musterBonusCount", [](const CharacterRecord& c) -> std::int64_t { return c.MusterBonusCount; }},
      {"allies", [](const CharacterRecord& c) -> std::int64_t { return c.Allies; }},
      {"enemies", [](const CharacterRecord& c) -> std::int64_t { return c.Enemies; }},
      {"contacts", [](const CharacterRecord& c) -> std::int64_t { return c.Contacts; }},
@@ -40,6 +45,21 @@ constexpr std::array<NumberField, 13> kNumbers = {
 
 bool HoldsText(std::span<const std::string> lines, std::string_view text) {
     return std::ranges::any_of(lines, [text](const std::string& line) { return EqualsIgnoringCase(line, text); });
+}
+
+// Whether a career was served, also one that isn't recorded as such: prison and drifting.
+bool Was(const Session& session, std::string_view career) {
+    if (HoldsText(session.character.CareersServed.lines(), career) ||
+        EqualsIgnoringCase(session.selection.career, career))
+        return true;
+    const bool is_prison = EqualsIgnoringCase(career, kPrisoner);
+    if (!is_prison && !EqualsIgnoringCase(career, kDrifter))
+        return false;
+    // Nobody is rejected by either.
+    return std::ranges::any_of(session.character.History.lines(), [is_prison](std::string_view line) {
+        return is_prison ? line.starts_with(kImprisoned)
+                         : line.starts_with("Enlist Drifter") || line.starts_with("Transfer to Drifter");
+    });
 }
 
 struct TextField {
@@ -54,8 +74,7 @@ constexpr std::array<TextField, 6> kTexts = {
       &Vocabulary::careers},
      {"assignment", [](const Session& s, std::string_view t) { return EqualsIgnoringCase(s.selection.assignment, t); },
       &Vocabulary::assignments},
-     {"was", [](const Session& s, std::string_view t) { return HoldsText(s.character.CareersServed.lines(), t); },
-      &Vocabulary::careers},
+     {"was", Was, &Vocabulary::careers},
      {"benefit", [](const Session& s, std::string_view t) { return HoldsText(s.character.Benefits.lines(), t); },
       nullptr},
      {"education", [](const Session& s, std::string_view t) { return EqualsIgnoringCase(s.character.Education, t); },
@@ -84,7 +103,7 @@ class Reader {
     Test All() {
         auto test = Or();
         if (token_.kind != Token::Kind::End)
-            Fail(token_.place, Concat("\"and\" or \"or\" is missing before \"", token_.text, "\""));
+            Fail(token_.place, Concat(R"("and" or "or" is missing before ")", token_.text, "\""));
         return test;
     }
 
@@ -95,7 +114,7 @@ class Reader {
     }
 
     void Next() {
-        const auto start = text_.find_first_not_of(" \t", next_);
+        const auto start = text_.find_first_not_of(kBlanks, next_);
         if (start == std::string_view::npos) {
             token_ = {Token::Kind::End, {}, text_.size()};
             next_ = text_.size();
@@ -117,7 +136,7 @@ class Reader {
             return {rest.front() == '(' ? Token::Kind::Open : Token::Kind::Close, rest.substr(0, 1), start};
         if (kOperators.find(rest.front()) != std::string_view::npos)
             return {Token::Kind::Operator, rest.substr(0, rest.size() > 1 && rest[1] == '=' ? 2 : 1), start};
-        return {Token::Kind::Word, rest.substr(0, rest.find_first_of(" \t()<>=!\"")), start};
+        return {Token::Kind::Word, rest.substr(0, rest.find_first_of(" \t\r\n()<>=!\"")), start};
     }
 
     Test Or() {
@@ -139,17 +158,24 @@ class Reader {
     Test Not() {
         if (!IsWord(token_, "not"))
             return Bracket();
+        if (++depth_ > kDeepest)
+            Fail(token_.place, "there are too many times \"not\"");
         Next();
-        return [test = Not()](const Session& s) { return !test(s); };
+        auto test = Not();
+        --depth_;
+        return [test = std::move(test)](const Session& s) { return !test(s); };
     }
     Test Bracket() {
         if (token_.kind != Token::Kind::Open)
             return Comparison();
         const auto place = token_.place;
+        if (++depth_ > kDeepest)
+            Fail(place, "there are too many brackets in each other");
         Next();
         auto test = Or();
         if (token_.kind != Token::Kind::Close)
             Fail(place, "the bracket has no end");
+        --depth_;
         Next();
         return test;
     }
@@ -158,7 +184,7 @@ class Reader {
     // it.
     std::string Words(const char* what, bool isName) {
         if (token_.kind == Token::Kind::Quoted) {
-            const auto text = std::string(token_.text);
+            auto text = std::string(token_.text);
             Next();
             return text;
         }
@@ -177,7 +203,7 @@ class Reader {
         const auto end = text_.find(')', token_.place);
         if (end == std::string_view::npos)
             Fail(token_.place, "the bracket has no end");
-        const auto text = std::string(text_.substr(token_.place, end + 1 - token_.place));
+        auto text = std::string(text_.substr(token_.place, end + 1 - token_.place));
         next_ = end + 1;
         Next();
         return text;
@@ -250,10 +276,13 @@ class Reader {
         return [name](const Session& s) { return LevelOf(s.character, name); };
     }
     bool IsSkill(const std::string& name) const {
-        const auto [bare, rest] = SplitFirst(name, " (");
-        if (rest.empty())
+        const auto parts = SplitFirst(name, " (");
+        if (parts.second.empty())
             return HoldsText(known_.skills, name);
-        const auto speciality = Trim(rest.substr(0, rest.find(')')));
+        const auto bare = parts.first;
+        const auto speciality = parts.second.substr(0, parts.second.size() - 1);
+        if (!parts.second.ends_with(')'))
+            return false;
         return std::ranges::any_of(known_.specialities, [&](const auto& row) {
             const auto is_it = [&](const std::string& each) { return EqualsIgnoringCase(each, speciality); };
             return EqualsIgnoringCase(row.first, bare) && std::ranges::any_of(row.second, is_it);
@@ -292,8 +321,12 @@ class Reader {
         return names;
     }
 
+    static constexpr std::string_view kBlanks = " \t\r\n";
+    static constexpr int kDeepest = 100;
+
     std::string_view text_;
     const Vocabulary& known_;
+    int depth_ = 0;
     std::size_t next_ = 0;
     Token token_;
 };

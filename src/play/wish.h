@@ -19,11 +19,12 @@ namespace korvane::play {
 //   held counts as -1
 // - a text: race, career, assignment, education; benefit and was (a career served), of which the character may have
 //   several. Texts know = and != alone, without regard to case.
-// Names and texts with blanks may stand as they are or in double quotes.
+// Names and texts with blanks may stand as they are or in double quotes; those that hold such a word or brackets need
+// the quotes.
 class Wish {
   public:
-    // Reads an expression. Throws UsageError for a wrong one, with the place marked under it, and for what nobody of
-    // the data can meet: an unknown name.
+    // Reads an expression. Throws UsageError for a wrong one, with the place marked under it, and for an unknown
+    // race, career, assignment, characteristic or skill.
     Wish(std::string_view text, const Vocabulary& known);
 
     bool Fits(const Session& session) const { return fits_(session); }

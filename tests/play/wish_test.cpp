@@ -87,7 +87,8 @@ class Cases {
                 const std::string career = AnyOf(kCareers);
                 return {"was = \"" + career + "\"", [career](const Json& d) {
                             const auto& served = d["careersServed"];
-                            return std::find(served.begin(), served.end(), career) != served.end();
+                            return d["career"] == career ||
+                                   std::find(served.begin(), served.end(), career) != served.end();
                         }};
             }
         }
@@ -132,6 +133,26 @@ TEST_F(Wishes, FindWhatASlowFilterFinds) {
     EXPECT_LT(some, 36000);
 }
 
+TEST_F(Wishes, KnowPrisonAndDriftingThoughTheyAreNotRecorded) {
+    LifePlan plan;
+    plan.seed = Seed(5);
+    const Wish prisoner("was = Prisoner", known);
+    const Wish drifter("was = drifter", known);
+    int prisoners = 0;
+    int drifters = 0;
+    for (std::uint64_t number = 1; number <= 400; ++number) {
+        Live(session, plan, number);
+        const auto lines = session.character.History.lines();
+        const auto has = [&](std::string_view beginning) {
+            return std::ranges::any_of(lines, [&](const auto& line) { return line.starts_with(beginning); });
+        };
+        EXPECT_EQ(prisoner.Fits(session), has("Imprisoned; ")) << number;
+        prisoners += prisoner.Fits(session) ? 1 : 0;
+        drifters += drifter.Fits(session) && has("Enlist Drifter") ? 1 : 0;
+    }
+    EXPECT_TRUE(prisoners > 0 && drifters > 0);
+}
+
 TEST_F(Wishes, FaultsAreToldAtTheirPlaces) {
     EXPECT_EQ(Fault("age > 30 and Pilto >= 2"),
               "a wish is wrong: nothing is called \"Pilto\"; did you mean \"Pilot\"?\n"
@@ -152,6 +173,8 @@ TEST_F(Wishes, FaultsAreToldAtTheirPlaces) {
         {"not", "a name is missing"},
         {"", "a name is missing"},
         {"benefit = \"Ship", "the quotation has no end"},
+        {"Gun Combat ( Slug ) > 0", "nothing is called"},
+        {"\"Gun Combat (Slug\" > 0", "nothing is called"},
         {"Gun Combat (Slugs) > 0", "did you mean \"Gun Combat (Slug)\"?"}};
     for (const auto& [text, told] : faults)
         EXPECT_NE(Fault(text).find(told), std::string::npos) << text << ": " << Fault(text);
