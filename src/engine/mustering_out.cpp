@@ -12,7 +12,6 @@ namespace korvane {
 
 namespace {
 
-constexpr int kMostCashRolls = 3;
 constexpr int kLastRow = 7;
 
 void GrantPension(Session& session) {

@@ -5,6 +5,9 @@
 
 namespace korvane {
 
+// Of one mustering out.
+inline constexpr int kMostCashRolls = 3;
+
 // Grants the pension, counts the rolls and lets the player spend them until "Done".
 void MusterOut(Session& session);
 

@@ -11,6 +11,7 @@
 
 #include "base/text.h"
 #include "character/player_texts.h"
+#include "engine/mustering_out.h"
 #include "output/summary_texts.h"
 #include "ui/message_boxes.h"
 #include "ui/qt_text.h"
@@ -169,7 +170,9 @@ QString DialogPlayer::BenefitModifiers(const MusterQuestion& question) const {
         told += QObject::tr(" Gambler: +1 to cash.");
     if (question.bonuses == 0 && !question.gamblerEnabled)
         told += QObject::tr(" No modifier applies, so 7 can't be reached.");
-    return told + QObject::tr(" Cash rolls: %1 of 3 used.").arg(static_cast<int>(session_.character.CashRollsUsed));
+    return told + QObject::tr(" Cash rolls: %1 of %2 used.")
+                      .arg(static_cast<int>(session_.character.CashRollsUsed))
+                      .arg(kMostCashRolls);
 }
 
 int DialogPlayer::Choose(const ChoiceQuestion& question) {
@@ -270,7 +273,7 @@ QString DialogPlayer::CostOfLeaving() const {
     return QObject::
         tr("Moving on costs your rank%1 and the benefit rolls of this career (%2); \"%3\" musters you out with them.")
             .arg(rank.isEmpty() ? QString() : QObject::tr(" (%1)").arg(rank))
-            .arg(std::max(0, character.TermsInCareer + character.BenefitRollsModifier))
+            .arg(static_cast<int>(character.TermsInCareer))  // what events added or took goes along
             .arg(ToQt(kEndCareer));
 }
 

@@ -75,7 +75,13 @@ TEST_F(CareerDialogs, EndOfTermMirrorsEveryBoxAtOnce) {
 }
 
 TEST_F(CareerDialogs, TransferNeedsACareerToAccept) {
-    robot.Then("KVNTransfer", [](QWidget& dialog) { RealClick(dialog, "endCareer"); });
+    session.character.TermsInCareer = 3;
+    session.character.BenefitRollsModifier = 2;
+    robot.Then("KVNTransfer", [](QWidget& dialog) {
+        const auto cost = Child<QLabel>(dialog, "cost").text();
+        EXPECT_TRUE(cost.contains("the benefit rolls of this career (3)")) << "what events added goes along";
+        RealClick(dialog, "endCareer");
+    });
     EXPECT_FALSE(Transfer());
     robot.Then("KVNTransfer", [](QWidget& dialog) {
         EXPECT_EQ(dialog.windowTitle(), "Korvane on trial");
