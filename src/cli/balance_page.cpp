@@ -12,6 +12,7 @@
 #include "base/files.h"
 #include "base/text.h"
 #include "cli/balance_figures.h"
+#include "output/svg_text.h"
 
 namespace korvane::cli {
 
@@ -187,13 +188,13 @@ std::string Bars(const RaceFigures& race) {
     const int height = 10 + kRow * static_cast<int>(race.places.size());
     auto svg = Concat(R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 640 )", height,
                       R"(" font-family="sans-serif" font-size="12" role="img" aria-label="Failed terms in percent, )",
-                      race.race, R"(">
+                      Escaped(race.race), R"(">
 <style>text{fill:#444}@media (prefers-color-scheme:dark){text{fill:#ccc}}</style>
 )");
     int top = 4;
     for (const auto& [place, figures] : race.places) {
         const int length = static_cast<int>(std::lround(figures.fails.percent() * 6));
-        AppendAll(svg, R"(<text x="255" y=")", top + 12, R"(" text-anchor="end">)", place.first, ", ", place.second,
+        AppendAll(svg, R"(<text x="255" y=")", top + 12, R"(" text-anchor="end">)", Escaped(NameOf(place)),
                   R"(</text><rect x="262" y=")", top + 2, R"(" width=")", length,
                   R"(" height="12" fill="#4a80b5"/><text x=")", 268 + length, R"(" y=")", top + 12, R"(">)",
                   Rounded(figures.fails.percent()), "</text>\n");

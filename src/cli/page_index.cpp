@@ -3,25 +3,15 @@
 #include "base/encoding.h"
 #include "base/text.h"
 #include "output/summary_texts.h"
+#include "output/svg_text.h"
 
 namespace korvane::cli {
 
 namespace {
 
-// A text that shows as it is: what HTML would take for a mark is spelt out.
-std::string Escaped(std::string_view text) {
-    std::string escaped;
-    for (const char c : DecodeWord(std::string(text))) {
-        if (c == '&')
-            escaped += "&amp;";
-        else if (c == '<')
-            escaped += "&lt;";
-        else if (c == '>')
-            escaped += "&gt;";
-        else
-            escaped += c;
-    }
-    return escaped;
+// A text that shows as it is.
+std::string Shown(std::string_view text) {
+    return Escaped(DecodeWord(std::string(text)));
 }
 
 constexpr std::string_view kIndexHead = R"(<!DOCTYPE html>
@@ -57,9 +47,9 @@ void PageIndex::Add(const Session& session, std::string_view name, const std::st
     const auto& character = session.character;
     const auto shown = IsBlank(name) ? std::string_view("Nameless") : name;
     const auto rank = RankText(character, session.assignment);
-    AppendAll(rows_, R"(<tr><th scope="row"><a href=")", file, R"(">)", Escaped(shown), "</a></th><td>",
-              Escaped(Concat(Trim(session.selection.career), ", ", Trim(session.selection.assignment))), "</td><td>",
-              character.Age, "</td><td>", character.TermsTotal, "</td><td>", Escaped(rank), "</td></tr>\n");
+    AppendAll(rows_, R"(<tr><th scope="row"><a href=")", file, R"(">)", Shown(shown), "</a></th><td>",
+              Shown(Concat(Trim(session.selection.career), ", ", Trim(session.selection.assignment))), "</td><td>",
+              character.Age, "</td><td>", character.TermsTotal, "</td><td>", Shown(rank), "</td></tr>\n");
 }
 
 std::string PageIndex::Page() const {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <initializer_list>
+#include <span>
 #include <string_view>
 
 #include "base/text.h"
@@ -87,11 +88,14 @@ void AddBlocks(LifeStrip& strip, const std::vector<StoryLine>& story, const Char
 
 // ---- Marks
 
+std::string Lower(std::string text, std::size_t count) {
+    for (auto& c : std::span(text).first(std::min(count, text.size())))
+        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    return text;
+}
+
 std::string LowerFirst(std::string_view text) {
-    std::string words(text);
-    if (!words.empty() && words[0] >= 'A' && words[0] <= 'Z')
-        words[0] = static_cast<char>(words[0] - 'A' + 'a');
-    return words;
+    return Lower(std::string(text), 1);
 }
 
 // "ally" for "Ally: Business Superior", as "gained an ally: Business Superior".
@@ -107,12 +111,8 @@ std::string EventWords(MarkKind kind, std::string_view line) {
     switch (kind) {
         case MarkKind::Promotion:
             return LowerFirst(Trim(line) == "Promoted to" ? "promoted" : line);
-        case MarkKind::Injury: {
-            auto words = std::string(SplitFirst(line, ";").first);
-            std::ranges::transform(words, words.begin(),
-                                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-            return words;
-        }
+        case MarkKind::Injury:
+            return Lower(std::string(SplitFirst(line, ";").first), line.size());
         case MarkKind::Prison:
             return "imprisoned";
         case MarkKind::Release:
