@@ -27,14 +27,6 @@ std::string Padded(std::uint64_t number, std::uint64_t last) {
     return std::string(width - std::min(width, digits.size()), '0') + digits;
 }
 
-// "41,220".
-std::string Grouped(std::uint64_t number) {
-    auto digits = Concat(number);
-    for (auto place = digits.size(); place > 3; place -= 3)
-        digits.insert(place - 3, ",");
-    return digits;
-}
-
 // A progress line that is drawn over itself, about a hundred times in a run.
 class Progress {
   public:
@@ -47,11 +39,12 @@ class Progress {
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
-    void Done(std::uint64_t lives, const std::string& told) {
+    template <typename Tell>
+    void Done(std::uint64_t lives, const Tell& tell) {
         const auto step = std::max<std::uint64_t>(count_ / 100, 1);
         if (!shown_ || (lives % step != 0 && lives != count_))
             return;
-        err_ << '\r' << told << std::flush;
+        err_ << '\r' << tell() << std::flush;
         drawn_ = true;
     }
 
@@ -76,18 +69,14 @@ struct Lived {
 // Lives characters, in a session of its own.
 class Liver {
   public:
-    explicit Liver(const GenerateCommand& command)
+    Liver(const GenerateCommand& command, const std::vector<play::Wish>& wishes)
         : command_(command),
+          wishes_(wishes),
           session_(DataFolder(ChooseDataLocation(command.data), DataFolder::Reading::Once),
                    {nullptr, nullptr, &display_}) {
         if (command.plan.options[Option::SelectSkillPackage] && !session_.data.Packages())
             throw UsageError(Concat("\"", CaptionOf(Option::SelectSkillPackage),
                                     "\" needs packages: the data folder has no ", kSkillPackagesFile));
-        if (command.wants.empty())
-            return;
-        const auto known = play::VocabularyOf(session_);
-        for (const auto& want : command.wants)
-            wishes_.emplace_back(want, known);
     }
 
     Lived Live(std::uint64_t number) {
@@ -125,21 +114,26 @@ class Liver {
     }
 
     const GenerateCommand& command_;
+    const std::vector<play::Wish>& wishes_;
     Display display_;
     Session session_;
-    std::vector<play::Wish> wishes_;
 };
 
 class Generator {
   public:
     Generator(const GenerateCommand& command, Streams& streams)
-        : command_(command), streams_(streams), here_(std::make_unique<Liver>(command)) {
+        : command_(command), streams_(streams), here_(command, wishes_) {
+        if (!command.wants.empty()) {
+            const auto known = play::VocabularyOf(here_.session());
+            for (const auto& want : command.wants)
+                wishes_.emplace_back(want, known);
+        }
         if (command.format == Format::Html)
-            pages_.emplace(here_->session(), command.page, command.outFolder, command.count > 1);
+            pages_.emplace(here_.session(), command.page, command.outFolder, command.count > 1);
     }
 
     int Run() {
-        const bool wishes = !command_.wants.empty();
+        const bool wishes = !wishes_.empty();
         const auto lives = wishes ? command_.tries : command_.count;
         {
             Progress progress(streams_.err, lives, command_.progress);
@@ -166,15 +160,17 @@ class Generator {
         const auto take = [&, interrupted](Lived&& lived) {
             Take(std::move(lived));
             ++lived_;
-            progress.Done(lived_, command_.wants.empty() ? Concat(lived_, " of ", lives, " characters")
-                                                         : Concat(shown_, " found in ", Grouped(lived_), " lives"));
+            progress.Done(lived_, [&] {
+                return wishes_.empty() ? Concat(lived_, " of ", lives, " characters")
+                                       : Concat(shown_, " found in ", FormatThousands(lived_), " lives");
+            });
             interrupted_ = interrupted != nullptr && *interrupted;
-            return !interrupted_ && (command_.wants.empty() || shown_ < command_.count);
+            return !interrupted_ && (wishes_.empty() || shown_ < command_.count);
         };
         // Pages are written by the session that lives them.
         if (pages_ || command_.jobs == 1 || lives < kPiece) {
             for (std::uint64_t i = 0; i < lives; ++i)
-                if (!take(here_->Live(command_.first + i)))
+                if (!take(here_.Live(command_.first + i)))
                     return;
             return;
         }
@@ -185,7 +181,7 @@ class Generator {
                  });
     }
     OrderedJobs<std::vector<Lived>>::Worker WorkerOf(std::uint64_t lives) const {
-        const auto liver = std::make_shared<Liver>(command_);
+        const auto liver = std::make_shared<Liver>(command_, wishes_);
         return [this, liver, lives](std::uint64_t piece) {
             std::vector<Lived> lived;
             for (auto i = piece * kPiece; i < std::min((piece + 1) * kPiece, lives); ++i)
@@ -219,7 +215,7 @@ class Generator {
         if (!lived.fits)
             return;
         ++shown_;
-        if (!command_.wants.empty() && lived.shown.empty())
+        if (!wishes_.empty() && lived.shown.empty())
             streams_.err << "character " << lived.number << " of seed " << command_.plan.seed->given() << '\n';
         if (pages_)
             WritePage(lived.number);
@@ -244,18 +240,18 @@ class Generator {
                 SyncFolder(folder);
     }
     void TellHowRare() {
-        streams_.err << shown_ << " found in " << Grouped(lived_) << (lived_ == 1 ? " life" : " lives");
+        streams_.err << shown_ << " found in " << FormatThousands(lived_) << (lived_ == 1 ? " life" : " lives");
         if (shown_ > 0)
-            streams_.err << ": about 1 in " << Grouped((lived_ + shown_ / 2) / shown_);
+            streams_.err << ": about 1 in " << FormatThousands((lived_ + shown_ / 2) / shown_);
         streams_.err << '\n';
         status_ = shown_ < command_.count ? kFailure : kSuccess;
     }
 
     void WritePage(std::uint64_t number) {
         if (command_.count == 1)
-            pages_->Write(*here_->NameOf(number));
+            pages_->Write(*here_.NameOf(number));
         else
-            pages_->WriteListed(*here_->NameOf(number), Stem(number));
+            pages_->WriteListed(*here_.NameOf(number), Stem(number));
     }
 
     void Show(const Lived& lived) {
@@ -275,7 +271,7 @@ class Generator {
     }
     // The file name of one of several characters, without its ending.
     std::string Stem(std::uint64_t number) const {
-        const auto lives = command_.wants.empty() ? command_.count : command_.tries;
+        const auto lives = wishes_.empty() ? command_.count : command_.tries;
         return "character-" + Padded(number, command_.first + lives - 1);
     }
 
@@ -283,7 +279,8 @@ class Generator {
 
     const GenerateCommand& command_;
     Streams& streams_;
-    std::unique_ptr<Liver> here_;
+    std::vector<play::Wish> wishes_;
+    Liver here_;
     std::optional<PageWriter> pages_;
     std::uint64_t lived_ = 0;
     std::uint64_t shown_ = 0;  // finished, and what was wished for
