@@ -1,76 +1,16 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <sstream>
-#include <thread>
-#include <unistd.h>
+#include <utility>
 
 #include "base/encoding.h"
 #include "base/error.h"
-#include "base/text.h"
-#include "cli/commands.h"
+#include "cli/command_options.h"
 
 namespace korvane::cli {
 
 namespace {
-
-// What the options of the command line say before they are checked against what there is.
-struct RawOptions {
-    std::string method;
-    std::vector<std::string> options;
-    std::optional<std::string> player;
-    std::string format = "text";
-    std::uint64_t tries = 0;  // 0: it wasn't said
-};
-
-constexpr std::uint64_t kMostLives = 1'000'000'000;
-
-template <typename Texts>
-std::string Listed(const Texts& texts) {
-    std::string list;
-    for (const std::string_view text : texts)
-        AppendAll(list, list.empty() ? "" : ", ", Trim(text));
-    return list;
-}
-
-RollingMethod MethodNamed(const std::string& caption) {
-    if (caption.empty())
-        return RollingMethod::True2D;
-    if (const auto method = MethodOfCaption(caption))
-        return *method;
-    throw UsageError("unknown method " + Quoted(caption) + "; there are: " + Listed(kMethodCaptions));
-}
-
-Options OptionsNamed(const std::vector<std::string>& captions) {
-    Options options;
-    for (const auto& caption : captions) {
-        const auto option = OptionOfCaption(caption);
-        if (!option)
-            throw UsageError("unknown option " + Quoted(caption) + "; there are: " + Listed(kOptionCaptions));
-        options.Set(*option);
-    }
-    return options;
-}
-
-Format FormatNamed(const std::string& name) {
-    constexpr std::array kNames = {std::pair("json", Format::Json), std::pair("html", Format::Html),
-                                   std::pair("sarif", Format::Sarif), std::pair("none", Format::None)};
-    for (const auto& [known, format] : kNames)
-        if (name == known)
-            return format;
-    return Format::Text;
-}
-
-void Assign(std::uint64_t& to, std::uint64_t number) {
-    to = number;
-}
-void Assign(int& to, std::uint64_t number) {
-    to = static_cast<int>(number);
-}
-void Assign(unsigned& to, std::uint64_t number) {
-    to = static_cast<unsigned>(number);
-}
 
 // A message whose lines show as they are and have an end.
 std::string Bounded(const std::string& message) {
@@ -79,192 +19,6 @@ std::string Bounded(const std::string& message) {
     for (const auto line : SplitAll(message, '\n'))
         AppendAll(bounded, bounded.empty() ? "" : "\n", Printable(line, kMostShown));
     return bounded;
-}
-
-// An option that takes a whole number between two others.
-template <typename Number>
-CLI::Option* AddNumber(CLI::App& app, const std::string& name, Number& to, std::uint64_t least, std::uint64_t most,
-                       const std::string& help) {
-    const auto take = [&to, least, most, name](const std::string& text) {
-        std::uint64_t number = 0;
-        const auto* const end = text.data() + text.size();
-        const auto read = std::from_chars(text.data(), end, number);
-        if (read.ec != std::errc() || read.ptr != end || number < least || number > most)
-            throw CLI::ValidationError(name, Concat(Quoted(text), " is not a whole number from ", least, " to ", most));
-        Assign(to, number);
-    };
-    return app.add_option_function<std::string>(name, take, help)->type_name("NUMBER");
-}
-
-void AddSeed(CLI::App& app, std::optional<Seed>& seed, const std::string& help) {
-    const auto take = [&seed](const std::string& text) {
-        try {
-            seed.emplace(DecodeWord(text));
-        } catch (const UsageError& error) {
-            throw CLI::ValidationError("--seed", error.what());
-        }
-    };
-    app.add_option_function<std::string>("--seed", take, help)->type_name("SEED");
-}
-
-void AddNameOptions(CLI::App& app, NameOrder& name) {
-    auto* const given = app.add_option_function<std::string>(
-        "--name", [&name](const std::string& typed) { name.given = DecodeWord(typed); },
-        "Name of the character, exactly as typed (a page's default: one is rolled)");
-    app.add_flag("--names", name.rolled, "Roll a name for each character, as for a page")->excludes(given);
-}
-
-void AddPageOptions(CLI::App& app, PageOrder& page) {
-    app.add_option("--template", page.templateName,
-                   "Template of the pages: a file of the data folder, or a path (default: template.htm)");
-    app.add_flag("--pdf", page.pdf, "Have korvane-pdf make a PDF file of each page");
-}
-
-void CheckPages(Format format, const PageOrder& page, const std::string& folder) {
-    if (format == Format::Html && folder.empty())
-        throw UsageError(R"("--format html" writes files: name their folder with "--out FOLDER")");
-    if (format != Format::Html && page != PageOrder{})
-        throw UsageError(R"("--template" and "--pdf" go with "--format html" alone)");
-}
-
-void AddSelection(CLI::App& app, std::string& data, std::string& race, std::string& career, std::string& assignment,
-                  RawOptions& raw) {
-    app.add_option("--data", data, "Folder of the rule data (default: the configured one, else the shipped rules)")
-        ->take_last();
-    app.add_option("--race", race, "Race, as its file is named");
-    app.add_option("--career", career, "Career of the race");
-    app.add_option("--assignment", assignment, "Assignment of the career");
-    app.add_option("--method", raw.method, "Method of rolling: " + Listed(kMethodCaptions));
-    app.add_option("--option", raw.options, "An option to tick; may be repeated: " + Listed(kOptionCaptions))
-        ->allow_extra_args(false);
-}
-
-void AddGenerate(CLI::App& app, GenerateCommand& command, RawOptions& raw) {
-    auto& plan = command.plan;
-    AddSelection(app, command.data, plan.race, plan.career, plan.assignment, raw);
-    AddNumber(app, "--terms", plan.terms, 1, 100,
-              "Terms of service before mustering out (not the random player; default: 4)");
-    AddNumber(app, "--count", command.count, 1, kMostLives, "Number of characters (default: 1)");
-    AddNumber(app, "--first", command.first, 1, 2 * kMostLives,
-              "The number of the first character, so that several runs share a seed (default: 1)");
-    app.add_option("--want", command.wants,
-                   "Only characters that fit, as \"Pilot >= 2 and age < 40 and not was = Prisoner\"; may be repeated")
-        ->allow_extra_args(false);
-    AddNumber(app, "--tries", raw.tries, 1, kMostLives, "Lives at most, with --want (default: 10000000)");
-    AddNumber(app, "--jobs", command.jobs, 1, 1024, "Threads (default: as many as there are processors)");
-    AddSeed(app, plan.seed,
-            "A number or a word that repeats a run exactly: character i depends on the seed and i alone");
-    app.add_option("--player", raw.player,
-                   "Who answers: somebody of sense (default), automatic generation, or a random answer to each dialog")
-        ->check(CLI::IsMember({"sensible", "automatic", "random"}));
-    app.add_option("--format", raw.format, "What is printed of each character")
-        ->check(CLI::IsMember({"text", "json", "html", "none"}))
-        ->capture_default_str();
-    app.add_option("--out", command.outFolder, "Folder for a file of each character, in place of standard output");
-    AddNameOptions(app, command.name);
-    AddPageOptions(app, command.page);
-    app.add_option("--journal", command.journalFolder, "Folder for a journal of each character");
-}
-
-void AddPlay(CLI::App& app, PlayCommand& command, RawOptions& raw) {
-    AddSelection(app, command.data, command.race, command.career, command.assignment, raw);
-    AddSeed(app, command.seed, "A number or a word that the dice come from, so that the life can be proved");
-    app.add_option("--journal", command.journal, "File for the character's journal; an unfinished one is gone on with");
-}
-
-void AddReplay(CLI::App& app, ReplayCommand& command, RawOptions& raw) {
-    app.add_option("JOURNAL", command.journals, "The journals to replay; \"-\" for standard input")->required();
-    app.add_option("--data", command.data, "Folder of the rule data that the journal was made with");
-    app.add_option("--format", raw.format, "What is printed of the character")
-        ->check(CLI::IsMember({"text", "json", "html"}))
-        ->capture_default_str();
-    app.add_option("--out", command.outFolder, "Folder for the page of \"--format html\"");
-    AddNameOptions(app, command.name);
-    AddPageOptions(app, command.page);
-}
-
-void AddVerify(CLI::App& app, VerifyCommand& command, RawOptions& raw) {
-    app.add_option("JOURNAL", command.journals, "The journals; \"-\" for standard input")->required();
-    app.add_option("--data", command.data, "Folder of the rule data that the lives were lived with");
-    AddSeed(app, command.seed, "The seed that the dice must come from");
-    app.add_option("--format", raw.format, "How the verdicts are printed")
-        ->check(CLI::IsMember({"text", "json"}))
-        ->capture_default_str();
-}
-
-void AddCheck(CLI::App& app, CheckCommand& command, RawOptions& raw) {
-    app.add_option("DIR", command.folder, "The folder (default: the configured one, else the shipped rules)");
-    app.add_option("--explain", command.explain, "Say what a kind of mistake, as \"check-counts-other\", is");
-    app.add_flag("--strict", command.strict, "Exit status 1 for warnings too");
-    app.add_option("--format", raw.format, "How the mistakes are printed")
-        ->check(CLI::IsMember({"text", "json", "sarif"}))
-        ->capture_default_str();
-}
-
-void AddBalance(CLI::App& app, BalanceCommand& command, RawOptions& raw) {
-    app.add_option("--data", command.data, "Folder of the rule data");
-    app.add_option("--race", command.race, "This race alone");
-    app.add_option("--career", command.career, "This career alone");
-    AddNumber(app, "--count", command.count, 1, kMostLives, "Lives of each career (default: 10000)");
-    AddNumber(app, "--terms", command.terms, 1, 100, "Terms of service of each life (default: 4)");
-    AddSeed(app, command.seed, "Seed of the lives (default: 1)");
-    app.add_option("--format", raw.format, "How the figures are printed; md: as a page, into a folder")
-        ->check(CLI::IsMember({"text", "json", "md"}))
-        ->capture_default_str();
-    app.add_option("--out", command.outFolder, "Folder for the page of \"--format md\" and its pictures");
-}
-
-void AddNewCareer(CLI::App& app, NewCareerCommand& command) {
-    app.add_option("RACE", command.race, "The race, as its file is named")->required();
-    app.add_option("CAREER", command.career, "The name of the career")->required();
-    app.add_option("--data", command.data, "Folder of the rule data");
-}
-
-void AddCodes(CLI::App& app, CodesCommand& command) {
-    app.add_option("--data", command.data,
-                   "Folder of the rule data (default: the configured one, else the shipped rules)");
-    AddNumber(app, "--count", command.count, 0, kMostLives,
-              "Live so many lives and count how often each code is carried out");
-    AddSeed(app, command.seed, "Seed of the lives (default: 1)");
-    app.add_flag("--describe", command.describe, "Say what each code does, as a page in Markdown");
-}
-
-// The player of that name. The box "Automatic Generation" asks for the automatic one too.
-play::PlayerKind PlayerNamed(const std::optional<std::string>& name, bool automatic) {
-    if (!name)
-        return automatic ? play::PlayerKind::Automatic : play::PlayerKind::Sensible;
-    if (automatic && *name != "automatic")
-        throw UsageError(
-            Concat("the ", *name, " player never uses \"Automatic Generation\"; leave one of the two out"));
-    return *name == "random"      ? play::PlayerKind::Random
-           : *name == "automatic" ? play::PlayerKind::Automatic
-                                  : play::PlayerKind::Sensible;
-}
-
-// The check comes after the parsing, as its texts list what there is.
-void Check(GenerateCommand& command, const RawOptions& raw) {
-    auto& plan = command.plan;
-    plan.method = MethodNamed(raw.method);
-    plan.options = OptionsNamed(raw.options);
-    plan.player = PlayerNamed(raw.player, plan.options[Option::AutomaticGeneration]);
-    command.format = FormatNamed(raw.format);
-    CheckPages(command.format, command.page, command.outFolder);
-    command.progress = isatty(STDERR_FILENO) != 0;
-    if (raw.tries > 0 && command.wants.empty())
-        throw UsageError(R"("--tries" goes with "--want" alone)");
-    if (raw.tries > 0)
-        command.tries = raw.tries;
-    if (command.jobs == 0)
-        command.jobs = std::max(1U, std::thread::hardware_concurrency());
-}
-
-void Check(ReplayCommand& command, const RawOptions& raw) {
-    command.format = FormatNamed(raw.format);
-    CheckPages(command.format, command.page, command.outFolder);
-    if (std::ranges::count(command.journals, "-") > 1)
-        throw UsageError(R"(standard input, "-", holds one journal alone)");
-    if (command.format != Format::Html && !command.outFolder.empty())
-        throw UsageError(R"("--out" goes with "--format html" alone)");
 }
 
 // The arguments as the library takes them rightly: it would take the next one as the value of an empty "--name=".
@@ -292,37 +46,11 @@ struct Order {
     CodesCommand codes;
 };
 
-int RunGenerate(Order& order, Streams& streams) {
-    Check(order.generate, order.raw);
-    return Generate(order.generate, streams);
-}
-
-int RunPlay(Order& order, Streams& streams) {
-    order.play.method = MethodNamed(order.raw.method);
-    order.play.options = OptionsNamed(order.raw.options);
-    return Play(order.play, streams);
-}
-
-int RunReplay(Order& order, Streams& streams) {
-    Check(order.replay, order.raw);
-    return Replay(order.replay, streams);
-}
-
-int RunVerify(Order& order, Streams& streams) {
-    order.verify.format = FormatNamed(order.raw.format);
-    return Verify(order.verify, streams);
-}
-
-int RunCheck(Order& order, Streams& streams) {
-    order.check.format = FormatNamed(order.raw.format);
-    return Check(order.check, streams);
-}
-
-int RunBalance(Order& order, Streams& streams) {
-    if ((order.raw.format == "md") == order.balance.outFolder.empty())
-        throw UsageError(R"("--format md" and "--out FOLDER" go together)");
-    order.balance.format = FormatNamed(order.raw.format);
-    return MeasureBalance(order.balance, streams);
+// Completes a command and carries it out.
+template <auto Command, auto CarryOut>
+int Run(Order& order, Streams& streams) {
+    Settle(order.*Command, order.raw);
+    return CarryOut(order.*Command, streams);
 }
 
 // A command: what it takes, and what carries it out.
@@ -334,17 +62,18 @@ struct Verb {
 };
 constexpr std::array<Verb, 8> kVerbs = {{
     {"generate", "Generate characters without a person",
-     [](CLI::App& app, Order& order) { AddGenerate(app, order.generate, order.raw); }, RunGenerate},
+     [](CLI::App& app, Order& order) { AddGenerate(app, order.generate, order.raw); }, Run<&Order::generate, Generate>},
     {"play", "Play a character's life at the terminal",
-     [](CLI::App& app, Order& order) { AddPlay(app, order.play, order.raw); }, RunPlay},
+     [](CLI::App& app, Order& order) { AddPlay(app, order.play, order.raw); }, Run<&Order::play, Play>},
     {"replay", "Play a journal again, die by die",
-     [](CLI::App& app, Order& order) { AddReplay(app, order.replay, order.raw); }, RunReplay},
+     [](CLI::App& app, Order& order) { AddReplay(app, order.replay, order.raw); }, Run<&Order::replay, Replay>},
     {"verify", "Say whether journals were honestly lived",
-     [](CLI::App& app, Order& order) { AddVerify(app, order.verify, order.raw); }, RunVerify},
+     [](CLI::App& app, Order& order) { AddVerify(app, order.verify, order.raw); }, Run<&Order::verify, Verify>},
     {"check", "Find the mistakes in a folder of rule data",
-     [](CLI::App& app, Order& order) { AddCheck(app, order.check, order.raw); }, RunCheck},
+     [](CLI::App& app, Order& order) { AddCheck(app, order.check, order.raw); }, Run<&Order::check, Check>},
     {"balance", "Measure what rule data make of lives",
-     [](CLI::App& app, Order& order) { AddBalance(app, order.balance, order.raw); }, RunBalance},
+     [](CLI::App& app, Order& order) { AddBalance(app, order.balance, order.raw); },
+     Run<&Order::balance, MeasureBalance>},
     {"new-career", "Write the files of a new career, to be filled in",
      [](CLI::App& app, Order& order) { AddNewCareer(app, order.newCareer); },
      [](Order& order, Streams& streams) { return NewCareer(order.newCareer, streams); }},
@@ -372,10 +101,6 @@ int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
     const auto verb = std::ranges::find_if(kVerbs, [&](const Verb& each) { return app.got_subcommand(each.name); });
     return verb->run(order, streams);
 }
-
-}  // namespace
-
-namespace {
 
 // What a selection asked for, and what there is.
 std::string Told(const Missing& missing) {

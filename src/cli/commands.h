@@ -1,6 +1,7 @@
 // The commands of the command line. Each gives the exit status.
 #pragma once
 
+#include <algorithm>
 #include <atomic>
 #include <cstdint>
 #include <functional>
@@ -8,6 +9,7 @@
 #include <optional>
 #include <ostream>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "cli/pages.h"
@@ -52,7 +54,7 @@ struct GenerateCommand {
     std::uint64_t first = 1;           // the number of the first character
     std::vector<std::string> wants;    // expressions that all must hold; none: any character will do
     std::uint64_t tries = 10'000'000;  // lives at most, where something is wanted
-    unsigned jobs = 0;                 // threads; 0: as many as there are processors
+    unsigned jobs = std::max(1U, std::thread::hardware_concurrency());  // threads
 };
 int Generate(GenerateCommand command, Streams& streams);
 
