@@ -161,8 +161,9 @@ class Generator {
             Take(std::move(lived));
             ++lived_;
             progress.Done(lived_, [&] {
-                return wishes_.empty() ? Concat(lived_, " of ", lives, " characters")
-                                       : Concat(shown_, " found in ", FormatThousands(lived_), " lives");
+                return wishes_.empty()
+                           ? Concat(lived_, " of ", lives, " characters")
+                           : Concat(shown_, " found in ", FormatThousands(static_cast<double>(lived_)), " lives");
             });
             interrupted_ = interrupted != nullptr && *interrupted;
             return !interrupted_ && (wishes_.empty() || shown_ < command_.count);
@@ -240,9 +241,11 @@ class Generator {
                 SyncFolder(folder);
     }
     void TellHowRare() {
-        streams_.err << shown_ << " found in " << FormatThousands(lived_) << (lived_ == 1 ? " life" : " lives");
+        streams_.err << shown_ << " found in " << FormatThousands(static_cast<double>(lived_))
+                     << (lived_ == 1 ? " life" : " lives");
         if (shown_ > 0)
-            streams_.err << ": about 1 in " << FormatThousands((lived_ + shown_ / 2) / shown_);
+            streams_.err << ": about 1 in "
+                         << FormatThousands(static_cast<double>(lived_) / static_cast<double>(shown_));
         streams_.err << '\n';
         status_ = shown_ < command_.count ? kFailure : kSuccess;
     }
