@@ -33,6 +33,7 @@ void CharacterRecord::Clear() {
     Connections.clear();
     SkillPackage.clear();
     LeftOpen.Clear();
+    Luck = {};
     TermStarts.clear();
 }
 

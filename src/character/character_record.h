@@ -9,6 +9,7 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "character/rolled_check.h"
 #include "character/skill_list.h"
 #include "data/records.h"
 #include "data/world_tables.h"
@@ -132,6 +133,8 @@ struct CharacterRecord : CharacterNumbers {
     std::vector<Connection> Connections;  // in the order in which they were made
     std::string SkillPackage;             // the package chosen at the end; empty for none
     TextList LeftOpen;                    // what the player was asked to pick and didn't
+
+    korvane::Luck Luck;  // of the checks that were rolled
 
     // The characteristics as each term began, for pictures of the life alone.
     std::vector<PerCharacteristic<Count>> TermStarts;

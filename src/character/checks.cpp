@@ -7,6 +7,16 @@
 
 namespace korvane {
 
+namespace {
+
+void Note(Session& session, const RolledCheck& rolled) {
+    session.character.Luck.Note(rolled);
+    if (session.seams.observer != nullptr)
+        session.seams.observer->CheckRolled(rolled);
+}
+
+}  // namespace
+
 int CheckTarget(std::string_view check) {
     // Targets beyond any roll are all alike; the bound only keeps the number within an int.
     constexpr double kBeyondAnyRoll = 1e6;
@@ -14,13 +24,25 @@ int CheckTarget(std::string_view check) {
         std::clamp(std::nearbyint(LenientNumber(AfterCharacters(check, 4))), -kBeyondAnyRoll, kBeyondAnyRoll));
 }
 
+int RollAgainst(Session& session, std::string_view what, int modifier, int target) {
+    const int effect = Roll(session, 2, 6) + modifier - target;
+    Note(session, {what, modifier, 0, target, effect});
+    return effect;
+}
+
+int RollUnder(Session& session, std::string_view what, int target, bool alone) {
+    const int effect = target - Roll(session, 2, 6);
+    Note(session, {what, 0, 0, target, effect, true, alone});
+    return effect;
+}
+
 int RollCheck(Session& session, std::string_view check, int dm) {
     const auto slot = static_cast<int>(CharacterPosition(check, '+'));
     const int roll = Roll(session, 2, 6);
     const int own = session.character.CharacteristicDM[slot];
-    const int effect = roll + dm + own - CheckTarget(check);
-    if (session.seams.observer != nullptr)
-        session.seams.observer->CheckRolled(check, own, dm, effect);
+    const int target = CheckTarget(check);
+    const int effect = roll + dm + own - target;
+    Note(session, {check, own, dm, target, effect});
     return effect;
 }
 

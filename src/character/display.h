@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "base/text_file.h"
+#include "character/rolled_check.h"
 
 namespace korvane {
 
@@ -33,8 +34,7 @@ class Observer {
     virtual void CharacterBegins() {}
     // It was started; what follows isn't its beginning any more.
     virtual void CharacterStarted() {}
-    // A check was rolled: its string, the modifier of the character, that of the moment, and by how much it was made.
-    virtual void CheckRolled(std::string_view /*check*/, int /*own*/, int /*once*/, int /*effect*/) {}
+    virtual void CheckRolled(const RolledCheck& /*rolled*/) {}
     // A rule file was loaded for the life.
     virtual void FileLoaded(const TextFile& /*file*/) {}
 };

@@ -62,9 +62,7 @@ class PlayedLife {
         player_.goingElsewhere = [this] { display_.Hush(); };
         life_.cameBack = [this] { display_.GoOn(); };
         life_.recorded = [this](const journal::Line& line) { display_.ShowDice(line); };
-        life_.checkRolled = [this](std::string_view check, int own, int once, int effect) {
-            display_.ShowCheck(check, own, once, effect);
-        };
+        life_.checkRolled = [this](const RolledCheck& rolled) { display_.ShowCheck(rolled); };
         life_.goesOn = [this](const journal::Divergence& divergence) {
             display_.GoOn();
             out_.Write(Concat("\n", divergence.what(), "\nThe rules have changed since then.\n"));

@@ -65,9 +65,12 @@ void TerminalDisplay::ShowDice(const journal::Line& line) {
         out_.Write(Concat("  . ", roll->request.count, "D", roll->request.sides, ": ", roll->answer, "\n"));
 }
 
-void TerminalDisplay::ShowCheck(std::string_view check, int own, int once, int effect) {
-    out_.Write(Concat("  . check ", check, ": ", SignedNumber(own + once), " to the roll against ", CheckTarget(check),
-                      effect >= 0 ? ", made by " : ", failed by ", std::abs(effect), "\n"));
+void TerminalDisplay::ShowCheck(const RolledCheck& rolled) {
+    const auto against = rolled.under ? Concat("the roll may be ", rolled.target, " at most")
+                                      : Concat(SignedNumber(rolled.own + rolled.once), " to the roll against ",
+                                               rolled.target);
+    out_.Write(Concat("  . check ", rolled.check, ": ", against, rolled.effect >= 0 ? ", made by " : ", failed by ",
+                      std::abs(rolled.effect), "\n"));
 }
 
 }  // namespace korvane::cli

@@ -33,7 +33,7 @@ class TerminalDisplay : public Display {
     void Hush(bool all = false);
     void GoOn();
     void ShowDice(const journal::Line& line);
-    void ShowCheck(std::string_view check, int own, int once, int effect);
+    void ShowCheck(const RolledCheck& rolled);
     void HistoryChanged() override;
 
   private:

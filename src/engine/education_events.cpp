@@ -36,8 +36,10 @@ void MeetPsionicGroup(Session& session) {
 
 void PlayPrank(Session& session) {
     AddHistory(session, "A supposedly harmless prank goes wrong and someone gets hurt, physically or emotionally.");
-    const int total = Roll(session, 2, 6) + session.character.CharacteristicDM[kSoc];
-    if (total > 7) {
+    constexpr int kForgiven = 8;
+    const int total =
+        RollAgainst(session, "Soc", session.character.CharacteristicDM[kSoc], kForgiven) + kForgiven;
+    if (total >= kForgiven) {
         AddRival(session, "Academic Prank");
         return;
     }

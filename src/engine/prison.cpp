@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "character/checks.h"
 #include "data/known_names.h"
 #include "engine/mustering_out.h"
 #include "engine/selection.h"
@@ -24,7 +25,7 @@ int FeeFor(int grade) {
 void Plead(Session& session, int grade) {
     auto& character = session.character;
     const int fee = FeeFor(grade);
-    const bool heard = Roll(session, 2, 6) + grade > 7;
+    const bool heard = RollAgainst(session, "Advocate", grade, 8) >= 0;
     if (heard)
         character.ParoleThreshold -= 1;
     AddHistory(session, heard ? "Sentence reduced; fee " : "Sentence not reduced; fee ", FormatThousands(fee));

@@ -1,9 +1,11 @@
 #include "engine/skill_roll.h"
 
+#include "character/checks.h"
+
 namespace korvane {
 
-int SkillRoll(Session& session, std::string_view /*skill*/, int target) {
-    return target - Roll(session, 2, 6);
+int SkillRoll(Session& session, std::string_view skill, int target, bool alone) {
+    return RollUnder(session, skill, target, alone);
 }
 
 }  // namespace korvane

@@ -8,7 +8,7 @@
 namespace korvane {
 
 // Rolls 2D6 and gives the target minus the roll: 0 or more is a success. How well the skill is held plays no part, so a
-// roll of at most the target succeeds whatever the skill.
-int SkillRoll(Session& session, std::string_view skill, int target);
+// roll of at most the target succeeds whatever the skill. `alone`: not one of several tries of which the best counts.
+int SkillRoll(Session& session, std::string_view skill, int target, bool alone = true);
 
 }  // namespace korvane

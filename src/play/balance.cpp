@@ -24,7 +24,8 @@ class Checks : public Observer {
   public:
     Checks(const Session& session, std::map<Place, Figures>& figures) : session_(session), figures_(figures) {}
 
-    void CheckRolled(std::string_view check, int own, int /*once*/, int effect) override {
+    void CheckRolled(const RolledCheck& rolled) override {
+        const auto& [check, own, once, target, effect, under, alone] = rolled;
         const auto& selection = session_.selection;
         auto& figures = figures_[{selection.career, selection.assignment}];
         // By the text's place in its file: two checks may read the same.

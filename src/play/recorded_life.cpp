@@ -68,9 +68,9 @@ void RecordedLife::CharacterStarted() {
         opening_ = tape_.lines;
 }
 
-void RecordedLife::CheckRolled(std::string_view check, int own, int once, int effect) {
+void RecordedLife::CheckRolled(const RolledCheck& rolled) {
     if (living_ && checkRolled)
-        checkRolled(check, own, once, effect);
+        checkRolled(rolled);
 }
 
 // The opening was recorded before it was known what is selected at the start.

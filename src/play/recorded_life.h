@@ -45,7 +45,7 @@ class RecordedLife : public LifeSteps, private Observer {
     std::function<bool(const journal::Divergence& divergence)> goesOn;
     // Told of each line that is recorded, and of each check that is rolled, while the life goes on.
     std::function<void(const journal::Line& line)> recorded;
-    std::function<void(std::string_view check, int own, int once, int effect)> checkRolled;
+    std::function<void(const RolledCheck& rolled)> checkRolled;
     // Called when a life that is lived again has come to where it goes on.
     std::function<void()> cameBack;
 
@@ -78,7 +78,7 @@ class RecordedLife : public LifeSteps, private Observer {
 
     void CharacterBegins() override;
     void CharacterStarted() override;
-    void CheckRolled(std::string_view check, int own, int once, int effect) override;
+    void CheckRolled(const RolledCheck& rolled) override;
     void BeginTape();
     void BeginAgain();
     LifeOutcome LiveOn(const Finished& finished, bool again);

@@ -147,13 +147,14 @@ void Apply(Session& session, const Check& effect) {
 void Apply(Session& session, const SkillTest& effect) {
     int best = std::numeric_limits<int>::min();
     for (const auto skill : effect.skills)
-        best = std::max(best, SkillRoll(session, skill, effect.target));
+        best = std::max(best, SkillRoll(session, skill, effect.target, effect.skills.size() == 1));
     ApplyAll(session, best >= 0 ? effect.success : effect.failure);
 }
 
 void Apply(Session& session, const BestTest& effect) {
-    const int total = Roll(session, 2, 6) + BestSkillModifier(session, effect.skills);
-    ApplyAll(session, total >= effect.target ? effect.success : effect.failure);
+    const int modifier = BestSkillModifier(session, effect.skills);
+    const int made = RollAgainst(session, session.choice.PickText, modifier, effect.target);
+    ApplyAll(session, made >= 0 ? effect.success : effect.failure);
 }
 
 void Apply(Session& session, const OnRoll& effect) {

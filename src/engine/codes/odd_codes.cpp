@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "character/checks.h"
 #include "engine/codes/effects.h"
 #include "engine/injury.h"
 #include "engine/prison.h"
@@ -37,6 +38,12 @@ void SettleStake(Session& session, int stake, bool wins) {
     AddHistory(session, outcome);
     Tell(session, outcome);
     session.character.BenefitRollsModifier += wins ? rolls : -rolls;
+}
+
+// 2D6 with the best modifier among skills, against a target.
+int RollBest(Session& session, const Texts& skills, int target) {
+    const int modifier = BestSkillModifier(session, skills);
+    return RollAgainst(session, session.choice.PickText, modifier, target);
 }
 
 // The skills with which the navy's battle stations are manned; none for other assignments.
@@ -76,12 +83,14 @@ void BetrayContactOrAlly(Session& session) {
 
 void AnswerAccusation(Session& session) {
     auto& character = session.character;
-    const int total = Roll(session, 2, 6) + SkillModifier(character, "Advocate");
+    constexpr int kCleared = 8;
+    constexpr int kConvicted = 2;
+    const int effect = RollAgainst(session, "Advocate", SkillModifier(character, "Advocate"), kCleared);
     character.LeaveCareer = 1;
-    if (total >= 8)
+    if (effect >= 0)
         return;
     character.MusterRolls -= 1;
-    if (total <= 2)
+    if (effect + kCleared <= kConvicted)
         Imprison(session);
 }
 
@@ -101,7 +110,7 @@ void FaceCourtMartial(Session& session) {
     const auto& skills = BattleSkills(session.selection.assignment);
     if (skills.empty())
         return;
-    if (Roll(session, 2, 6) + BestSkillModifier(session, skills) < 0) {
+    if (RollBest(session, skills, 0) < 0) {
         AddHistory(session, "Court-Martialled");
         return;
     }
@@ -131,7 +140,7 @@ void TakeSidesInUpheaval(Session& session) {
 void RiskDeal(Session& session) {
     const int stake = ChooseStake(session, "Chance to risk on a possible deal");
     if (stake > 0)
-        SettleStake(session, stake, Roll(session, 2, 6) + BestSkillModifier(session, Texts{"Gambler", "Broker"}) > 7);
+        SettleStake(session, stake, RollBest(session, Texts{"Gambler", "Broker"}, 8) >= 0);
 }
 
 void GambleAmongRogues(Session& session) {

@@ -198,9 +198,9 @@ void TapeDeck::CharacterStarted() {
         observer->CharacterStarted();
 }
 
-void TapeDeck::CheckRolled(std::string_view check, int own, int once, int effect) {
+void TapeDeck::CheckRolled(const RolledCheck& rolled) {
     if (observer != nullptr && !played_)
-        observer->CheckRolled(check, own, once, effect);
+        observer->CheckRolled(rolled);
 }
 
 void TapeDeck::NoteSelection() {

@@ -73,7 +73,7 @@ class TapeDeck : public Dice, public Player, public Observer {
     void CarriedOut(std::string_view chain, std::size_t row) override;
     void CharacterBegins() override;
     void CharacterStarted() override;
-    void CheckRolled(std::string_view check, int own, int once, int effect) override;
+    void CheckRolled(const RolledCheck& rolled) override;
     void FileLoaded(const TextFile& file) override;
 
   private:
