@@ -6,18 +6,21 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFontInfo>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPushButton>
 #include <QScreen>
 #include <QStyle>
 #include <QTimer>
+#include <QToolButton>
 #include <algorithm>
 #include <array>
 #include <iostream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/files.h"
@@ -29,6 +32,7 @@
 #include "engine/mustering_out.h"
 #include "engine/selection.h"
 #include "play/players.h"
+#include "play/sensible_player.h"
 #include "settings/start_up.h"
 #include "skills/skill_tables.h"
 #include "ui/kvn_about.h"
@@ -82,6 +86,31 @@ class Camera {
         }
     }
 
+    // Takes the dialog that `ask` shows with its odds, when all lives have been lived.
+    template <typename Ask>
+    void TakeOdds(const QString& name, const Ask& ask) const {
+        QTimer timer;
+        QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+            auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            if (dialog == nullptr)
+                return;
+            auto* const note = dialog->findChild<QLabel*>("oddsNote");
+            if (note == nullptr || note->isHidden())
+                dialog->findChild<QToolButton*>("oddsButton")->click();
+            else if (note->text().contains("2,000")) {
+                timer.stop();
+                Take(*dialog, name);
+                dialog->done(ui::NeededDialog::kScrapped);
+            }
+        });
+        timer.start(50);
+        try {
+            ask();
+        } catch (const CharacterScrapped&) {
+            return;
+        }
+    }
+
     // Takes the list that drops from the dialog's first combo box.
     template <typename Ask>
     void TakeList(const QString& name, const Ask& ask) const {
@@ -121,6 +150,44 @@ class Camera {
 
     QString folder_;
 };
+
+// Has pictures taken of the first questions of their kinds, and answers them itself.
+class Sitter : public play::SensiblePlayer {
+  public:
+    Sitter(const Session& session, Player& windows, const Camera& camera)
+        : SensiblePlayer(session, RandomStream(kSeed), 4), windows_(windows), camera_(camera) {}
+
+    int Choose(const ChoiceQuestion& question) override {
+        if (question.title == "Select Pre-Career Education")
+            camera_.TakeOdds("odds-choice", [&] { windows_.Choose(question); });
+        return SensiblePlayer::Choose(question);
+    }
+    bool Ask(const YesNoQuestion& question) override {
+        if (std::exchange(asked_, true) == false)
+            camera_.TakeOdds("odds-question", [&] { windows_.Ask(question); });
+        return SensiblePlayer::Ask(question);
+    }
+    EndOfTermAnswer EndOfTerm(const EndOfTermQuestion& question) override {
+        if (question.termsTotal == 2)
+            camera_.TakeOdds("odds-end-of-term", [&] { windows_.EndOfTerm(question); });
+        return SensiblePlayer::EndOfTerm(question);
+    }
+
+  private:
+    Player& windows_;
+    const Camera& camera_;
+    bool asked_ = false;
+};
+
+void TakeOddsOfALife(KVNGen& window, Session& session, const Camera& camera) {
+    Sitter sitter(session, window.player(), camera);
+    window.life().UsePlayer(sitter);
+    window.characterFinished = {};
+    LoadCareer(session, "Imperial Human", "Scout");
+    window.Refresh();
+    window.findChild<QPushButton*>("startCareer")->click();
+    window.life().UsePlayer(window.player());
+}
 
 // A life that was lived automatically, shown in the window. Returns the finished character.
 CharacterRecord LiveInWindow(Session& session, KVNGen& window) {
@@ -218,6 +285,7 @@ int Run(const QString& folder, const QString& rules) {
     window.resize(1200, 750);
     window.show();
     camera.Take(window, "main-new");
+    TakeOddsOfALife(window, session, camera);
     const auto finished = LiveInWindow(session, window);
     camera.Take(window, "main");
     window.resize(1024, 670);

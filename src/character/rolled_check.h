@@ -25,6 +25,9 @@ struct RolledCheck {
     int WaysOf36(int further = 0) const;
 };
 
+// A check as it is read, "Dex 5+", wherever its string has the "+"; what is none stays as it is.
+std::string CheckText(std::string_view check);
+
 // How the rolls of a life fell.
 struct Luck {
     struct Extreme {

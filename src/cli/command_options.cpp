@@ -92,6 +92,10 @@ void AddPageOptions(CLI::App& app, PageOrder& page) {
     app.add_flag("--pdf", page.pdf, "Have korvane-pdf make a PDF file of each page");
 }
 
+void AddLuck(CLI::App& app, bool& luck) {
+    app.add_flag("--luck", luck, "Tell how lucky each life was, in its text or document");
+}
+
 void CheckPages(Format format, const PageOrder& page, const std::string& folder) {
     if (format == Format::Html && folder.empty())
         throw UsageError(R"("--format html" writes files: name their folder with "--out FOLDER")");
@@ -152,6 +156,7 @@ void AddGenerate(CLI::App& app, GenerateCommand& command, RawOptions& raw) {
     app.add_option("--out", command.outFolder, "Folder for a file of each character, in place of standard output");
     AddNameOptions(app, command.name);
     AddPageOptions(app, command.page);
+    AddLuck(app, command.luck);
     app.add_option("--journal", command.journalFolder, "Folder for a journal of each character");
 }
 
@@ -170,6 +175,7 @@ void AddReplay(CLI::App& app, ReplayCommand& command, RawOptions& raw) {
     app.add_option("--out", command.outFolder, "Folder for the page of \"--format html\"");
     AddNameOptions(app, command.name);
     AddPageOptions(app, command.page);
+    AddLuck(app, command.luck);
 }
 
 void AddVerify(CLI::App& app, VerifyCommand& command, RawOptions& raw) {

@@ -51,6 +51,7 @@ struct GenerateCommand {
     std::string outFolder;             // empty: standard output; pages need one
     std::string journalFolder;         // empty: no journals
     bool progress = false;             // a progress line on the error stream
+    bool luck = false;                 // tell how lucky each life was
     std::uint64_t first = 1;           // the number of the first character
     std::vector<std::string> wants;    // expressions that all must hold; none: any character will do
     std::uint64_t tries = 10'000'000;  // lives at most, where something is wanted
@@ -77,6 +78,7 @@ struct ReplayCommand {
     NameOrder name;
     PageOrder page;
     std::string outFolder;  // for a page
+    bool luck = false;      // tell how lucky the life was
 };
 int Replay(const ReplayCommand& command, Streams& streams);
 

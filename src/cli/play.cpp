@@ -11,6 +11,7 @@
 #include "cli/terminal_player.h"
 #include "output/character_text.h"
 #include "output/journal/read_journal.h"
+#include "output/luck_line.h"
 #include "output/summary_texts.h"
 #include "play/kept_journal.h"
 
@@ -74,7 +75,7 @@ class PlayedLife {
 
     int Run() {
         const auto finished = [this] {
-            out_.Write("\n" + CharacterText(session_));
+            out_.Write(Concat("\n", CharacterText(session_), LuckLine(session_.character.Luck), "\n"));
             streams_.out << std::flush;
             return false;
         };

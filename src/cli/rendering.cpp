@@ -1,6 +1,8 @@
 #include "cli/rendering.h"
 
+#include "base/text.h"
 #include "output/character_text.h"
+#include "output/luck_line.h"
 #include "play/naming.h"
 
 namespace korvane::cli {
@@ -18,7 +20,10 @@ std::optional<std::string> NameFor(Session& session, const NameOrder& order, For
 std::string Rendered(const Session& session, Format format, const DocumentLabels& labels) {
     if (format == Format::Json)
         return CharacterDocument(session, labels) + "\n";
-    return (labels.name ? *labels.name + "\n" : std::string()) + CharacterText(session);
+    auto text = (labels.name ? *labels.name + "\n" : std::string()) + CharacterText(session);
+    if (const auto luck = LuckLine(session.character.Luck); labels.luck && !luck.empty())
+        AppendAll(text, luck, "\n");
+    return text;
 }
 
 }  // namespace korvane::cli

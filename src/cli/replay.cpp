@@ -93,6 +93,7 @@ class Replays {
         }
         if (command_.format == Format::Text && std::exchange(shownAny_, true))
             streams_.out << '\n';
+        labels.luck = command_.luck;
         labels.name = NameFor(session_, command_.name, command_.format, "Character");
         streams_.out << Rendered(session_, command_.format, labels);
     }

@@ -99,6 +99,26 @@ void AddCompany(JsonWriter& json, const CharacterRecord& character) {
     TextOrNull(json.Key("package"), character.SkillPackage);
 }
 
+void AddRoll(JsonWriter& json, const Luck::Extreme& roll) {
+    json.BeginObject();
+    json.Key("roll").Number(roll.luck);
+    json.Key("check").Text(CheckText(roll.check));
+    json.EndObject();
+}
+
+// The luckiest and the unluckiest roll are those of a life with any.
+void AddLuck(JsonWriter& json, const Luck& luck) {
+    json.Key("luck").BeginObject();
+    json.Key("rolls").Number(luck.rolls);
+    json.Key("sum").Number(luck.sum);
+    json.Key("expected").Number(7 * luck.rolls);
+    if (luck.rolls > 0) {
+        AddRoll(json.Key("best"), luck.best);
+        AddRoll(json.Key("worst"), luck.worst);
+    }
+    json.EndObject();
+}
+
 }  // namespace
 
 std::string CharacterDocument(const Session& session, const DocumentLabels& labels) {
@@ -118,6 +138,8 @@ std::string CharacterDocument(const Session& session, const DocumentLabels& labe
     json.Key("history").TextArray(character.History.lines());
     AddCompany(json, character);
     json.Key("open").TextArray(OpenPoints(character));
+    if (labels.luck)
+        AddLuck(json, character.Luck);
     json.EndObject();
     return document;
 }

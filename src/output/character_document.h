@@ -16,6 +16,7 @@ struct DocumentLabels {
     std::optional<std::uint64_t> number;  // of the character in its run
     std::optional<Origin> dice;
     std::optional<std::int64_t> backs;  // how often the player went back
+    bool luck = false;                  // whether it tells how the checks were rolled
 };
 
 // The document of the session's character, on one line, without a line end; the labels there are come first.

@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "base/text.h"
+#include "output/luck_line.h"
 #include "skills/grant.h"
 
 namespace korvane {
@@ -181,6 +182,8 @@ std::vector<std::string> EndedDetailLines(const Session& session) {
     std::ranges::move(DetailLines(session.character), std::back_inserter(lines));
     for (const auto& point : OpenPoints(session.character))
         lines.push_back("Still to decide: " + point);
+    if (auto luck = LuckLine(session.character.Luck); !luck.empty())
+        lines.push_back(std::move(luck));
     return lines;
 }
 

@@ -32,7 +32,7 @@ std::vector<std::string> OpenPoints(const CharacterRecord& character);
 // The same in one line, with commas; empty for nothing.
 std::string OpenPointsLine(const CharacterRecord& character);
 // The lines of the panel for a character whose life has ended: its characteristics, whose list is the next one's by
-// then, the lines of above, and what is still to be decided.
+// then, the lines of above, what is still to be decided, and how lucky the life was.
 std::vector<std::string> EndedDetailLines(const Session& session);
 
 // The title of a rank; throws RuleError (subscript) for one outside 0 to 12.

@@ -26,6 +26,7 @@ constexpr std::array kAnswerNames = {"reEnlist", "transfer", "musterOut", "scrap
 KVNEndTerm::KVNEndTerm(QWidget* parent)
     : NeededDialog(parent),
       back_(*this),
+      odds_(*this),
       options_("Options"),
       boxes_(kOrder, 3),
       heading_(ToQt(kEndOfTermHeading)),
@@ -62,6 +63,7 @@ void KVNEndTerm::LayOut() {
     for (auto& button : buttons_)
         buttons->addWidget(&button);
     buttons->addStretch();
+    buttons->addWidget(&odds_);
     buttons->addWidget(&back_);
     grid->addWidget(&heading_, 0, 0, 1, 3);
     grid->addLayout(buttons, 1, 0, 2, 1);

@@ -12,6 +12,7 @@
 #include "ui/copy_list.h"
 #include "ui/dialog.h"
 #include "ui/key_button.h"
+#include "ui/odds_panel.h"
 #include "ui/option_boxes.h"
 #include "ui/story_list.h"
 
@@ -27,6 +28,7 @@ class KVNEndTerm : public NeededDialog {
 
     void SetQuestion(const EndOfTermQuestion& question);
     BackButton& back() { return back_; }
+    OddsButton& odds() { return odds_; }
     void SetSkills(const std::vector<std::string>& lines);
     void SetHistory(const CharacterRecord& character, const RaceRecord& race);
     EndOfTermAnswer Result() const { return {choice_, boxes_.Ticked()}; }
@@ -39,6 +41,7 @@ class KVNEndTerm : public NeededDialog {
     void LayOut();
 
     BackButton back_;
+    OddsButton odds_;
     QGroupBox options_;
     OptionBoxes boxes_;
     QLabel heading_;

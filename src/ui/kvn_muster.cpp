@@ -24,6 +24,7 @@ constexpr std::array kNames = {"cash", "material", "threeCash", "done"};
 KVNMuster::KVNMuster(QWidget* parent)
     : QDialog(parent),
       back_(*this),
+      odds_(*this),
       gambler_(ToQt(kGamblerQuestion)),
       results_("Results"),
       cash_("cashResults", tr("Results: cash")),
@@ -66,6 +67,7 @@ void KVNMuster::LayOut() {
     column->addWidget(&gambler_);
     auto* const buttons = new QHBoxLayout;
     buttons->addWidget(&back_);
+    buttons->addWidget(&odds_);
     for (auto& button : buttons_)
         buttons->addWidget(&button);
     column->addLayout(buttons);

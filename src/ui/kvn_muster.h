@@ -16,6 +16,7 @@
 #include "ui/back_button.h"
 #include "ui/copy_list.h"
 #include "ui/key_button.h"
+#include "ui/odds_panel.h"
 
 namespace korvane::ui {
 
@@ -35,6 +36,7 @@ class KVNMuster : public QDialog {
     // Called when the player goes elsewhere, with a result of the way back.
     std::function<void(int result)> left;
     BackButton& back() { return back_; }
+    OddsButton& odds() { return odds_; }
 
     void SetQuestion(const MusterQuestion& question);
     // What is left to spend and what it has brought, without a change to the buttons.
@@ -59,6 +61,7 @@ class KVNMuster : public QDialog {
     void Press(MusterButton button);
 
     BackButton back_;
+    OddsButton odds_;
     QLabel rolls_;
     QLabel bonuses_;
     QCheckBox gambler_;

@@ -50,7 +50,11 @@ class NumberedRows : public QStyledItemDelegate {
 }  // namespace
 
 KVNTables::KVNTables(QWidget* parent)
-    : NeededDialog(parent), back_(*this), heldLabel_(tr("Currently Held")), held_("held", tr("Currently Held")) {
+    : NeededDialog(parent),
+      back_(*this),
+      odds_(*this),
+      heldLabel_(tr("Currently Held")),
+      held_("held", tr("Currently Held")) {
     setObjectName("KVNTables");
     recent_.setParent(this);  // first, as it is read
     instruction_.setObjectName("instruction");
@@ -65,7 +69,11 @@ KVNTables::KVNTables(QWidget* parent)
     }
     grid->addWidget(&recent_, 0, 0, 1, kColumns);
     grid->addWidget(&instruction_, 3, 0, 1, kColumns, Qt::AlignHCenter);
-    grid->addWidget(&back_, 3, 0, Qt::AlignLeft);
+    auto* const ways = new QHBoxLayout;
+    ways->addWidget(&back_);
+    ways->addWidget(&odds_);
+    ways->addStretch();
+    grid->addLayout(ways, 3, 0);
     grid->addWidget(&heldLabel_, 4, 0, 1, kColumns);
     grid->addWidget(&held_, 5, 0, 1, kColumns);
     grid->setRowStretch(2, 4);
@@ -78,6 +86,7 @@ KVNTables::KVNTables(QWidget* parent)
         setTabOrder(columns_.at(i - 1).rows, columns_.at(i).rows);
     setTabOrder(columns_.back().rows, &held_);
     setTabOrder(&held_, &back_);
+    setTabOrder(&back_, &odds_);
     const auto room = screen()->availableGeometry().size() * 9 / 10;
     resize(QSize(fontMetrics().averageCharWidth() * 126, fontMetrics().lineSpacing() * 33).boundedTo(room));
 }

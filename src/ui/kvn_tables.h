@@ -11,6 +11,7 @@
 #include "ui/copy_list.h"
 #include "ui/dialog.h"
 #include "ui/key_button.h"
+#include "ui/odds_panel.h"
 #include "ui/recent_lines.h"
 
 namespace korvane::ui {
@@ -25,6 +26,7 @@ class KVNTables : public NeededDialog {
     // The column that was pressed, counted from 1.
     int picked() const { return picked_; }
     BackButton& back() { return back_; }
+    OddsButton& odds() { return odds_; }
     RecentLines& recent() { return recent_; }
 
   protected:
@@ -43,6 +45,7 @@ class KVNTables : public NeededDialog {
     std::array<Column, kColumns> columns_{};
     RecentLines recent_;
     BackButton back_;
+    OddsButton odds_;
     QLabel instruction_;
     QLabel heldLabel_;
     CopyList held_;

@@ -55,6 +55,7 @@ KVNTransfer::KVNTransfer(QWidget* parent)
       careerLabel_("Career"),
       assignmentLabel_("Assignment"),
       back_(*this),
+      odds_(*this),
       accept_("Accept"),
       endCareer_(ToQt(kEndCareer)) {
     setObjectName("KVNTransfer");
@@ -110,6 +111,7 @@ void KVNTransfer::LayOut() {
     grid->setRowStretch(5, 1);
     auto* const buttons = new QHBoxLayout;
     buttons->addWidget(&back_);
+    buttons->addWidget(&odds_);
     buttons->addStretch();
     buttons->addWidget(&accept_);
     buttons->addWidget(&endCareer_);

@@ -9,6 +9,7 @@
 #include "ui/back_button.h"
 #include "ui/choice_combo.h"
 #include "ui/dialog.h"
+#include "ui/odds_panel.h"
 
 namespace korvane::ui {
 
@@ -20,6 +21,7 @@ class KVNTransfer : public NeededDialog {
     // No career is chosen afterwards.
     void SetQuestion(const TransferQuestion& question);
     BackButton& back() { return back_; }
+    OddsButton& odds() { return odds_; }
     // Nothing for "End Career".
     std::optional<TransferAnswer> Result() const;
     // What the transfer costs, in a sentence.
@@ -41,6 +43,7 @@ class KVNTransfer : public NeededDialog {
     ChoiceCombo career_;
     ChoiceCombo assignment_;
     BackButton back_;
+    OddsButton odds_;
     QPushButton accept_;
     QPushButton endCareer_;
     bool ended_ = false;

@@ -4,6 +4,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QHBoxLayout>
 
 #include "ui/back_button.h"
 #include "ui/qt_text.h"
@@ -29,13 +30,18 @@ QMessageBox::Icon IconOf(Icon icon) {
 }
 
 // Puts the way back into a box's row of buttons.
-void OfferBack(QMessageBox& box, const LifeSteps* steps) {
+void OfferBack(QMessageBox& box, const LifeSteps* steps, OddsButton* odds = nullptr) {
     if (steps == nullptr)
         return;
+    auto* const row = new QHBoxLayout;
     auto* const back = new BackButton(box);
     back->Offer(steps);
+    row->addWidget(back);
+    if (odds != nullptr)
+        row->addWidget(odds);
+    row->addStretch();
     if (auto* const grid = qobject_cast<QGridLayout*>(box.layout()))
-        grid->addWidget(back, grid->rowCount(), 0, 1, grid->columnCount(), Qt::AlignLeft);
+        grid->addLayout(row, grid->rowCount(), 0, 1, grid->columnCount());
 }
 
 }  // namespace
@@ -49,12 +55,16 @@ int ShowMessage(InputGuard& guard, QWidget* parent, const QString& title, const 
 }
 
 int AskYesNo(InputGuard& guard, QWidget* parent, const QString& title, const YesNoQuestion& question,
-             const LifeSteps* steps, std::span<const std::string> recent) {
+             const LifeSteps* steps, std::span<const std::string> recent,
+             const std::function<void(OddsButton& odds)>& offerOdds) {
     QMessageBox box(IconOf(question.icon), title, ToQt(question.text), QMessageBox::Yes | QMessageBox::No, parent);
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(question.defaultYes ? QMessageBox::Yes : QMessageBox::No);
     AddRecentLines(box, recent);
-    OfferBack(box, steps);
+    auto* const odds = offerOdds ? new OddsButton(box) : nullptr;
+    OfferBack(box, steps, odds);
+    if (odds != nullptr)
+        offerOdds(*odds);
     return guard.Run(box);
 }
 

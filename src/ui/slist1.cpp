@@ -46,7 +46,8 @@ SLIST1::SLIST1(QWidget* parent, InputGuard& guard)
       selectAll_(tr("Select &All")),
       clear_(tr("C&lear")),
       find_(tr("&Find...")),
-      back_(*this) {
+      back_(*this),
+      odds_(*this) {
     setObjectName("SLIST1");
     setModal(true);
     prompt_.setObjectName("prompt");
@@ -81,6 +82,7 @@ void SLIST1::LayOut() {
     column->addWidget(&list_, 1);
     auto* const buttons = new QHBoxLayout;
     buttons->addWidget(&back_);
+    buttons->addWidget(&odds_);
     for (auto* const button : {&ok_, &cancel_, &selectAll_, &clear_, &find_})
         buttons->addWidget(button);
     column->addLayout(buttons);

@@ -11,6 +11,7 @@
 #include "character/player.h"
 #include "ui/back_button.h"
 #include "ui/input_guard.h"
+#include "ui/odds_panel.h"
 #include "ui/recent_lines.h"
 
 namespace korvane::ui {
@@ -32,6 +33,7 @@ class SLIST1 : public QDialog {
     // The marked items, counted from 1, ascending; none after "Cancel".
     std::vector<int> Marked() const;
     BackButton& back() { return back_; }
+    OddsButton& odds() { return odds_; }
     RecentLines& recent() { return recent_; }
 
     void reject() override;
@@ -68,6 +70,7 @@ class SLIST1 : public QDialog {
     QPushButton clear_;
     QPushButton find_;
     BackButton back_;
+    OddsButton odds_;
 };
 
 }  // namespace korvane::ui

@@ -19,12 +19,15 @@ constexpr int kRowHeight = 500;
 
 }  // namespace
 
-SPICKBOX::SPICKBOX(QWidget* parent) : NeededDialog(parent), recent_(*this), back_(*this), title_(this) {
+SPICKBOX::SPICKBOX(QWidget* parent) : NeededDialog(parent), recent_(*this), back_(*this), odds_(*this), title_(this) {
     setObjectName("SPICKBOX");
     // The dialog's size is told by its texts: the way back must do with the margin beside them.
     back_.setToolButtonStyle(Qt::ToolButtonIconOnly);
     back_.setPopupMode(QToolButton::DelayedPopup);
     back_.setAutoRaise(true);
+    odds_.setText(tr("%"));
+    odds_.setAutoRaise(true);
+    odds_.fit = [this] { Place(); };
     title_.setObjectName("title");
     title_.setAlignment(Qt::AlignCenter);
     title_.setTextFormat(Qt::PlainText);
@@ -58,29 +61,35 @@ void SPICKBOX::SetQuestion(const ChoiceQuestion& question) {
         buttons_[i]->setAccessibleName(question.options[i].empty() ? tr("(empty)") : ToQt(question.options[i]));
         longest = std::max(longest, CharacterCount(question.options[i]));
     }
-    Place(static_cast<int>(longest));
+    longest_ = static_cast<int>(longest);
+    Place();
     buttons_.at(static_cast<std::size_t>(question.focus < shown_ ? question.focus : 0))->setFocus();
 }
 
-void SPICKBOX::Place(int longest) {
+void SPICKBOX::Place() {
     const int margin = FromTwips(*this, kButtonMargin);
-    const int told = FromTwips(*this, kWidthPerCharacter * longest + kButtonMargin);
+    const int told = FromTwips(*this, kWidthPerCharacter * longest_ + kButtonMargin);
     int button_width = told;
     for (const auto* const button : Shown())  // wide letters may need more than they are allowed
         button_width =
             std::max(button_width, fontMetrics().horizontalAdvance(button->text()) + button->KeyRoom() + margin / 2);
     const int title_width = fontMetrics().horizontalAdvance(title_.text()) + margin;
-    const int width = std::max(
-        {FromTwips(*this, kWidthPerCharacter * longest + kDialogMargin), button_width + 4 * margin, title_width});
+    const int told_width = std::max(
+        {FromTwips(*this, kWidthPerCharacter * longest_ + kDialogMargin), button_width + 4 * margin, title_width});
     // Two dozen rows may be more than a small screen has.
-    const int room = screen()->availableGeometry().height() * 9 / 10;
-    const int height = std::min(FromTwips(*this, kRowHeight * (shown_ + 1)), room);
-    setFixedSize(width, height);
+    const auto room = screen()->availableGeometry().size() * 9 / 10;
+    const auto panel = odds_.IsOpen() ? odds_.panel().sizeHint() + QSize(2 * margin, margin) : QSize(0, 0);
+    const int width = std::max(told_width, std::min(panel.width(), room.width()));
+    const int height = std::min(FromTwips(*this, kRowHeight * (shown_ + 1)), room.height() - panel.height());
+    setFixedSize(width, height + panel.height());
+    if (odds_.IsOpen())
+        odds_.panel().setGeometry(margin, height, width - 2 * margin, panel.height() - margin);
 
     const int title_height = fontMetrics().height() + margin / 2;
     title_.setGeometry(0, 0, width, title_height);
     const int side = std::min(FromTwips(*this, (kDialogMargin - kButtonMargin) / 2), (width - button_width) / 2);
     back_.setGeometry(width - side, height - side, side, side);
+    odds_.setGeometry(0, height - side, side, side);
     const int row = (height - title_height) / shown_;
     const int button_height = std::min(buttons_.front()->sizeHint().height(), row);
     int top = title_height + (row - button_height) / 2;

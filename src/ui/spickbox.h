@@ -9,6 +9,7 @@
 #include "ui/back_button.h"
 #include "ui/dialog.h"
 #include "ui/key_button.h"
+#include "ui/odds_panel.h"
 #include "ui/recent_lines.h"
 
 namespace korvane::ui {
@@ -20,6 +21,7 @@ class SPICKBOX : public NeededDialog {
 
     void SetQuestion(const ChoiceQuestion& question);
     BackButton& back() { return back_; }
+    OddsButton& odds() { return odds_; }
     RecentLinesAbove& recent() { return recent_; }
     // The alternative that was chosen, counted from 1.
     int picked() const { return picked_; }
@@ -31,10 +33,12 @@ class SPICKBOX : public NeededDialog {
     void AddButton();
     std::span<KeyButton* const> Shown() const { return std::span(buttons_).first(static_cast<std::size_t>(shown_)); }
     // The width of the longest text, in characters of which each takes 100 twips, decides over all widths.
-    void Place(int longest);
+    void Place();
 
     RecentLinesAbove recent_;
     BackButton back_;
+    OddsButton odds_;
+    int longest_ = 0;  // text, in characters
     QLabel title_;  // a narrow frame may cut the window's own
     std::vector<KeyButton*> buttons_;
     int shown_ = 0;

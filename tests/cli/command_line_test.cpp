@@ -159,7 +159,7 @@ TEST(CommandLine, PlayedLifeReplaysToTheSameCharacter) {
     ASSERT_EQ(
         RunCommandLine({"play", "--data", KORVANE_RULES, "--race", "Imperial Human", "--journal", journal}, streams), 0)
         << errors.str() << screen.str().substr(screen.str().size() - std::min<std::size_t>(screen.str().size(), 1500));
-    const auto replayed = RunCli({"replay", journal, "--data", KORVANE_RULES});
+    const auto replayed = RunCli({"replay", journal, "--luck", "--data", KORVANE_RULES});
     EXPECT_EQ(replayed.status, 0) << replayed.err;
     ASSERT_FALSE(replayed.out.empty());
     EXPECT_TRUE(screen.str().ends_with("\n" + replayed.out)) << screen.str();
