@@ -1,6 +1,7 @@
 // Takes a picture of each window: korvane_screens light|dark FOLDER RULES. scripts/pictures.sh runs it.
 
 #include <QAbstractItemView>
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -14,6 +15,7 @@
 #include <QStyle>
 #include <QTimer>
 #include <QToolButton>
+#include <QTreeWidget>
 #include <algorithm>
 #include <array>
 #include <iostream>
@@ -179,6 +181,24 @@ class Sitter : public play::SensiblePlayer {
     bool asked_ = false;
 };
 
+void TakeCareers(KVNGen& window, const Camera& camera) {
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr || !dialog->findChild<QLabel*>("careersNote")->text().startsWith("2,000"))
+            return;
+        timer.stop();
+        auto* const careers = dialog->findChild<QTreeWidget*>("careers");
+        careers->topLevelItem(1)->setExpanded(true);
+        camera.Take(*dialog, "careers");
+        dialog->reject();
+    });
+    timer.start(50);
+    for (auto* const action : window.findChildren<QAction*>())
+        if (action->shortcut() == QKeySequence(Qt::CTRL | Qt::Key_K))
+            action->trigger();
+}
+
 void TakeOddsOfALife(KVNGen& window, Session& session, const Camera& camera) {
     Sitter sitter(session, window.player(), camera);
     window.life().UsePlayer(sitter);
@@ -285,6 +305,7 @@ int Run(const QString& folder, const QString& rules) {
     window.resize(1200, 750);
     window.show();
     camera.Take(window, "main-new");
+    TakeCareers(window, camera);
     TakeOddsOfALife(window, session, camera);
     const auto finished = LiveInWindow(session, window);
     camera.Take(window, "main");

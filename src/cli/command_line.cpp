@@ -42,6 +42,7 @@ struct Order {
     VerifyCommand verify;
     CheckCommand check;
     BalanceCommand balance;
+    OddsCommand odds;
     NewCareerCommand newCareer;
     CodesCommand codes;
 };
@@ -60,7 +61,7 @@ struct Verb {
     void (*add)(CLI::App& app, Order& order);
     int (*run)(Order& order, Streams& streams);
 };
-constexpr std::array<Verb, 8> kVerbs = {{
+constexpr std::array<Verb, 9> kVerbs = {{
     {"generate", "Generate characters without a person",
      [](CLI::App& app, Order& order) { AddGenerate(app, order.generate, order.raw); }, Run<&Order::generate, Generate>},
     {"play", "Play a character's life at the terminal",
@@ -74,6 +75,8 @@ constexpr std::array<Verb, 8> kVerbs = {{
     {"balance", "Measure what rule data make of lives",
      [](CLI::App& app, Order& order) { AddBalance(app, order.balance, order.raw); },
      Run<&Order::balance, MeasureBalance>},
+    {"odds", "Compare careers: what each holds for a character",
+     [](CLI::App& app, Order& order) { AddOdds(app, order.odds, order.raw); }, Run<&Order::odds, CompareCareers>},
     {"new-career", "Write the files of a new career, to be filled in",
      [](CLI::App& app, Order& order) { AddNewCareer(app, order.newCareer); },
      [](Order& order, Streams& streams) { return NewCareer(order.newCareer, streams); }},

@@ -209,6 +209,21 @@ void AddBalance(CLI::App& app, BalanceCommand& command, RawOptions& raw) {
     app.add_option("--out", command.outFolder, "Folder for the page of \"--format md\" and its pictures");
 }
 
+void AddOdds(CLI::App& app, OddsCommand& command, RawOptions& raw) {
+    app.add_option("--data", command.data, "Folder of the rule data");
+    app.add_option("--race", command.race, "Race, as its file is named (default: the one that is offered first)");
+    app.add_option("--career", command.career, "This career alone");
+    app.add_option("--set", command.set, "A characteristic, as \"Dex=9\"; may be repeated (default: the average)")
+        ->allow_extra_args(false);
+    app.add_option("--option", raw.options, "An option to tick; may be repeated: " + Listed(kOptionCaptions))
+        ->allow_extra_args(false);
+    AddNumber(app, "--terms", command.terms, 1, 100, "Terms of service of each life (default: 4)");
+    AddNumber(app, "--lives", command.lives, 1, kMostLives, "Lives in each assignment (default: 2000)");
+    app.add_option("--format", raw.format, "How the figures are printed")
+        ->check(CLI::IsMember({"text", "json"}))
+        ->capture_default_str();
+}
+
 void AddNewCareer(CLI::App& app, NewCareerCommand& command) {
     app.add_option("RACE", command.race, "The race, as its file is named")->required();
     app.add_option("CAREER", command.career, "The name of the career")->required();
@@ -253,6 +268,11 @@ void Settle(VerifyCommand& command, const RawOptions& raw) {
 }
 
 void Settle(CheckCommand& command, const RawOptions& raw) {
+    command.format = FormatNamed(raw.format);
+}
+
+void Settle(OddsCommand& command, const RawOptions& raw) {
+    command.options = OptionsNamed(raw.options);
     command.format = FormatNamed(raw.format);
 }
 

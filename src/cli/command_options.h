@@ -27,6 +27,7 @@ void AddReplay(CLI::App& app, ReplayCommand& command, RawOptions& raw);
 void AddVerify(CLI::App& app, VerifyCommand& command, RawOptions& raw);
 void AddCheck(CLI::App& app, CheckCommand& command, RawOptions& raw);
 void AddBalance(CLI::App& app, BalanceCommand& command, RawOptions& raw);
+void AddOdds(CLI::App& app, OddsCommand& command, RawOptions& raw);
 void AddNewCareer(CLI::App& app, NewCareerCommand& command);
 void AddCodes(CLI::App& app, CodesCommand& command);
 
@@ -37,6 +38,7 @@ void Settle(ReplayCommand& command, const RawOptions& raw);
 void Settle(VerifyCommand& command, const RawOptions& raw);
 void Settle(CheckCommand& command, const RawOptions& raw);
 void Settle(BalanceCommand& command, const RawOptions& raw);
+void Settle(OddsCommand& command, const RawOptions& raw);
 
 // "one, two, three".
 template <typename Texts>

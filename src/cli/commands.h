@@ -113,6 +113,19 @@ struct BalanceCommand {
 };
 int MeasureBalance(const BalanceCommand& command, Streams& streams);
 
+// Tells what careers hold for a character: for an average one, but for what is set.
+struct OddsCommand {
+    std::string data;
+    std::string race;              // empty: the one that is offered first
+    std::string career;            // empty: all
+    std::vector<std::string> set;  // characteristics, as "Dex=9"
+    Options options;
+    int terms = 4;
+    std::uint64_t lives = 2000;  // in each assignment
+    Format format = Format::Text;
+};
+int CompareCareers(const OddsCommand& command, Streams& streams);
+
 // Writes the files of a new career, to be filled in.
 struct NewCareerCommand {
     std::string data;

@@ -94,6 +94,16 @@ LifeEnd GenerationController::GoOn(journal::Journal journal, const play::Recorde
     return Run([&] { return life_.GoOn(std::move(journal), finished); });
 }
 
+LifeEnd GenerationController::LiveOther(journal::Tape tape, const play::RecordedLife::Finished& finished) {
+    ChangeAll();
+    return Run([&] { return life_.LiveOther(std::move(tape), finished); });
+}
+
+bool GenerationController::RollHomeWorldAnew() {
+    changes_.summary = true;
+    return life_.RollHomeWorldAnew();
+}
+
 LifeEnd GenerationController::Run(const std::function<play::LifeOutcome()>& live) {
     ended_.reset();
     changes_.history = changes_.skills = true;

@@ -95,6 +95,11 @@ class GenerationController : public Display {
     // The same for a journal's life: goes on where it ends.
     LifeEnd GoOn(journal::Journal journal, const play::RecordedLife::Finished& finished);
 
+    // The same for a life that is new but for its beginning.
+    LifeEnd LiveOther(journal::Tape tape, const play::RecordedLife::Finished& finished);
+    // Rolls the home world of the character that waits for its start anew. Whether there are tables of them.
+    bool RollHomeWorldAnew();
+
     void HistoryChanged() override { changes_.history = true; }
     void SkillsChanged() override { changes_.skills = true; }
     void SummaryChanged() override { changes_.summary = true; }

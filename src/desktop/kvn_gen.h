@@ -82,6 +82,12 @@ class KVNGen : public QMainWindow {
     void ExportEnded();
     // Lets the player choose a question by the line of the history that followed it.
     std::optional<std::size_t> ChooseQuestion();
+    // Shows what each career holds for the character that waits for its start, and takes over what is chosen.
+    void CompareCareers();
+    // Rolls the home world of the finished character in view anew, else of the one that waits for its start.
+    void RollHomeWorldAnew();
+    // Lives the finished character's life anew from a term on that the player chooses.
+    void LiveAnother();
     void ShowAbout();
     // Carries out what a control asks for, unless the rules run already: then nothing acts but the dialog that asks.
     void Do(const std::function<void()>& action);
@@ -103,6 +109,7 @@ class KVNGen : public QMainWindow {
     ui::DialogPlayer player_;
     GenerationController controller_;
     LifeJournals journals_;
+    Display nobody_;  // of lives that are looked at beside
     // The boxes come before what stands in them.
     QSplitter splitter_;
     QLabel next_;     // whose the left column is

@@ -44,7 +44,11 @@ void KVNGen::SetUpMenu() {
     const auto add = [&](const QString& text, const QKeySequence& keys, const std::function<void()>& act) {
         connect(life->addAction(text, keys), &QAction::triggered, this, [this, act] { Do(act); });
     };
-    add(tr("&Keep a journal..."), Qt::CTRL | Qt::Key_K, [this] { journals_.AskToKeep(); });
+    add(tr("&Compare careers..."), Qt::CTRL | Qt::Key_K, [this] { CompareCareers(); });
+    add(tr("Another home &world"), Qt::CTRL | Qt::Key_W, [this] { RollHomeWorldAnew(); });
+    add(tr("&Another life from a term on..."), Qt::CTRL | Qt::Key_T, [this] { LiveAnother(); });
+    life->addSeparator();
+    add(tr("&Keep a journal..."), Qt::CTRL | Qt::Key_J, [this] { journals_.AskToKeep(); });
     add(tr("&Go on from a journal..."), Qt::CTRL | Qt::Key_O, [this] { journals_.AskToGoOn(); });
     add(tr("&Journal of this character..."), Qt::CTRL | Qt::Key_S, [this] { journals_.Save(); });
     add(tr("&Export..."), Qt::CTRL | Qt::Key_E, [this] { ExportEnded(); });

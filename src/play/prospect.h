@@ -37,6 +37,9 @@ class Witness : public Observer, public Display {
     // To be told when the life has ended.
     Prospect End();
 
+    // Whether the next term hasn't ended.
+    bool Watches() const { return begun_ && !termEnded_; }
+
     void CheckRolled(const RolledCheck& rolled) override;
     void HistoryChanged() override;
     void SummaryChanged() override;
@@ -53,8 +56,6 @@ class Witness : public Observer, public Display {
     static Holdings HoldingsOf(const CharacterRecord& character);
     void NoteFirst(const RolledCheck& rolled);
     void NoteRank();
-    // Whether the next term hasn't ended.
-    bool Watches() const { return begun_ && !termEnded_; }
     void Set(Figure figure, double value) { prospect_.at(static_cast<std::size_t>(figure)) = value; }
 
     Session& session_;

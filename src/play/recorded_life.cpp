@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "play/other_life.h"
+
 namespace korvane::play {
 
 namespace {
@@ -125,6 +127,21 @@ LifeOutcome RecordedLife::GoOn(journal::Journal journal, const Finished& finishe
         tape_.lines.pop_back();
     SelectStartOf(session_, tape_.start);
     return LiveOn(finished, true);
+}
+
+LifeOutcome RecordedLife::LiveOther(journal::Tape tape, const Finished& finished) {
+    if (keeper != nullptr)
+        keeper->Begun(tape);
+    journal::Journal journal;
+    journal.tape = std::move(tape);
+    return GoOn(std::move(journal), finished);
+}
+
+bool RecordedLife::RollHomeWorldAnew() {
+    if (!play::RollHomeWorldAnew(session_, opening_, *dice_))
+        return false;
+    tape_.start.dice = Origin{};
+    return true;
 }
 
 LifeOutcome RecordedLife::LiveOn(const Finished& finished, bool again) {

@@ -56,6 +56,12 @@ class RecordedLife : public LifeSteps, private Observer {
     // Lives a journal's life again and goes on where it ends; a finished one is handed over as it is.
     LifeOutcome GoOn(journal::Journal journal, const Finished& finished);
 
+    // Lives a life that is new but for its beginning, which the tape holds; beyond it other dice fall.
+    LifeOutcome LiveOther(journal::Tape tape, const Finished& finished);
+    // Rolls the home world of the character that was started last anew, with dice that aren't the seed's. Whether there
+    // is one to be rolled.
+    bool RollHomeWorldAnew();
+
     const journal::Tape& tape() const { return tape_; }
     // The life that ended last, until the next one begins.
     const std::optional<journal::Tape>& ended() const { return ended_; }

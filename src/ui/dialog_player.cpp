@@ -44,6 +44,25 @@ struct Unheard {
 
 }  // namespace
 
+namespace {
+
+// Lives on from each answer, on a session of its own, and tells what was found so far from time to time.
+template <typename Tell>
+void Reckon(const HeldPath& rules, const play::OpenQuestion& question, const Background::Stops& stops,
+            const Tell& tell) {
+    Display nobody;
+    Session session(DataFolder(rules, DataFolder::Reading::Once), {nullptr, nullptr, &nobody});
+    play::Odds odds(session, question);
+    for (const auto lives : {200U, 500U, 1000U, 2000U}) {
+        odds.LiveUpTo(lives, stops);
+        if (stops())
+            return;
+        tell(play::TableOf(odds));
+    }
+}
+
+}  // namespace
+
 // Folding and unfolding is remembered, and the odds are reckoned only while they are to be seen.
 class DialogPlayer::OddsOffer {
   public:
@@ -92,7 +111,14 @@ void DialogPlayer::ShowOdds(OddsButton& button, const Alternatives& alternatives
         button.Change([&](OddsPanel& panel) { panel.Await(static_cast<int>(answers.size())); });
         if (!odds_)
             odds_.emplace();
-        odds_->Ask(session_.data.location(), openQuestion(std::move(answers)), {show, fail});
+        odds_->Begin(
+            [rules = session_.data.location(), question = openQuestion(std::move(answers)), show](
+                const Background::Stops& stops, const Background::Tell& tell) {
+                Reckon(rules, question, stops, [&](play::OddsTable table) {
+                    tell([show, table = std::move(table)] { show(table); });
+                });
+            },
+            fail);
     } catch (const std::exception& error) {
         // The dialog asks on without them; what a file has met it with is told where the rules need it.
         fail(ToQt(error.what()));

@@ -9,12 +9,14 @@
 #include <vector>
 
 #include "character/KVNDeclare.h"
+#include "play/odds_table.h"
 #include "ui/input_guard.h"
 #include "ui/kvn_end_term.h"
 #include "ui/kvn_muster.h"
 #include "ui/kvn_tables.h"
 #include "ui/kvn_transfer.h"
-#include "ui/odds_desk.h"
+#include "ui/background.h"
+#include "ui/odds_panel.h"
 #include "ui/slist1.h"
 #include "ui/spickbox.h"
 
@@ -91,7 +93,7 @@ class DialogPlayer : public Player {
     std::unique_ptr<KVNTables> tables_;
     std::unique_ptr<KVNEndTerm> endTerm_;
     std::unique_ptr<KVNTransfer> transfer_;
-    std::optional<OddsDesk> odds_;  // made when they are asked for first
+    std::optional<Background> odds_; // made when they are asked for first
     bool showsOdds_ = false;        // whether the player has unfolded them
     bool mayAbandon_ = false;  // "Done" was pressed, and the question of the unused rolls comes
 };
