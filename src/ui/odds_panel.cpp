@@ -1,5 +1,6 @@
 #include "ui/odds_panel.h"
 
+#include <QAction>
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -129,7 +130,11 @@ OddsButton::OddsButton(QDialog& dialog) : QToolButton(&dialog), dialog_(dialog) 
     setText(tr("Odds"));
     setAccessibleName(tr("Odds"));
     setToolTip(tr("What follows from each answer (Ctrl+D)"));
-    setShortcut(Qt::CTRL | Qt::Key_D);
+    // The button's own shortcut would act a moment later.
+    auto* const key = new QAction(this);
+    key->setShortcut(Qt::CTRL | Qt::Key_D);
+    dialog_.addAction(key);
+    connect(key, &QAction::triggered, this, [this] { click(); });
     setCheckable(true);
     setFocusPolicy(Qt::TabFocus);
     setEnabled(false);
