@@ -27,6 +27,12 @@ std::string Padded(std::uint64_t number, std::uint64_t last) {
     return std::string(width - std::min(width, digits.size()), '0') + digits;
 }
 
+// The file name of one of several characters, without its ending.
+std::string StemOf(const GenerateCommand& command, std::uint64_t number) {
+    const auto lives = command.wants.empty() ? command.count : command.tries;
+    return "character-" + Padded(number, command.first + lives - 1);
+}
+
 // A progress line that is drawn over itself, about a hundred times in a run.
 class Progress {
   public:
@@ -64,6 +70,7 @@ struct Lived {
     std::exception_ptr fault;  // of a file: it ends the run
     std::string shown;         // the character, as it is to be printed
     std::string journal;       // where one is wanted
+    MadePage page;             // the same
 };
 
 // Lives characters, in a session of its own.
@@ -77,6 +84,8 @@ class Liver {
         if (command.plan.options[Option::SelectSkillPackage] && !session_.data.Packages())
             throw UsageError(Concat("\"", CaptionOf(Option::SelectSkillPackage),
                                     "\" needs packages: the data folder has no ", kSkillPackagesFile));
+        if (command.format == Format::Html)
+            pages_.emplace(session_, command.page.templateName);
     }
 
     Lived Live(std::uint64_t number) {
@@ -96,6 +105,8 @@ class Liver {
             lived.journal = journal::JournalText(tape);
         if (lived.fits && (command_.format == Format::Text || command_.format == Format::Json))
             lived.shown = Shown(number);
+        if (lived.fits && pages_)
+            lived.page = pages_->Make(*NameOf(number), command_.count == 1 ? std::string() : StemOf(command_, number));
         return lived;
     }
     std::optional<std::string> NameOf(std::uint64_t number) {
@@ -117,6 +128,7 @@ class Liver {
     const std::vector<play::Wish>& wishes_;
     Display display_;
     Session session_;
+    std::optional<PageMaker> pages_;  // where they are wanted
 };
 
 class Generator {
@@ -129,7 +141,7 @@ class Generator {
                 wishes_.emplace_back(want, known);
         }
         if (command.format == Format::Html)
-            pages_.emplace(here_.session(), command.page, command.outFolder, command.count > 1);
+            pages_.emplace(command.page, command.outFolder, command.count > 1);
     }
 
     int Run() {
@@ -168,8 +180,7 @@ class Generator {
             interrupted_ = interrupted != nullptr && *interrupted;
             return !interrupted_ && (wishes_.empty() || shown_ < command_.count);
         };
-        // Pages are written by the session that lives them.
-        if (pages_ || command_.jobs == 1 || lives < kPiece) {
+        if (command_.jobs == 1 || lives < kPiece) {
             for (std::uint64_t i = 0; i < lives; ++i)
                 if (!take(here_.Live(command_.first + i)))
                     return;
@@ -219,7 +230,7 @@ class Generator {
         if (!wishes_.empty() && lived.shown.empty())
             streams_.err << "character " << lived.number << " of seed " << command_.plan.seed->given() << '\n';
         if (pages_)
-            WritePage(lived.number);
+            pages_->Write(lived.page);
         else if (!lived.shown.empty())
             Show(lived);
     }
@@ -250,13 +261,6 @@ class Generator {
         status_ = shown_ < command_.count ? kFailure : kSuccess;
     }
 
-    void WritePage(std::uint64_t number) {
-        if (command_.count == 1)
-            pages_->Write(*here_.NameOf(number));
-        else
-            pages_->WriteListed(*here_.NameOf(number), Stem(number));
-    }
-
     void Show(const Lived& lived) {
         if (!command_.outFolder.empty()) {
             const auto* const ending = command_.format == Format::Json ? ".json" : ".txt";
@@ -270,12 +274,7 @@ class Generator {
     }
 
     std::filesystem::path FileName(const std::string& folder, std::uint64_t number, std::string_view ending) const {
-        return std::filesystem::path(folder) / (Stem(number).append(ending));
-    }
-    // The file name of one of several characters, without its ending.
-    std::string Stem(std::uint64_t number) const {
-        const auto lives = wishes_.empty() ? command_.count : command_.tries;
-        return "character-" + Padded(number, command_.first + lives - 1);
+        return std::filesystem::path(folder) / (StemOf(command_, number).append(ending));
     }
 
     static constexpr std::uint64_t kPiece = 64;  // lives that a thread takes at a time

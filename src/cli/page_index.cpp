@@ -43,13 +43,15 @@ constexpr std::string_view kTableHead = R"(<table>
 
 }  // namespace
 
-void PageIndex::Add(const Session& session, std::string_view name, const std::string& file) {
+std::string IndexRow(const Session& session, std::string_view name, const std::string& file) {
     const auto& character = session.character;
     const auto shown = IsBlank(name) ? std::string_view("Nameless") : name;
     const auto rank = RankText(character, session.assignment);
-    AppendAll(rows_, R"(<tr><th scope="row"><a href=")", file, R"(">)", Shown(shown), "</a></th><td>",
+    std::string row;
+    AppendAll(row, R"(<tr><th scope="row"><a href=")", file, R"(">)", Shown(shown), "</a></th><td>",
               Shown(Concat(Trim(session.selection.career), ", ", Trim(session.selection.assignment))), "</td><td>",
               character.Age, "</td><td>", character.TermsTotal, "</td><td>", Shown(rank), "</td></tr>\n");
+    return row;
 }
 
 std::string PageIndex::Page() const {

@@ -8,10 +8,12 @@
 
 namespace korvane::cli {
 
+// The row of the page of the session's character, a file beside the index.
+std::string IndexRow(const Session& session, std::string_view name, const std::string& file);
+
 class PageIndex {
   public:
-    // Lists the page of the session's character, a file beside the index.
-    void Add(const Session& session, std::string_view name, const std::string& file);
+    void Add(const std::string& row) { rows_ += row; }
     std::string Page() const;
 
   private:

@@ -35,30 +35,28 @@ HeldPath TemplatePath(const HeldPath& location, const std::string& wanted) {
 
 }  // namespace
 
-PageWriter::PageWriter(Session& session, const PageOrder& order, std::filesystem::path folder, bool listed)
+PageMaker::PageMaker(Session& session, const std::string& templateName)
     : session_(session),
-      order_(order),
-      folder_(std::move(folder)),
-      listed_(listed),
-      template_(ReadTemplate(TemplatePath(
-          session.data.location(), order.templateName.empty() ? std::string(kDefaultTemplate) : order.templateName))) {
+      template_(ReadTemplate(TemplatePath(session.data.location(),
+                                          templateName.empty() ? std::string(kDefaultTemplate) : templateName))) {
     session.masterSkills = LoadMasterSkills(session.data.location());
 }
 
-void PageWriter::WriteAs(std::string_view name, const std::string& fileName, Sync sync) {
-    const auto file = folder_ / fileName;
-    ReplaceFile(file, Page(template_, session_, name), sync);
+MadePage PageMaker::Make(std::string_view name, const std::string& stem) const {
+    MadePage page;
+    page.file = stem.empty() ? PageFileName(name) : stem + ".htm";
+    page.bytes = Page(template_, session_, name);
+    page.row = IndexRow(session_, name, page.file);
+    return page;
+}
+
+void PageWriter::Write(const MadePage& page) {
+    const auto file = folder_ / page.file;
+    ReplaceFile(file, page.bytes, listed_ ? Sync::Later : Sync::Now);
+    if (listed_)
+        index_.Add(page.row);
     if (order_.pdf)
         printed_.push_back(file);
-}
-
-void PageWriter::Write(std::string_view name) {
-    WriteAs(name, PageFileName(name), Sync::Now);
-}
-
-void PageWriter::WriteListed(std::string_view name, const std::string& stem) {
-    WriteAs(name, stem + ".htm", Sync::Later);
-    index_.Add(session_, name, stem + ".htm");
 }
 
 void PageWriter::Finish() {

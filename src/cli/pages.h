@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/files.h"
@@ -21,29 +22,45 @@ struct PageOrder {
     bool operator==(const PageOrder&) const = default;
 };
 
+// A page that is to be written.
+struct MadePage {
+    std::string file;  // its name
+    std::string bytes;
+    std::string row;  // of the index
+};
+
+// Makes the pages of a session's characters.
+class PageMaker {
+  public:
+    // Reads the template, and the master skill list into the session. Throws UsageError for a template that the data
+    // folder doesn't have, and FileError for what can't be read.
+    PageMaker(Session& session, const std::string& templateName);
+
+    // The page of the session's character. Its file is called by the letters of the name, or as given, without the
+    // ending.
+    MadePage Make(std::string_view name, const std::string& stem = {}) const;
+
+  private:
+    const Session& session_;
+    PageTemplate template_;
+};
+
 class PageWriter {
   public:
-    // Reads the template, and the master skill list into the session; several pages are `listed` in an index. Throws
-    // UsageError for a template that the data folder doesn't have, and FileError for what can't be read.
-    PageWriter(Session& session, const PageOrder& order, std::filesystem::path folder, bool listed);
+    // Several pages are `listed` in an index.
+    PageWriter(const PageOrder& order, std::filesystem::path folder, bool listed)
+        : order_(order), folder_(std::move(folder)), listed_(listed) {}
 
-    // Writes the page of the session's character; the file is called by the letters of the name. Throws FileError for a
-    // page that can't be written.
-    void Write(std::string_view name);
-    // The same, into a file of the given name without its ending; the index will lead to it.
-    void WriteListed(std::string_view name, const std::string& stem);
+    // Throws FileError for a page that can't be written.
+    void Write(const MadePage& page);
     // Writes "index.htm" where it is wanted, brings all to the disk and has the PDF files made. Throws as above, and
     // UsageError when a PDF file can't be made.
     void Finish();
 
   private:
-    void WriteAs(std::string_view name, const std::string& fileName, Sync sync);
-
-    Session& session_;
     const PageOrder& order_;
     std::filesystem::path folder_;
     bool listed_;
-    PageTemplate template_;
     PageIndex index_;
     std::vector<std::filesystem::path> printed_;  // pages that PDF files are made of
 };

@@ -86,8 +86,9 @@ class Replays {
 
     void Show(DocumentLabels labels) {
         if (command_.format == Format::Html) {
-            PageWriter pages(session_, command_.page, command_.outFolder, false);
-            pages.Write(*NameFor(session_, command_.name, command_.format, "Character"));
+            PageWriter pages(command_.page, command_.outFolder, false);
+            pages.Write(PageMaker(session_, command_.page.templateName)
+                            .Make(*NameFor(session_, command_.name, command_.format, "Character")));
             pages.Finish();
             return;
         }

@@ -198,9 +198,20 @@ Replacements ReplacementsFor(const Session& session, std::string_view name) {
     return page;
 }
 
-void ReplaceFirst(std::string& line, const Replacement& replacement) {
-    if (const auto place = line.find(replacement.tag); place != std::string::npos)
-        line.replace(place, replacement.tag.size(), replacement.value);
+bool HasBar(std::string_view text) {
+    return text.find('|') != std::string_view::npos;
+}
+
+// Where all tags have bars, a line without one holds none.
+void Replace(std::string& line, const Replacements& replacements, bool allHaveBars) {
+    if (allHaveBars && !HasBar(line))
+        return;
+    for (const auto& [tag, value] : replacements)
+        if (const auto place = line.find(tag); place != std::string::npos) {
+            line.replace(place, tag.size(), value);
+            if (allHaveBars && !HasBar(line))
+                return;
+        }
 }
 
 // A text without its comments.
@@ -276,10 +287,10 @@ std::vector<std::string> TagsOfPages(const MasterSkills& skills) {
 std::vector<std::string> FillTemplate(const std::vector<std::string>& lines, const Session& session,
                                       std::string_view name) {
     const auto replacements = ReplacementsFor(session, name);
+    const bool all_have_bars = std::ranges::all_of(replacements, HasBar, &Replacement::tag);
     auto page = lines;
     for (auto& line : page)
-        for (const auto& replacement : replacements)
-            ReplaceFirst(line, replacement);
+        Replace(line, replacements, all_have_bars);
     return page;
 }
 
