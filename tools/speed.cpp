@@ -1,10 +1,12 @@
-// What the windows cost: korvane_speed blank|word|window|life. scripts/speed.sh runs it and compares.
+// What the windows cost: korvane_speed blank|word|window|life|odds. scripts/speed.sh runs it and compares.
 //   blank, word, window
 //                   prints the clock (monotonic, in microseconds) at the first paint of a blank window, of a
 //                   window with one word in it (fonts are loaded for the first word), or of the main window after the
 //                   program's whole start; then the peak memory in KiB
 //   life            prints the longest time, in microseconds, for which the event loop was kept busy while a life of
 //                   ten terms was lived in the window, and the number of times it was
+//   odds            for each question of a life with its odds unfolded: the number of answers, the time to the first
+//                   figures in milliseconds, and by how many milliseconds a timer came too late at most meanwhile
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
@@ -13,6 +15,9 @@
 #include <QMainWindow>
 #include <QPushButton>
 #include <QTimer>
+#include <QToolButton>
+#include <QTreeWidget>
+#include <algorithm>
 #include <chrono>
 #include <fstream>
 #include <functional>
@@ -137,6 +142,69 @@ void Answer(QWidget& dialog, int terms) {
         box->click();
 }
 
+// Answers a question when its odds are as sure as they get.
+class OddsReader {
+  public:
+    explicit OddsReader(Desktop& desktop) : desktop_(desktop) {
+        QObject::connect(&tick_, &QTimer::timeout, [this] { Look(); });
+        tick_.setTimerType(Qt::PreciseTimer);
+        tick_.start(kTick);
+    }
+
+  private:
+    static constexpr int kTick = 5;
+
+    void Look() {
+        const auto now = Now();
+        late_ = std::max(late_, now - last_ - kTick * 1000LL);
+        last_ = now;
+        auto* const dialog = QApplication::activeModalWidget();
+        auto* const odds = dialog == nullptr ? nullptr : dialog->findChild<QToolButton*>("oddsButton");
+        if (odds == nullptr || !odds->isEnabled()) {
+            if (dialog != nullptr)
+                Answer(*dialog, desktop_.session.character.TermsTotal);
+            return;
+        }
+        const auto* const note = dialog->findChild<QLabel*>("oddsNote");
+        if (!odds->isChecked()) {
+            begun_ = Now();
+            odds->click();
+        } else if (dialog != dialog_ || begun_ == 0) {
+            begun_ = begun_ == 0 ? now : begun_;
+            first_ = late_ = 0;
+            dialog_ = dialog;
+        } else if (note->text().contains(" lives") && first_ == 0) {
+            first_ = now - begun_;
+        } else if (note->text().contains("2,000") || note->text().contains("no other answer")) {
+            const auto* const table = dialog->findChild<QTreeWidget*>("oddsTable");
+            std::cout << table->topLevelItemCount() << ' ' << first_ / 1000 << ' ' << late_ / 1000 << '\n';
+            begun_ = 0;
+            dialog_ = nullptr;
+            Answer(*dialog, desktop_.session.character.TermsTotal);
+        }
+    }
+
+    Desktop& desktop_;
+    QTimer tick_;
+    long long last_ = Now();
+    long long late_ = 0;
+    long long begun_ = 0;
+    long long first_ = 0;
+    const QWidget* dialog_ = nullptr;
+};
+
+int ReadOdds() {
+    Desktop desktop;
+    QApplication::setDoubleClickInterval(0);
+    desktop.window.characterFinished = [] { return false; };
+    QTimer::singleShot(500, [&] {
+        const OddsReader reader(desktop);
+        desktop.window.findChild<QPushButton*>("startCareer")->click();
+        QApplication::exit(0);
+    });
+    return QApplication::exec();
+}
+
 int LiveTenTerms() {
     Desktop desktop;
     auto& options = desktop.session.options;
@@ -181,7 +249,9 @@ int main(int argc, char** argv) {
             return ShowWindow();
         if (mode == "life")
             return LiveTenTerms();
-        std::cerr << "usage: korvane_speed blank|word|window|life\n";
+        if (mode == "odds")
+            return ReadOdds();
+        std::cerr << "usage: korvane_speed blank|word|window|life|odds\n";
     } catch (const std::exception& error) {
         std::cerr << "korvane_speed: " << error.what() << '\n';
     }

@@ -10,7 +10,9 @@ namespace korvane {
 int RolledCheck::WaysOf36(int further) const {
     // The ways to fall below 2, 3, ... 12 and 13.
     constexpr std::array kWaysBelow = {0, 1, 3, 6, 10, 15, 21, 26, 30, 33, 35, 36};
-    const auto below = [&](int number) { return kWaysBelow.at(static_cast<std::size_t>(std::clamp(number, 2, 13) - 2)); };
+    const auto below = [&](int number) {
+        return kWaysBelow.at(static_cast<std::size_t>(std::clamp(number, 2, 13) - 2));
+    };
     return under ? below(target + further + 1) : 36 - below(target - own - once - further);
 }
 

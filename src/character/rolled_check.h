@@ -35,11 +35,14 @@ struct Luck {
         std::string check;  // what it was rolled for
     };
 
+    static constexpr int kUsual = 7;  // what two dice bring
+
     int rolls = 0;
-    int sum = 0;  // of their luck; 7 a roll is what dice bring
+    int sum = 0;  // of their luck
     Extreme best;
     Extreme worst;
 
+    int Expected() const { return kUsual * rolls; }
     void Note(const RolledCheck& rolled);
 };
 

@@ -117,8 +117,8 @@ class Liver {
 
   private:
     std::string Shown(std::uint64_t number) {
-        auto text =
-            Rendered(session_, command_.format, {NameOf(number), number, Origin{command_.plan.seed, number}, 0, command_.luck});
+        auto text = Rendered(session_, command_.format,
+                             {NameOf(number), number, Origin{command_.plan.seed, number}, 0, command_.luck});
         if (command_.format == Format::Text && !wishes_.empty())
             text.insert(0, Concat("Character ", number, " of seed ", command_.plan.seed->given(), "\n"));
         return text;

@@ -37,8 +37,8 @@ HeldPath TemplatePath(const HeldPath& location, const std::string& wanted) {
 
 PageMaker::PageMaker(Session& session, const std::string& templateName)
     : session_(session),
-      template_(ReadTemplate(TemplatePath(session.data.location(),
-                                          templateName.empty() ? std::string(kDefaultTemplate) : templateName))) {
+      template_(ReadTemplate(
+          TemplatePath(session.data.location(), templateName.empty() ? std::string(kDefaultTemplate) : templateName))) {
     session.masterSkills = LoadMasterSkills(session.data.location());
 }
 

@@ -66,9 +66,9 @@ void TerminalDisplay::ShowDice(const journal::Line& line) {
 }
 
 void TerminalDisplay::ShowCheck(const RolledCheck& rolled) {
-    const auto against = rolled.under ? Concat("the roll may be ", rolled.target, " at most")
-                                      : Concat(SignedNumber(rolled.own + rolled.once), " to the roll against ",
-                                               rolled.target);
+    const auto against = rolled.under
+                             ? Concat("the roll may be ", rolled.target, " at most")
+                             : Concat(SignedNumber(rolled.own + rolled.once), " to the roll against ", rolled.target);
     out_.Write(Concat("  . check ", rolled.check, ": ", against, rolled.effect >= 0 ? ", made by " : ", failed by ",
                       std::abs(rolled.effect), "\n"));
 }

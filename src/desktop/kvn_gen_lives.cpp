@@ -58,14 +58,15 @@ void KVNGen::RollHomeWorldAnew() {
 void KVNGen::LiveAnother() {
     const auto& ended = controller_.life().ended();
     if (!ended || !ended->end || ended->end->kind != journal::EndKind::MusteredOut) {
-        ui::ShowMessage(guard_, this, windowTitle(), tr("There is no finished character whose life could go another way."),
-                        Icon::Information);
+        ui::ShowMessage(guard_, this, windowTitle(),
+                        tr("There is no finished character whose life could go another way."), Icon::Information);
         return;
     }
     const auto tape = *ended;
     Session other(DataFolder(session_.data.location()), {nullptr, nullptr, &nobody_});
     const auto terms = play::TermBeginnings(other, tape);
     std::vector<std::string_view> headings;
+    headings.reserve(terms.size());
     for (const auto& term : terms)
         headings.push_back(term.heading);
     if (headings.empty())

@@ -37,8 +37,7 @@ void MeetPsionicGroup(Session& session) {
 void PlayPrank(Session& session) {
     AddHistory(session, "A supposedly harmless prank goes wrong and someone gets hurt, physically or emotionally.");
     constexpr int kForgiven = 8;
-    const int total =
-        RollAgainst(session, "Soc", session.character.CharacteristicDM[kSoc], kForgiven) + kForgiven;
+    const int total = RollAgainst(session, "Soc", session.character.CharacteristicDM[kSoc], kForgiven) + kForgiven;
     if (total >= kForgiven) {
         AddRival(session, "Academic Prank");
         return;

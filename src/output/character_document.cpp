@@ -111,7 +111,7 @@ void AddLuck(JsonWriter& json, const Luck& luck) {
     json.Key("luck").BeginObject();
     json.Key("rolls").Number(luck.rolls);
     json.Key("sum").Number(luck.sum);
-    json.Key("expected").Number(7 * luck.rolls);
+    json.Key("expected").Number(luck.Expected());
     if (luck.rolls > 0) {
         AddRoll(json.Key("best"), luck.best);
         AddRoll(json.Key("worst"), luck.worst);

@@ -9,8 +9,6 @@ namespace korvane {
 
 namespace {
 
-constexpr int kExpected = 7;  // of two dice
-
 // The chances of each sum of so many dice, from 0.
 std::vector<double> ChancesOfSums(int dice) {
     constexpr std::size_t kSides = 6;
@@ -43,8 +41,8 @@ std::string LuckText(const Luck& luck) {
     if (luck.rolls == 0)
         return {};
     return Concat(luck.rolls, luck.rolls == 1 ? " check" : " checks", " rolled ", luck.sum, " where dice bring ",
-                  kExpected * luck.rolls, ", luckier than ", std::lround(100 * ShareOfLessLucky(luck)),
-                  " % of lives; best ", ExtremeText(luck.best), ", worst ", ExtremeText(luck.worst));
+                  luck.Expected(), ", luckier than ", std::lround(100 * ShareOfLessLucky(luck)), " % of lives; best ",
+                  ExtremeText(luck.best), ", worst ", ExtremeText(luck.worst));
 }
 
 std::string LuckLine(const Luck& luck) {

@@ -115,7 +115,8 @@ Applicant AverageApplicant(Session& session, const std::string& race) {
     ListRaces(session);
     if (!race.empty()) {
         const auto& races = *session.selection.races;
-        const auto known = std::ranges::find_if(races, [&](const auto& name) { return EqualsIgnoringCase(name, race); });
+        const auto known =
+            std::ranges::find_if(races, [&](const auto& name) { return EqualsIgnoringCase(name, race); });
         if (known == races.end())
             throw UsageError(Concat("unknown race ", Quoted(race), DidYouMean(race, Views(races))));
         LoadRace(session, *known);

@@ -30,7 +30,19 @@ Applicant AverageApplicant(Session& session, const std::string& race);
 
 // What is told of a career. The first four are chances from 0 to 1; all but the first are of those who were accepted,
 // those from `Rank` on of the end of the life.
-enum class CareerFigure { Accepted, Survives, Promoted, Commissioned, Rank, Levels, Best, Cash, Benefits, Debt, Prison };
+enum class CareerFigure {
+    Accepted,
+    Survives,
+    Promoted,
+    Commissioned,
+    Rank,
+    Levels,
+    Best,
+    Cash,
+    Benefits,
+    Debt,
+    Prison
+};
 inline constexpr std::size_t kCareerFigures = 11;
 constexpr bool IsChance(CareerFigure figure) {
     return figure <= CareerFigure::Commissioned || figure == CareerFigure::Prison;

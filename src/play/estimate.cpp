@@ -14,8 +14,8 @@ constexpr double kDeviations = 1.96;  // 95 of 100
 double MarginOfShare(double share, double count) {
     constexpr double kSquare = kDeviations * kDeviations;
     const double middle = (share + kSquare / (2 * count)) / (1 + kSquare / count);
-    const double half = kDeviations / (1 + kSquare / count) *
-                        std::sqrt(share * (1 - share) / count + kSquare / (4 * count * count));
+    const double half =
+        kDeviations / (1 + kSquare / count) * std::sqrt(share * (1 - share) / count + kSquare / (4 * count * count));
     return std::abs(middle - share) + half;
 }
 

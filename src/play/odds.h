@@ -31,7 +31,7 @@ struct PickedTable {
     int column = 1;
 };
 using GivenAnswer = std::variant<ChosenOption, MarkedItem, YesOrNo, PickedTable, EndOfTermAnswer,
-                            std::optional<TransferAnswer>, MusterPress>;
+                                 std::optional<TransferAnswer>, MusterPress>;
 struct Alternative {
     std::string caption;
     GivenAnswer answer;

@@ -115,8 +115,8 @@ Judgement Judged(const Odds& odds, const FigureWords& words) {
     std::vector<Place> places;
     for (std::size_t i = 0; i < odds.outlooks().size(); ++i)
         if (const auto& lead = odds.outlooks()[i].LeadAt(words.figure); lead.count() > 0)
-            places.push_back({odds.alternatives()[i].caption, words.lowIsGood ? -lead.mean() : lead.mean(),
-                              lead.StandardError()});
+            places.push_back(
+                {odds.alternatives()[i].caption, words.lowIsGood ? -lead.mean() : lead.mean(), lead.StandardError()});
     std::ranges::sort(places, std::greater(), &Place::lead);
     // In standard errors.
     const auto behind = [&](const Place& place) {
@@ -151,6 +151,7 @@ std::vector<std::string> Told(const std::vector<Judgement>& judgements) {
         if (judgement.best.size() > 1)
             add("", "Too close to tell: ", judgement.subject);
     std::vector<std::string> told;
+    told.reserve(lines.size());
     for (const auto& [who, what] : lines)
         told.push_back(what + who);
     return told;
@@ -159,9 +160,9 @@ std::vector<std::string> Told(const std::vector<Judgement>& judgements) {
 }  // namespace
 
 std::string ChanceText(const Estimate& chance) {
-    constexpr double kWays = 36;
+    constexpr double kWaysOfDice = 36;
     const double percent = 100 * chance.value;
-    const double ways = kWays * chance.value;
+    const double ways = kWaysOfDice * chance.value;
     if (chance.margin == 0) {
         const auto whole = Concat(std::lround(percent), " %");
         return std::abs(ways - std::round(ways)) < 1e-6 ? Concat(whole, " (", std::lround(ways), " of 36)") : whole;
@@ -242,8 +243,10 @@ OddsTable TableOf(const Odds& odds) {
     const auto lives = FormatThousands(static_cast<double>(odds.lives()));
     table.note = shown.empty()
                      ? Concat("Nothing that can be counted hangs on the answer, as far as ", lives, " lives tell.")
-                     : Concat(lives, " lives for each answer, with the same dice. A player of sense decides what follows "
-                                     "and musters out after ", odds.terms(), " terms of service.");
+                     : Concat(lives,
+                              " lives for each answer, with the same dice. A player of sense decides what follows "
+                              "and musters out after ",
+                              odds.terms(), " terms of service.");
     return table;
 }
 

@@ -22,12 +22,12 @@ struct OddsTable {
         std::vector<std::string> cells;  // one for each column; a dash where there is nothing to tell
         std::string sentence;            // all of them, to be heard
     };
-    std::vector<std::string> columns;    // of the figures that differ between the answers; none: nothing does
-    std::vector<std::string> meanings;   // of the columns, in a sentence each
-    std::vector<Row> rows;               // one for each answer
+    std::vector<std::string> columns;     // of the figures that differ between the answers; none: nothing does
+    std::vector<std::string> meanings;    // of the columns, in a sentence each
+    std::vector<Row> rows;                // one for each answer
     std::vector<std::string> judgements;  // which answer is best for what, as far as that can be said
-    std::string note;                    // how it was found
-    std::uint64_t lives = 0;             // of each answer
+    std::string note;                     // how it was found
+    std::uint64_t lives = 0;              // of each answer
 };
 OddsTable TableOf(const Odds& odds);
 

@@ -114,9 +114,8 @@ void DialogPlayer::ShowOdds(OddsButton& button, const Alternatives& alternatives
         odds_->Begin(
             [rules = session_.data.location(), question = openQuestion(std::move(answers)), show](
                 const Background::Stops& stops, const Background::Tell& tell) {
-                Reckon(rules, question, stops, [&](play::OddsTable table) {
-                    tell([show, table = std::move(table)] { show(table); });
-                });
+                Reckon(rules, question, stops,
+                       [&](play::OddsTable table) { tell([show, table = std::move(table)] { show(table); }); });
             },
             fail);
     } catch (const std::exception& error) {
@@ -289,10 +288,11 @@ bool DialogPlayer::Ask(const YesNoQuestion& question) {
     // Beside the dialog of mustering out they are in sight.
     const auto recent = Front() == &window_ ? HistoryTexts() : std::span<const std::string>();
     std::optional<OddsOffer> odds;
-    const auto offer = [&](OddsButton& button) { odds.emplace(*this, button, [&question] { return play::AlternativesOf(question); }); };
-    const bool yes = RunWithSteps([&] {
-                         return AskYesNo(guard_, Front(), title, question, steps, recent, offer);
-                     }) == QMessageBox::Yes;
+    const auto offer = [&](OddsButton& button) {
+        odds.emplace(*this, button, [&question] { return play::AlternativesOf(question); });
+    };
+    const bool yes = RunWithSteps([&] { return AskYesNo(guard_, Front(), title, question, steps, recent, offer); }) ==
+                     QMessageBox::Yes;
     if (std::exchange(mayAbandon_, false) && yes)
         Finish();
     return yes;

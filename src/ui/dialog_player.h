@@ -10,12 +10,12 @@
 
 #include "character/KVNDeclare.h"
 #include "play/odds_table.h"
+#include "ui/background.h"
 #include "ui/input_guard.h"
 #include "ui/kvn_end_term.h"
 #include "ui/kvn_muster.h"
 #include "ui/kvn_tables.h"
 #include "ui/kvn_transfer.h"
-#include "ui/background.h"
 #include "ui/odds_panel.h"
 #include "ui/slist1.h"
 #include "ui/spickbox.h"
@@ -93,9 +93,9 @@ class DialogPlayer : public Player {
     std::unique_ptr<KVNTables> tables_;
     std::unique_ptr<KVNEndTerm> endTerm_;
     std::unique_ptr<KVNTransfer> transfer_;
-    std::optional<Background> odds_; // made when they are asked for first
-    bool showsOdds_ = false;        // whether the player has unfolded them
-    bool mayAbandon_ = false;  // "Done" was pressed, and the question of the unused rolls comes
+    std::optional<Background> odds_;  // made when they are asked for first
+    bool showsOdds_ = false;          // whether the player has unfolded them
+    bool mayAbandon_ = false;         // "Done" was pressed, and the question of the unused rolls comes
 };
 
 }  // namespace korvane::ui

@@ -81,7 +81,8 @@ KVNCareers::KVNCareers(QWidget* parent, const HeldPath& rules, const play::Appli
     LayOut(who);
     connect(&choose_, &QPushButton::clicked, this, &KVNCareers::Choose);
     connect(&close_, &QPushButton::clicked, this, &QDialog::reject);
-    connect(&table_, &QTreeWidget::currentItemChanged, this, [this] { choose_.setEnabled(table_.currentItem() != nullptr); });
+    connect(&table_, &QTreeWidget::currentItemChanged, this,
+            [this] { choose_.setEnabled(table_.currentItem() != nullptr); });
     connect(&table_, &QTreeWidget::itemExpanded, this, [this] { table_.resizeColumnToContents(0); });
     connect(&sort_, &QComboBox::activated, this, &KVNCareers::SortBy);
     connect(table_.header(), &QHeaderView::sortIndicatorChanged, &sort_, &QComboBox::setCurrentIndex);
@@ -185,10 +186,11 @@ void KVNCareers::Show(const play::CareerOdds& odds) {
     if (first && table_.topLevelItemCount() > 0)
         table_.setCurrentItem(table_.topLevelItem(0));
     table_.doItemsLayout();  // at once: a screen reader may ask for the rows before they are painted
-    note_.setText(tr("%1 lives in each assignment by a player of sense, who musters out after %2 terms of service. What "
-                     "comes after \"Accepted\" is of those who are accepted.")
-                      .arg(ToQt(FormatThousands(static_cast<double>(odds.lives()))))
-                      .arg(kTerms));
+    note_.setText(
+        tr("%1 lives in each assignment by a player of sense, who musters out after %2 terms of service. What "
+           "comes after \"Accepted\" is of those who are accepted.")
+            .arg(ToQt(FormatThousands(static_cast<double>(odds.lives()))))
+            .arg(kTerms));
 }
 
 void KVNCareers::Fill(QTreeWidgetItem& item, const play::CareerPlace& place) {
@@ -207,8 +209,7 @@ void KVNCareers::Fill(QTreeWidgetItem& item, const play::CareerPlace& place) {
 
 void KVNCareers::Choose() {
     auto* const current = table_.currentItem();
-    const auto place =
-        std::ranges::find_if(items_, [current](const auto& each) { return each.second == current; });
+    const auto place = std::ranges::find_if(items_, [current](const auto& each) { return each.second == current; });
     if (place == items_.end())
         return;
     chosen_ = place->first;

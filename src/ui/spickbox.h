@@ -39,7 +39,7 @@ class SPICKBOX : public NeededDialog {
     BackButton back_;
     OddsButton odds_;
     int longest_ = 0;  // text, in characters
-    QLabel title_;  // a narrow frame may cut the window's own
+    QLabel title_;     // a narrow frame may cut the window's own
     std::vector<KeyButton*> buttons_;
     int shown_ = 0;
     int picked_ = 0;

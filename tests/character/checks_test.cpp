@@ -2,6 +2,7 @@
 
 #include "character/checks.h"
 
+#include "character/rolled_check.h"
 #include "support/world.h"
 
 namespace korvane {
@@ -42,6 +43,38 @@ TEST_F(Checks, StatIsComparedByItsValueAndAnUnknownNameFails) {
     player.ExpectTell("Check Stat Stnot found St");
     for (const auto* const check : {"Xyz 8+", "PSI 0+", "St"})
         EXPECT_FALSE(CheckStat(session, check));
+}
+
+TEST_F(Checks, EachRollAgainstATargetCountsForTheLuckOfTheLife) {
+    dice.Expect({Rolled(2, 6, 11), Rolled(2, 6, 12), Rolled(2, 6, 3), Rolled(2, 6, 7)});
+    RollCheck(session, "Str 8+", 0);
+    RollUnder(session, "Gambler", 8);  // where low is good, a 12 is the worst there is
+    RollUnder(session, "Stealth", 8);
+    RollAgainst(session, "Advocate", 2, 8);
+    const auto& luck = character().Luck;
+    EXPECT_EQ(luck.rolls, 4);
+    EXPECT_EQ(luck.sum, 11 + 2 + 11 + 7);
+    EXPECT_EQ(luck.best.check, "Str 8+") << "the first of those as good";
+    EXPECT_EQ(luck.worst.luck, 2);
+    EXPECT_EQ(luck.worst.check, "Gambler");
+    character().Clear();
+    EXPECT_EQ(character().Luck.rolls, 0);
+}
+
+TEST_F(Checks, WaysOfTheDiceAreCounted) {
+    const auto ways = [](int target, int own, bool under) {
+        return RolledCheck{"", own, 0, target, 0, under}.WaysOf36();
+    };
+    EXPECT_EQ(ways(8, 0, false), 15);
+    EXPECT_EQ(ways(8, 1, false), 21);
+    EXPECT_EQ(ways(8, 0, true), 26);
+    EXPECT_EQ(ways(2, 0, false), 36);
+    EXPECT_EQ(ways(12, 0, false), 1);
+    EXPECT_EQ(ways(8, 50, false), 36);
+    EXPECT_EQ(ways(1000000, 0, false), 0);
+    EXPECT_EQ(ways(1, 0, true), 0);
+    EXPECT_EQ(CheckText("D+ex5"), "Dex 5+") << "wherever the data has its plus";
+    EXPECT_EQ(CheckText("Gambler"), "Gambler");
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
+#include <nlohmann/json.hpp>
 #include <regex>
 #include <sstream>
 
@@ -228,6 +229,42 @@ TEST(CommandLine, PlayTakesScrapHoldsLimitsAndChangesOptions) {
     EXPECT_EQ(player.Choose({"Pick", items}), 4) << "after a No to the leaving";
     EXPECT_THROW(player.Choose({"Pick", items}), PlayerLeft) << "asked for in the question about the scrapping";
     EXPECT_THROW(player.Choose({"Pick", items}), PlayerLeft) << "the input ended at the question";
+}
+
+TEST(CommandLine, OddsCompareCareersForACharacter) {
+    const auto careers = RunCli({"odds", "--data", KORVANE_RULES, "--lives", "60", "--career", "army", "--set",
+                                 "dex=12", "--terms", "2", "--format", "json"});
+    ASSERT_EQ(careers.status, 0) << careers.err;
+    const auto told = nlohmann::json::parse(careers.out);
+    EXPECT_EQ(told["characteristics"]["Dex"], 12);
+    EXPECT_EQ(told["characteristics"]["Str"], 7) << "the average of two dice";
+    EXPECT_EQ(told["terms"], 2);
+    const auto& places = told["places"];
+    ASSERT_GT(places.size(), 2U);
+    EXPECT_TRUE(places[0]["assignment"].is_null());
+    EXPECT_EQ(places[1]["assignment"], "Cavalry");
+    EXPECT_GT(places[0]["accepted"]["value"], 0.3);
+    EXPECT_LT(places[0]["levels"]["margin"], places[1]["levels"]["margin"]) << "of more lives";
+    EXPECT_TRUE(RunCli({"odds", "--data", KORVANE_RULES, "--lives", "5"}).out.find("  Courier ") != std::string::npos);
+    EXPECT_EQ(RunCli({"odds", "--data", KORVANE_RULES, "--set", "Dxx=9"}).err,
+              "korvane-cli: unknown characteristic \"Dxx\"; did you mean \"Dex\"?\n");
+    EXPECT_EQ(RunCli({"odds", "--data", KORVANE_RULES, "--set", "Dex=much"}).status, 1);
+    EXPECT_EQ(RunCli({"odds", "--data", KORVANE_RULES, "--career", "Scuot"}).err,
+              "korvane-cli: unknown career \"Scuot\"; did you mean \"Scout\"?\n");
+}
+
+TEST(CommandLine, LuckIsToldWhereItIsAskedFor) {
+    const std::vector<std::string> run = {"generate", "--data", KORVANE_RULES, "--seed", "4", "--count", "1"};
+    auto with = run;
+    with.emplace_back("--luck");
+    const auto text = RunCli(with).out;
+    const auto plain = RunCli(run).out;
+    EXPECT_TRUE(text.starts_with(plain)) << "all else is as it was";
+    EXPECT_TRUE(text.substr(plain.size()).starts_with("Luck: ")) << text.substr(plain.size());
+    with.insert(with.end(), {"--format", "json"});
+    const auto luck = nlohmann::json::parse(RunCli(with).out)["luck"];
+    EXPECT_EQ(luck["expected"], 7 * luck["rolls"].get<int>());
+    EXPECT_LE(luck["worst"]["roll"], luck["best"]["roll"]);
 }
 
 TEST(CommandLine, ThreadsAndPartsOfARunGiveWhatOneThreadGives) {

@@ -1,5 +1,7 @@
 // The odds under a question, careers side by side, and lives of which something is rolled anew.
 
+#include "ui/odds_panel.h"
+
 #include <QAction>
 #include <QTest>
 #include <QTreeWidget>
@@ -9,7 +11,6 @@
 #include "play/players.h"
 #include "support_ui/desk.h"
 #include "ui/kvn_careers.h"
-#include "ui/odds_panel.h"
 
 namespace korvane {
 namespace {
