@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Measures what the windows cost, in a real X server with a window manager: from start to first paint and peak memory
-# against a blank window of the same toolkit, in turns; and how long a life in the window keeps the event loop busy.
+# against a blank window of the same toolkit, in turns; how long a life in the window keeps the event loop busy; and how
+# soon the odds of its questions are there.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -47,4 +48,11 @@ longest = [int(life[0]) / 1000 for life in lives]
 terms = [int(life[2]) for life in lives]
 print(f"automatic lives of {min(terms)} to {max(terms)} terms: the event loop was busy for at most "
       f"{max(longest):.1f} ms at a time (median of the longest: {statistics.median(longest):.1f} ms)")
+
+for where, command in (("all cores", [program, "odds"]), ("one core", ["taskset", "-c", "0", program, "odds"])):
+    out = subprocess.run(command, stdout=subprocess.PIPE, check=True, text=True).stdout.splitlines()
+    questions = [[int(number) for number in line.split()] for line in out]
+    few = [first for answers, first, _ in questions if answers <= 6]
+    print(f"odds on {where}: first figures of up to six answers after at most {max(few)} ms "
+          f"({len(few)} questions); a timer was at most {max(late for _, _, late in questions)} ms late")
 PYTHON

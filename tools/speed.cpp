@@ -138,6 +138,10 @@ void Answer(QWidget& dialog, int terms) {
         press("material") || press("done");
     else if (dialog.objectName() == "KVNTransfer")
         press("endCareer");
+    else if (dialog.objectName() == "SLIST1")
+        press("cancel");
+    else if (dialog.objectName() == "KVNTables")
+        press("table2");
     else if (auto* const box = dialog.findChild<QPushButton*>(); box != nullptr)
         box->click();
 }
