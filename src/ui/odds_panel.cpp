@@ -41,14 +41,21 @@ void OddsTree::Show(const play::OddsTable& table) {
 }
 
 int OddsTree::WholeWidth() const {
-    return header()->length() + 2 * frameWidth() + 2 * fontMetrics().averageCharWidth();
+    const int bar =
+        verticalScrollBarPolicy() == Qt::ScrollBarAlwaysOn ? style()->pixelMetric(QStyle::PM_ScrollBarExtent) : 0;
+    return header()->length() + 2 * frameWidth() + 2 * fontMetrics().averageCharWidth() + bar;
 }
 
 void OddsTree::TakeRows(int rows, int width) {
     constexpr int kMost = 8;
-    const int row = std::max(sizeHintForRow(0), fontMetrics().height() + 2);
-    const int bar = WholeWidth() > width ? style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2 : 0;
-    setFixedHeight(header()->sizeHint().height() + row * std::clamp(rows, 1, kMost) + 2 * frameWidth() + bar);
+    const int row =
+        std::max(topLevelItemCount() > 0 ? visualItemRect(topLevelItem(0)).height() : 0, fontMetrics().height() + 2);
+    const bool is_wide = WholeWidth() > width;
+    const int bar = is_wide ? style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2 : 0;
+    // Two bars that need each other's room would stay.
+    setHorizontalScrollBarPolicy(is_wide ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(rows > kMost ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+    setFixedHeight(header()->sizeHint().height() + row * std::clamp(rows, 1, kMost) + 2 * frameWidth() + 2 + bar);
 }
 
 void OddsTree::keyPressEvent(QKeyEvent* event) {
