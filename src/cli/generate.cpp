@@ -106,7 +106,8 @@ class Liver {
         if (lived.fits && (command_.format == Format::Text || command_.format == Format::Json))
             lived.shown = Shown(number);
         if (lived.fits && pages_)
-            lived.page = pages_->Make(*NameOf(number), command_.count == 1 ? std::string() : StemOf(command_, number));
+            lived.page = command_.count == 1 ? pages_->Make(*NameOf(number))
+                                             : pages_->MakeListed(*NameOf(number), StemOf(command_, number));
         return lived;
     }
     std::optional<std::string> NameOf(std::uint64_t number) {

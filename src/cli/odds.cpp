@@ -46,7 +46,7 @@ void PrintText(const CharacterRecord& character, const play::CareerOdds& odds, s
     std::vector<std::vector<std::string>> rows(1, {"Career"});
     for (const auto& column : play::CareerColumns())
         rows.front().emplace_back(column.caption);
-    for (const auto& place : odds.places()) {
+    for (const auto& place : odds.comparison().places) {
         auto& row = rows.emplace_back();
         row.push_back(place.assignment.empty() ? place.career : Concat("  ", place.assignment));
         for (const auto& column : play::CareerColumns())
@@ -56,8 +56,10 @@ void PrintText(const CharacterRecord& character, const play::CareerOdds& odds, s
     for (const auto& row : rows)
         for (std::size_t i = 0; i < row.size(); ++i)
             widths[i] = std::max(widths[i], CharacterCount(row[i]));
-    out << Whom(character, odds) << "; " << odds.lives() << " lives in each assignment, " << odds.terms()
-        << (odds.terms() == 1 ? " term" : " terms") << " of service\n";
+    const auto lives = odds.comparison().lives;
+    const int terms = odds.comparison().terms;
+    out << Whom(character, odds) << "; " << lives << (lives == 1 ? " life" : " lives") << " in each assignment, "
+        << terms << (terms == 1 ? " term" : " terms") << " of service\n";
     for (const auto& row : rows)
         for (std::size_t i = 0; i < row.size(); ++i) {
             const std::string gap(widths[i] - CharacterCount(row[i]), ' ');
@@ -74,8 +76,7 @@ void AddPlace(JsonWriter& json, const play::CareerPlace& place) {
         json.Key("assignment").Text(place.assignment);
     for (const auto& column : play::CareerColumns()) {
         json.Key(column.key);
-        const auto& sample = place.prospects.At(column.figure);
-        const auto estimate = IsChance(column.figure) ? sample.Chance() : sample.Number();
+        const auto estimate = EstimateOf(place.prospects, column.figure);
         if (!estimate) {
             json.Null();
             continue;
@@ -98,10 +99,10 @@ void PrintJson(const CharacterRecord& character, const play::CareerOdds& odds, s
     for (int i = 1; i <= character.CharacteristicCount; ++i)
         json.Key(Trim(character.CharacteristicName[i])).Number(odds.applicant().characteristics[i]);
     json.EndObject();
-    json.Key("lives").Unsigned(odds.lives());
-    json.Key("terms").Number(odds.terms());
+    json.Key("lives").Unsigned(odds.comparison().lives);
+    json.Key("terms").Number(odds.comparison().terms);
     json.Key("places").BeginArray();
-    for (const auto& place : odds.places())
+    for (const auto& place : odds.comparison().places)
         AddPlace(json, place);
     json.EndArray();
     json.EndObject();
@@ -124,6 +125,9 @@ int CompareCareers(const OddsCommand& command, Streams& streams) {
     odds.LiveUpTo(command.lives, [&] { return interrupted != nullptr && *interrupted; });
     if (interrupted != nullptr && *interrupted)
         return kInterrupted;
+    for (const auto& place : odds.comparison().places)
+        if (!place.fault.empty())
+            streams.err << "korvane-cli: file error: " << place.fault << '\n';
     if (command.format == Format::Json)
         PrintJson(character, odds, streams.out);
     else

@@ -42,12 +42,13 @@ PageMaker::PageMaker(Session& session, const std::string& templateName)
     session.masterSkills = LoadMasterSkills(session.data.location());
 }
 
-MadePage PageMaker::Make(std::string_view name, const std::string& stem) const {
-    MadePage page;
-    page.file = stem.empty() ? PageFileName(name) : stem + ".htm";
-    page.bytes = Page(template_, session_, name);
-    page.row = IndexRow(session_, name, page.file);
-    return page;
+MadePage PageMaker::Make(std::string_view name) const {
+    return {PageFileName(name), Page(template_, session_, name), {}};
+}
+
+MadePage PageMaker::MakeListed(std::string_view name, const std::string& stem) const {
+    const auto file = stem + ".htm";
+    return {file, Page(template_, session_, name), IndexRow(session_, name, file)};
 }
 
 void PageWriter::Write(const MadePage& page) {

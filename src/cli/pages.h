@@ -36,9 +36,10 @@ class PageMaker {
     // folder doesn't have, and FileError for what can't be read.
     PageMaker(Session& session, const std::string& templateName);
 
-    // The page of the session's character. Its file is called by the letters of the name, or as given, without the
-    // ending.
-    MadePage Make(std::string_view name, const std::string& stem = {}) const;
+    // The page of the session's character, in a file that is called by the letters of the name.
+    MadePage Make(std::string_view name) const;
+    // One of several, which an index lists, in a file that is called so, without the ending.
+    MadePage MakeListed(std::string_view name, const std::string& stem) const;
 
   private:
     const Session& session_;

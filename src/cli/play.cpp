@@ -75,7 +75,8 @@ class PlayedLife {
 
     int Run() {
         const auto finished = [this] {
-            out_.Write(Concat("\n", CharacterText(session_), LuckLine(session_.character.Luck), "\n"));
+            const auto luck = LuckLine(session_.character.Luck);
+            out_.Write(Concat("\n", CharacterText(session_), luck, luck.empty() ? "" : "\n"));
             streams_.out << std::flush;
             return false;
         };

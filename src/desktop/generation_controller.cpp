@@ -9,6 +9,7 @@
 #include "data/known_names.h"
 #include "engine/selection.h"
 #include "output/summary_texts.h"
+#include "play/other_life.h"
 
 namespace korvane {
 
@@ -102,6 +103,20 @@ LifeEnd GenerationController::LiveOther(journal::Tape tape, const play::Recorded
 bool GenerationController::RollHomeWorldAnew() {
     changes_.summary = true;
     return life_.RollHomeWorldAnew();
+}
+
+bool GenerationController::RollEndedHomeWorldAnew() {
+    Display nobody;
+    ClockDice dice;
+    Session other(DataFolder(session_.data.location()), {nullptr, nullptr, &nobody});
+    auto tape = play::WithAnotherHomeWorld(other, *life_.ended(), dice);
+    if (!tape)
+        return false;
+    ended_->record.HomeWorld = other.character.HomeWorld;
+    ended_->details = EndedDetailLines(other);
+    life_.ReplaceEnded(std::move(*tape));
+    changes_.summary = true;
+    return true;
 }
 
 LifeEnd GenerationController::Run(const std::function<play::LifeOutcome()>& live) {

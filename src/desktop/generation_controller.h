@@ -99,6 +99,9 @@ class GenerationController : public Display {
     LifeEnd LiveOther(journal::Tape tape, const play::RecordedLife::Finished& finished);
     // Rolls the home world of the character that waits for its start anew. Whether there are tables of them.
     bool RollHomeWorldAnew();
+    // The same for the character that has ended, whose life and journal are as they were in all else. Throws what
+    // LiveAgain throws, and changes nothing then.
+    bool RollEndedHomeWorldAnew();
 
     void HistoryChanged() override { changes_.history = true; }
     void SkillsChanged() override { changes_.skills = true; }

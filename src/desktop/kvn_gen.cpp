@@ -67,7 +67,7 @@ KVNGen::KVNGen(Session& session, ui::InputGuard& guard, Dice& dice)
 
 void KVNGen::SetUpPlayer() {
     player_.steps = &controller_.life();
-    player_.openQuestion = [this](std::vector<play::Alternative> alternatives) {
+    player_.odds().openQuestion = [this](std::vector<play::Alternative> alternatives) {
         return play::QuestionIn(session_, controller_.life().tape(), std::move(alternatives));
     };
     player_.chooseMoment = [this] { return ChooseQuestion(); };

@@ -86,6 +86,8 @@ class KVNGen : public QMainWindow {
     void CompareCareers();
     // Rolls the home world of the finished character in view anew, else of the one that waits for its start.
     void RollHomeWorldAnew();
+    // Does something that only looks at a life; what stands in its way is told.
+    void Look(const std::function<void()>& look);
     // Lives the finished character's life anew from a term on that the player chooses.
     void LiveAnother();
     void ShowAbout();

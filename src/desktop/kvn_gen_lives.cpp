@@ -1,5 +1,7 @@
 // What the main window does with lives beside living them: compares, and has something of them rolled anew.
 
+#include <exception>
+#include <functional>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -19,6 +21,11 @@ using ui::ToQt;
 void KVNGen::CompareCareers() {
     if (session_.selection.race.empty())
         return;
+    if (controller_.state() == GenerationController::State::Failed) {
+        ui::ShowMessage(guard_, this, windowTitle(), tr("Roll a new character first: this one's life has failed."),
+                        Icon::Information);
+        return;
+    }
     QStringList values;
     for (const auto& line : CharacteristicLines(session_.character))
         values << ToQt(line).simplified();
@@ -33,52 +40,51 @@ void KVNGen::CompareCareers() {
 }
 
 void KVNGen::RollHomeWorldAnew() {
-    const auto& ended = controller_.life().ended();
-    if (!ended || controller_.ended()->end != LifeEnd::MusteredOut) {
-        const bool rolled = controller_.RollHomeWorldAnew();
+    const auto& ended = controller_.ended();
+    const bool of_ended = ended && ended->end == LifeEnd::MusteredOut;
+    Look([&] {
+        const bool rolled = of_ended ? controller_.RollEndedHomeWorldAnew() : controller_.RollHomeWorldAnew();
         Refresh();
-        Say(rolled ? tr("The home world was rolled anew: %1").arg(ToQt(HomeWorldText(session_.character)))
-                   : tr("The rule data have no tables of home worlds."));
-        return;
-    }
-    auto tape = *ended;
-    ClockDice dice;
-    Session other(DataFolder(session_.data.location()), {nullptr, nullptr, &nobody_});
-    if (!play::RollHomeWorldAnew(other, tape.lines, dice)) {
-        Say(tr("The rule data have no tables of home worlds."));
-        return;
-    }
-    const auto whole = tape.lines.size();
-    // The same life in all else: nobody has to export it at once.
-    Live([&](const play::RecordedLife::Finished& /*finished*/) {
-        return controller_.LiveOther(play::UpTo(std::move(tape), whole), [] { return false; });
+        Say(rolled ? tr("The home world was rolled anew: %1").arg(ToQt(HomeWorldText(controller_.shown())))
+                   : tr("There is no home world that could be rolled anew."));
     });
 }
 
 void KVNGen::LiveAnother() {
-    const auto& ended = controller_.life().ended();
-    if (!ended || !ended->end || ended->end->kind != journal::EndKind::MusteredOut) {
+    const auto& ended = controller_.ended();
+    if (!ended || ended->end != LifeEnd::MusteredOut) {
         ui::ShowMessage(guard_, this, windowTitle(),
                         tr("There is no finished character whose life could go another way."), Icon::Information);
         return;
     }
-    const auto tape = *ended;
-    Session other(DataFolder(session_.data.location()), {nullptr, nullptr, &nobody_});
-    const auto terms = play::TermBeginnings(other, tape);
+    const auto tape = *controller_.life().ended();
+    std::vector<play::TermBeginning> terms;
+    Look([&] {
+        Session other(DataFolder(session_.data.location()), {nullptr, nullptr, &nobody_});
+        terms = play::TermBeginnings(other, tape);
+    });
+    if (terms.empty())
+        return;
     std::vector<std::string_view> headings;
     headings.reserve(terms.size());
     for (const auto& term : terms)
         headings.push_back(term.heading);
-    if (headings.empty())
-        return;
-    constexpr auto kTitle = "Live another life from";
     const auto last = static_cast<int>(headings.size()) - 1;
-    const int picked = player_.Choose({kTitle, headings, last, true});
+    const int picked = player_.Choose({"Live another life from", headings, last, true});
     if (picked == 0)
         return;
     Live([&](const play::RecordedLife::Finished& finished) {
         return controller_.LiveOther(play::UpTo(tape, terms.at(static_cast<std::size_t>(picked) - 1).line), finished);
     });
+}
+
+// Nothing is lived by that, so nothing ends by what stands in its way.
+void KVNGen::Look(const std::function<void()>& look) {
+    try {
+        look();
+    } catch (const std::exception& error) {
+        ui::ShowError(guard_, this, windowTitle(), ToQt(error.what()), tr("This life can't be lived again."));
+    }
 }
 
 }  // namespace korvane

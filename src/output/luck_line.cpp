@@ -23,6 +23,11 @@ std::vector<double> ChancesOfSums(int dice) {
     return chances;
 }
 
+std::string PercentText(double share) {
+    const auto percent = std::lround(100 * share);
+    return percent == 0 ? "less than 1 %" : percent == 100 ? "more than 99 %" : Concat(percent, " %");
+}
+
 std::string ExtremeText(const Luck::Extreme& extreme) {
     return Concat(extreme.luck, " (", CheckText(extreme.check), ")");
 }
@@ -41,8 +46,8 @@ std::string LuckText(const Luck& luck) {
     if (luck.rolls == 0)
         return {};
     return Concat(luck.rolls, luck.rolls == 1 ? " check" : " checks", " rolled ", luck.sum, " where dice bring ",
-                  luck.Expected(), ", luckier than ", std::lround(100 * ShareOfLessLucky(luck)), " % of lives; best ",
-                  ExtremeText(luck.best), ", worst ", ExtremeText(luck.worst));
+                  luck.Expected(), ", luckier than ", PercentText(ShareOfLessLucky(luck)),
+                  " of lives with as many; best ", ExtremeText(luck.best), ", worst ", ExtremeText(luck.worst));
 }
 
 std::string LuckLine(const Luck& luck) {

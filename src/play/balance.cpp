@@ -25,7 +25,9 @@ class Checks : public Observer {
     Checks(const Session& session, std::map<Place, Figures>& figures) : session_(session), figures_(figures) {}
 
     void CheckRolled(const RolledCheck& rolled) override {
-        const auto& [check, own, once, target, effect, under, alone] = rolled;
+        const auto check = rolled.check;
+        const int own = rolled.own;
+        const int effect = rolled.effect;
         const auto& selection = session_.selection;
         auto& figures = figures_[{selection.career, selection.assignment}];
         // By the text's place in its file: two checks may read the same.

@@ -69,11 +69,17 @@ class ApplyingPlayer : public SensiblePlayer {
     Witness& witness_;
 };
 
-void NoteEnd(const CharacterRecord& character, const ApplicantWitness& witness, const Prospect& prospect,
-             CareerProspects& prospects) {
-    const auto add = [&](CareerFigure figure, double value) {
-        prospects.figures.at(static_cast<std::size_t>(figure)).Add(value);
-    };
+const Skill* BestOf(const CharacterRecord& character) {
+    const Skill* best = nullptr;
+    for (const auto* const skill : character.Skills.Held())
+        if (best == nullptr || skill->Level > best->Level)
+            best = skill;
+    return best;
+}
+
+template <typename Add>
+void TellEnd(const CharacterRecord& character, const ApplicantWitness& witness, const Prospect& prospect,
+             const Add& add) {
     const auto told = [&](Figure figure) { return prospect.at(static_cast<std::size_t>(figure)); };
     if (const auto survives = told(Figure::Survives))
         add(CareerFigure::Survives, *survives);
@@ -82,13 +88,8 @@ void NoteEnd(const CharacterRecord& character, const ApplicantWitness& witness, 
         add(CareerFigure::Commissioned, witness.commissioned ? 1 : 0);
     add(CareerFigure::Rank, character.Rank);
     add(CareerFigure::Levels, told(Figure::Levels).value_or(0));
-    const Skill* best = nullptr;
-    for (const auto* const skill : character.Skills.Held())
-        if (best == nullptr || skill->Level > best->Level)
-            best = skill;
+    const auto* const best = BestOf(character);
     add(CareerFigure::Best, best == nullptr ? 0 : int{best->Level});
-    if (best != nullptr)
-        ++prospects.bestSkills[best->Name];
     add(CareerFigure::Cash, static_cast<double>(std::int64_t{character.Cash}));
     add(CareerFigure::Benefits, static_cast<double>(character.Benefits.size()));
     add(CareerFigure::Debt, static_cast<double>(character.MedicalDebt));
@@ -139,61 +140,95 @@ std::string CareerProspects::BestSkill() const {
 }
 
 CareerOdds::CareerOdds(Session& session, Applicant applicant, int terms, const std::string& career)
-    : session_(session), applicant_(std::move(applicant)), terms_(terms) {
+    : session_(session), applicant_(std::move(applicant)) {
+    comparison_.terms = terms;
+    applicant_.options.Set(Option::AutomaticGeneration, false);  // they are lived with sense
     const auto careers = session.data.CareerNames(applicant_.race);
+    auto& places = comparison_.places;
     for (const auto& name : *careers) {
         if (career.empty() ? name == kPrisoner : !EqualsIgnoringCase(name, career))
             continue;
-        places_.push_back({name, {}, {}});
+        places.push_back({name, {}});
         for (const auto& assignment : *session.data.AssignmentNames(applicant_.race, name))
-            places_.push_back({name, assignment, {}});
+            places.push_back({name, assignment});
     }
-    if (places_.empty())
+    if (places.empty() && career.empty())
+        throw UsageError(Concat("the rule data have no careers of ", Quoted(applicant_.race)));
+    if (places.empty())
         throw UsageError(Concat("unknown career ", Quoted(career), DidYouMean(career, Views(*careers))));
 }
 
 void CareerOdds::LiveUpTo(std::uint64_t lives, const std::function<bool()>& stops) {
-    for (; lives_ < lives; ++lives_) {
-        CareerPlace* whole = nullptr;
-        for (auto& place : places_) {
-            if (stops && stops())
-                return;
-            if (place.assignment.empty())
-                whole = &place;
-            else
-                LiveOnce(*whole, place, lives_ + 1);
+    auto& places = comparison_.places;
+    for (; comparison_.lives < lives; ++comparison_.lives)
+        for (std::size_t i = 0; i < places.size();) {
+            auto& whole = places[i++];
+            std::vector<Life> told;
+            for (; i < places.size() && !places[i].assignment.empty(); ++i) {
+                if (stops && stops())
+                    return;
+                if (auto life = LiveOnce(places[i], comparison_.lives + 1))
+                    told.push_back(*life);
+            }
+            AddMean(told, whole);
         }
+}
+
+void CareerOdds::AddMean(const std::vector<Life>& lives, CareerPlace& whole) {
+    for (std::size_t figure = 0; figure < kCareerFigures; ++figure) {
+        double sum = 0;
+        int count = 0;
+        for (const auto& life : lives)
+            if (const auto& told = life.at(figure)) {
+                sum += *told;
+                ++count;
+            }
+        if (count > 0)
+            whole.prospects.figures.at(figure).Add(sum / count);
     }
 }
 
-void CareerOdds::LiveOnce(CareerPlace& whole, CareerPlace& place, std::uint64_t number) {
+std::optional<CareerOdds::Life> CareerOdds::LiveOnce(CareerPlace& place, std::uint64_t number) {
+    if (!place.fault.empty())
+        return std::nullopt;
     const SeamsGuard guard(session_.seams);
     ApplicantWitness witness(session_);
     SeededDice dice(kApplicantsDice, number);
     ApplyingPlayer player(session_, RandomStream(RandomStream::Mix(kApplicantsPlayers) + RandomStream::Mix(number)),
-                          terms_, witness);
+                          comparison_.terms, witness);
     session_.seams = {&dice, &player, &witness, nullptr};
     session_.method = applicant_.method;
     session_.options = applicant_.options;
-    Select(session_, applicant_.race, place.career, place.assignment);
-    witness.mayCommission = session_.career.commission != kNoCommission;
     const auto outcome = LiveOut(session_, [&](Session& session) {
+        Select(session, applicant_.race, place.career, place.assignment);
+        witness.mayCommission = session.career.commission != kNoCommission;
         StartNewCharacter(session);
         session.character.Characteristic = applicant_.characteristics;
         RecomputeCharacteristicDMs(session.character);
         session.seams.observer = &witness;
         witness.Begin();
     });
-    if (outcome.endedInFileError())
-        std::rethrow_exception(outcome.cause);
+    if (outcome.endedInFileError()) {
+        place.fault = outcome.error;
+        if (std::ranges::none_of(comparison_.places, [](const CareerPlace& each) { return each.fault.empty(); }))
+            std::rethrow_exception(outcome.cause);
+        return std::nullopt;
+    }
     const auto prospect = witness.End();
     if (!outcome.end || !witness.acceptance)
-        return;
-    for (auto* const each : {&whole, &place}) {
-        each->prospects.figures.front().Add(*witness.acceptance);
-        if (witness.accepted)
-            NoteEnd(session_.character, witness, prospect, each->prospects);
-    }
+        return std::nullopt;
+    Life life;
+    const auto add = [&](CareerFigure figure, double value) {
+        life.at(static_cast<std::size_t>(figure)) = value;
+        place.prospects.figures.at(static_cast<std::size_t>(figure)).Add(value);
+    };
+    add(CareerFigure::Accepted, *witness.acceptance);
+    if (!witness.accepted)
+        return life;
+    TellEnd(session_.character, witness, prospect, add);
+    if (const auto* const best = BestOf(session_.character))
+        ++place.prospects.bestSkills[best->Name];
+    return life;
 }
 
 const std::array<CareerColumn, kCareerFigures>& CareerColumns() {
@@ -215,14 +250,21 @@ const std::array<CareerColumn, kCareerFigures>& CareerColumns() {
     return kColumns;
 }
 
-std::string CellText(const CareerProspects& prospects, CareerFigure figure) {
+std::optional<Estimate> EstimateOf(const CareerProspects& prospects, CareerFigure figure) {
     const auto& sample = prospects.At(figure);
-    if (sample.count() == 0)
+    const bool came_to_pass = IsChance(figure) && figure > CareerFigure::Survives;
+    return came_to_pass ? sample.Share() : sample.Number();
+}
+
+std::string CellText(const CareerProspects& prospects, CareerFigure figure) {
+    const auto estimate = EstimateOf(prospects, figure);
+    if (!estimate)
         return "–";
     if (IsChance(figure))
-        return ChanceText(*sample.Chance());
-    auto text = NumberText(*sample.Number(), figure == CareerFigure::Cash || figure == CareerFigure::Debt);
-    return figure == CareerFigure::Best ? Concat(prospects.BestSkill(), " ", text) : text;
+        return ChanceText(*estimate);
+    const auto text = NumberText(*estimate, figure == CareerFigure::Cash || figure == CareerFigure::Debt);
+    const auto skill = figure == CareerFigure::Best ? prospects.BestSkill() : std::string();
+    return skill.empty() ? text : Concat(skill, " ", text);
 }
 
 }  // namespace korvane::play

@@ -61,7 +61,15 @@ struct CareerProspects {
 struct CareerPlace {
     std::string career;
     std::string assignment;  // empty: all of them
-    CareerProspects prospects;
+    CareerProspects prospects = {};
+    std::string fault = {};  // why nobody can live there, by the rule files; empty where one can
+};
+
+// What was found.
+struct CareerComparison {
+    std::vector<CareerPlace> places;  // each career before its assignments
+    std::uint64_t lives = 0;          // in each assignment
+    int terms = 0;                    // of service
 };
 
 class CareerOdds {
@@ -71,33 +79,34 @@ class CareerOdds {
     CareerOdds(Session& session, Applicant applicant, int terms, const std::string& career = {});
 
     // Lives more lives in each assignment, until there are so many or `stops` says so between two. The dice are the
-    // same for each. Throws what a life ends by when the data are malformed.
+    // same for each. Throws FileError where nobody can live anywhere.
     void LiveUpTo(std::uint64_t lives, const std::function<bool()>& stops = {});
 
-    std::uint64_t lives() const { return lives_; }
-    int terms() const { return terms_; }
     const Applicant& applicant() const { return applicant_; }
-    // Each career before its assignments.
-    const std::vector<CareerPlace>& places() const { return places_; }
+    const CareerComparison& comparison() const { return comparison_; }
 
   private:
-    void LiveOnce(CareerPlace& whole, CareerPlace& place, std::uint64_t number);
+    // What one life told: of the chance to be accepted always, of all else where one was.
+    using Life = std::array<std::optional<double>, kCareerFigures>;
+    std::optional<Life> LiveOnce(CareerPlace& place, std::uint64_t number);
+    // A life in each assignment counts as one of the career: as the same dice fell, more isn't known.
+    static void AddMean(const std::vector<Life>& lives, CareerPlace& whole);
 
     Session& session_;
     Applicant applicant_;
-    int terms_;
-    std::vector<CareerPlace> places_;
-    std::uint64_t lives_ = 0;
+    CareerComparison comparison_;
 };
 
 // The figures of a career in words, as they are shown.
 struct CareerColumn {
     CareerFigure figure;
-    std::string_view key;      // in documents
-    std::string_view caption;  // "%1" stands for the number of terms
+    std::string_view key;  // in documents
+    std::string_view caption;
     std::string_view meaning;
 };
 const std::array<CareerColumn, kCareerFigures>& CareerColumns();
+// Nothing for what too few lives tell.
+std::optional<Estimate> EstimateOf(const CareerProspects& prospects, CareerFigure figure);
 // A dash where there is nothing to tell.
 std::string CellText(const CareerProspects& prospects, CareerFigure figure);
 

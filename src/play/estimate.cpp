@@ -29,13 +29,16 @@ double Sample::StandardError() const {
 }
 
 std::optional<Estimate> Sample::Number() const {
-    if (count_ == 0)
+    if (count_ < kFewest)
         return std::nullopt;
-    return Estimate{mean(), kDeviations * StandardError()};
+    // Of few the error itself is known less well.
+    constexpr double kForFew = 2.4;
+    const double deviations = kDeviations + kForFew / static_cast<double>(count_);
+    return Estimate{mean(), deviations * StandardError()};
 }
 
-std::optional<Estimate> Sample::Chance() const {
-    if (count_ == 0 || !onlyEnds_)
+std::optional<Estimate> Sample::Share() const {
+    if (count_ < kFewest || (varies_ && !onlyEnds_))
         return Number();
     return Estimate{mean(), MarginOfShare(mean(), static_cast<double>(count_))};
 }

@@ -12,6 +12,9 @@ struct Estimate {
     double margin = 0;  // 0: each of the sample was the same
 };
 
+// Fewer say nothing.
+inline constexpr std::uint64_t kFewest = 20;
+
 // Sums up a sample as it grows.
 class Sample {
   public:
@@ -28,10 +31,12 @@ class Sample {
     double mean() const { return count_ == 0 ? 0 : sum_ / static_cast<double>(count_); }
     // Of the mean.
     double StandardError() const;
-    // Of a number; nothing for an empty sample.
+    // Of numbers, or of chances that are known in each life: where all are alike there is no margin. Nothing for a
+    // sample that is too small.
     std::optional<Estimate> Number() const;
-    // Of a chance: a sample of things that came to pass or not is never sure; one of chances that are all alike is.
-    std::optional<Estimate> Chance() const;
+    // Of things that came to pass or not, or of their shares: that something never happened leaves a chance that it
+    // may.
+    std::optional<Estimate> Share() const;
 
   private:
     std::uint64_t count_ = 0;

@@ -8,7 +8,6 @@
 #include "character/player_texts.h"
 #include "character/seams_guard.h"
 #include "output/journal/tape_deck.h"
-#include "play/life.h"
 #include "play/sensible_player.h"
 
 namespace korvane::play {
@@ -144,28 +143,41 @@ std::vector<Alternative> AlternativesOf(const MusterQuestion& question) {
 
 OpenQuestion QuestionIn(const Session& session, const journal::Tape& tape, std::vector<Alternative> alternatives) {
     constexpr int kUsual = 4;
-    return {tape, std::move(alternatives), std::max<int>(kUsual, session.character.TermsTotal)};
+    return {tape, std::move(alternatives), std::max<int>(kUsual, session.character.TermsTotal), session.Automatic()};
 }
 
-Odds::Odds(Session& session, OpenQuestion question)
-    : session_(session), question_(std::move(question)), outlooks_(question_.alternatives.size()) {
+Odds::Odds(Session& session, OpenQuestion question) : session_(session), question_(std::move(question)) {
     question_.tape.end.reset();
+    for (const auto& alternative : question_.alternatives)
+        figures_.captions.push_back(alternative.caption);
+    figures_.outlooks.resize(question_.alternatives.size());
+    figures_.terms = question_.terms;
+    figures_.automatic = question_.automatic;
 }
 
 void Odds::LiveUpTo(std::uint64_t lives, const std::function<bool()>& stops) {
-    std::vector<std::optional<Prospect>> prospects(outlooks_.size());
-    for (; lives_ < lives; ++lives_) {
-        for (std::size_t i = 0; i < outlooks_.size(); ++i) {
+    std::vector<std::optional<Prospect>> prospects(figures_.outlooks.size());
+    for (; figures_.lives < lives; ++figures_.lives) {
+        for (std::size_t i = 0; i < prospects.size(); ++i) {
             if (stops && stops())
                 return;
-            prospects[i] = LiveOnce(i, lives_ + 1);
+            prospects[i] = LiveOnce(i, figures_.lives + 1);
         }
         Add(prospects);
     }
 }
 
+// The others can be lived.
+void Odds::NoteFault(std::size_t alternative, const LifeOutcome& outcome) {
+    figures_.outlooks[alternative].fault = outcome.error;
+    if (std::ranges::none_of(figures_.outlooks, [](const Outlook& each) { return each.fault.empty(); }))
+        std::rethrow_exception(outcome.cause);
+}
+
 // Nothing for a life that an error of the rules ends.
 std::optional<Prospect> Odds::LiveOnce(std::size_t alternative, std::uint64_t number) {
+    if (!figures_.outlooks[alternative].fault.empty())
+        return std::nullopt;
     const SeamsGuard guard(session_.seams);
     const auto recorded = question_.tape.lines.size();
     Witness witness(session_);
@@ -181,11 +193,13 @@ std::optional<Prospect> Odds::LiveOnce(std::size_t alternative, std::uint64_t nu
     deck.NoteSelection();
     const auto outcome = LiveOut(session_);
     question_.tape.lines.resize(recorded, journal::RollLine{});
-    if (outcome.endedInFileError())
-        std::rethrow_exception(outcome.cause);
+    if (outcome.endedInFileError()) {
+        NoteFault(alternative, outcome);
+        return std::nullopt;
+    }
     if (!outcome.end)
         return std::nullopt;
-    auto& roll = outlooks_[alternative].roll;
+    auto& roll = figures_.outlooks[alternative].roll;
     if (number == 1)
         roll = witness.roll();
     else if (!witness.roll().empty() && roll != witness.roll())
@@ -205,8 +219,8 @@ void Odds::Add(const std::vector<std::optional<Prospect>>& prospects) {
         for (std::size_t i = 0; i < prospects.size(); ++i)
             if (prospects[i] && prospects[i]->at(figure)) {
                 const double value = *prospects[i]->at(figure);
-                outlooks_[i].figures.at(figure).Add(value);
-                outlooks_[i].leads.at(figure).Add(value - sum / count);
+                figures_.outlooks[i].figures.at(figure).Add(value);
+                figures_.outlooks[i].leads.at(figure).Add(value - sum / count);
             }
     }
 }

@@ -12,6 +12,7 @@
 #include "character/KVNDeclare.h"
 #include "output/journal/tape.h"
 #include "play/estimate.h"
+#include "play/life.h"
 #include "play/prospect.h"
 
 namespace korvane::play {
@@ -55,16 +56,28 @@ struct Outlook {
 
     // What the roll that follows at once is for; empty where that isn't the same in all lives.
     std::string roll;
+    // Why it can't be lived, by the rule files; empty where it can.
+    std::string fault;
 
     const Sample& At(Figure figure) const { return figures.at(static_cast<std::size_t>(figure)); }
     const Sample& LeadAt(Figure figure) const { return leads.at(static_cast<std::size_t>(figure)); }
+};
+
+// What was found of a question.
+struct OddsFigures {
+    std::vector<std::string> captions;  // of the alternatives
+    std::vector<Outlook> outlooks;      // the same in order
+    std::uint64_t lives = 0;            // of each
+    int terms = 0;                      // of service
+    bool automatic = false;             // chance decides what follows, not a player of sense
 };
 
 // A question that a life has come to.
 struct OpenQuestion {
     journal::Tape tape;  // up to the question
     std::vector<Alternative> alternatives;
-    int terms = 4;  // of service, after which the player of sense musters out
+    int terms = 4;           // of service, after which the player of sense musters out
+    bool automatic = false;  // whether the life is lived by automatic generation
 };
 // For the question that a life is asked now: its tape, and the terms that leave it the next one.
 OpenQuestion QuestionIn(const Session& session, const journal::Tape& tape, std::vector<Alternative> alternatives);
@@ -75,23 +88,20 @@ class Odds {
     Odds(Session& session, OpenQuestion question);
 
     // Lives more lives of each alternative, until there are so many or `stops` says so between two. The same dice fall
-    // for each alternative, and none of the life's own do. Throws what the rules' files throw, and
+    // for each alternative, and none of the life's own do. Throws FileError where no alternative can be lived, and
     // journal::Divergence where the rules have changed under the tape.
     void LiveUpTo(std::uint64_t lives, const std::function<bool()>& stops = {});
 
-    std::uint64_t lives() const { return lives_; }
-    int terms() const { return question_.terms; }
-    const std::vector<Alternative>& alternatives() const { return question_.alternatives; }
-    const std::vector<Outlook>& outlooks() const { return outlooks_; }
+    const OddsFigures& figures() const { return figures_; }
 
   private:
+    void NoteFault(std::size_t alternative, const LifeOutcome& outcome);
     std::optional<Prospect> LiveOnce(std::size_t alternative, std::uint64_t number);
     void Add(const std::vector<std::optional<Prospect>>& prospects);
 
     Session& session_;
     OpenQuestion question_;
-    std::vector<Outlook> outlooks_;
-    std::uint64_t lives_ = 0;
+    OddsFigures figures_;
 };
 
 }  // namespace korvane::play

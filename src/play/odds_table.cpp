@@ -6,6 +6,7 @@
 #include <functional>
 #include <iterator>
 #include <limits>
+#include <optional>
 #include <utility>
 
 #include "base/text.h"
@@ -26,11 +27,11 @@ struct FigureWords {
 // clang-format off
 constexpr std::array<FigureWords, kFigures> kFigureWords = {{
     {Figure::Roll,       "This roll",    "this roll",
-     "The chance of the roll that follows at once", "the roll", 0.01},
+     "The chance of the roll that follows at once", {}, 0.01},
     {Figure::Survives,   "Survives",     "survives",
      "The chance to make the next roll for survival", "survival", 0.01},
     {Figure::Leaves,     "Leaves",       "leaves the career",
-     "The chance to be out of the career by the end of the next term", "staying in the career", 0.01, true},
+     "The chance to be thrown out of the career, or imprisoned, by the end of the next term", "staying in the career", 0.01, true},
     {Figure::Promoted,   "Promoted",     "is promoted",
      "The chance to be promoted or commissioned by the end of the next term", "promotion", 0.02},
     {Figure::Injured,    "Injured",      "is injured",
@@ -57,12 +58,12 @@ bool IsClear(const Sample& lead) {
 }
 
 // Whether the answers differ in a figure, as far as the lives tell, and by as much as matters.
-bool Differs(const Odds& odds, const FigureWords& words) {
+bool Differs(const OddsFigures& odds, const FigureWords& words) {
     double most = std::numeric_limits<double>::lowest();
     double least = std::numeric_limits<double>::max();
     bool clear = false;
     std::size_t having = 0;
-    for (const auto& outlook : odds.outlooks()) {
+    for (const auto& outlook : odds.outlooks) {
         const auto& lead = outlook.LeadAt(words.figure);
         if (lead.count() == 0)
             continue;
@@ -71,13 +72,17 @@ bool Differs(const Odds& odds, const FigureWords& words) {
         most = std::max(most, lead.mean());
         least = std::min(least, lead.mean());
     }
-    return (having > 0 && having < odds.outlooks().size()) || (clear && most - least >= words.least);
+    return (having > 0 && having < odds.outlooks.size()) || (clear && most - least >= words.least);
+}
+
+std::optional<Estimate> ChanceOf(const Sample& sample, Figure figure) {
+    return IsKnownChance(figure) ? sample.Number() : sample.Share();
 }
 
 std::string CellOf(const Outlook& outlook, Figure figure) {
     const auto& sample = outlook.At(figure);
     if (IsChance(figure)) {
-        const auto chance = sample.Chance();
+        const auto chance = ChanceOf(sample, figure);
         const bool named = figure == Figure::Roll && !outlook.roll.empty();
         return chance ? Concat(named ? outlook.roll + ": " : std::string(), ChanceText(*chance)) : "–";
     }
@@ -85,15 +90,17 @@ std::string CellOf(const Outlook& outlook, Figure figure) {
     return number ? NumberText(*number, figure == Figure::Cash) : "–";
 }
 
-std::string SentenceOf(const Alternative& alternative, const Outlook& outlook, const std::vector<FigureWords>& shown) {
-    auto sentence = alternative.caption;
+std::string SentenceOf(const std::string& caption, const Outlook& outlook, const std::vector<FigureWords>& shown) {
+    if (!outlook.fault.empty())
+        return Concat(caption, ": can't be reckoned, ", outlook.fault);
+    auto sentence = caption;
     for (const auto& words : shown) {
         const auto& sample = outlook.At(words.figure);
         if (sample.count() == 0)
             continue;
-        AppendAll(sentence, sentence.size() == alternative.caption.size() ? ": " : "; ", words.heard, " ",
+        AppendAll(sentence, sentence.size() == caption.size() ? ": " : "; ", words.heard, " ",
                   CellOf(outlook, words.figure));
-        if (const auto chance = sample.Chance(); chance && IsChance(words.figure))
+        if (const auto chance = ChanceOf(sample, words.figure); chance && IsChance(words.figure))
             AppendAll(sentence, ", ", WordFor(*chance));
     }
     return sentence + ".";
@@ -106,25 +113,26 @@ struct Judgement {
     bool clear = false;
 };
 
-Judgement Judged(const Odds& odds, const FigureWords& words) {
+Judgement Judged(const OddsFigures& odds, const FigureWords& words) {
     struct Place {
         std::string_view caption;
         double lead;
         double error;
     };
     std::vector<Place> places;
-    for (std::size_t i = 0; i < odds.outlooks().size(); ++i)
-        if (const auto& lead = odds.outlooks()[i].LeadAt(words.figure); lead.count() > 0)
-            places.push_back(
-                {odds.alternatives()[i].caption, words.lowIsGood ? -lead.mean() : lead.mean(), lead.StandardError()});
+    for (std::size_t i = 0; i < odds.outlooks.size(); ++i)
+        if (const auto& lead = odds.outlooks[i].LeadAt(words.figure); lead.count() > 0)
+            places.push_back({odds.captions[i], words.lowIsGood ? -lead.mean() : lead.mean(), lead.StandardError()});
     std::ranges::sort(places, std::greater(), &Place::lead);
-    // In standard errors.
+    if (places.size() < 2)
+        return {};
+    // In standard errors of the difference, at most: what one gains on the mean the others lose.
     const auto behind = [&](const Place& place) {
-        const double error = std::hypot(places.front().error, place.error);
+        const double error = places.front().error + place.error;
         const double distance = places.front().lead - place.lead;
         return error > 0 ? distance / error : distance > 1e-9 ? kClear + 1 : 0;
     };
-    Judgement judgement{words.best, {}, places.size() > 1 && behind(places[1]) > kClear};
+    Judgement judgement{words.best, {}, behind(places[1]) > kClear};
     for (const auto& place : places)
         if (behind(place) < kLikely)
             judgement.best.push_back(place.caption);
@@ -219,12 +227,12 @@ std::string NumberText(const Estimate& number, bool money) {
     return Concat(text(value), " ± ", money ? FormatThousands(margin) : text(margin));
 }
 
-OddsTable TableOf(const Odds& odds) {
+OddsTable TableOf(const OddsFigures& odds) {
     std::vector<FigureWords> shown;
     std::ranges::copy_if(kFigureWords, std::back_inserter(shown),
                          [&](const FigureWords& words) { return Differs(odds, words); });
     OddsTable table;
-    table.lives = odds.lives();
+    table.lives = odds.lives;
     std::vector<Judgement> judgements;
     for (const auto& words : shown) {
         table.columns.emplace_back(words.column);
@@ -233,20 +241,20 @@ OddsTable TableOf(const Odds& odds) {
             judgements.push_back(Judged(odds, words));
     }
     table.judgements = Told(judgements);
-    for (std::size_t i = 0; i < odds.outlooks().size(); ++i) {
-        const auto& outlook = odds.outlooks()[i];
-        OddsTable::Row row{odds.alternatives()[i].caption, {}, SentenceOf(odds.alternatives()[i], outlook, shown)};
+    for (std::size_t i = 0; i < odds.outlooks.size(); ++i) {
+        const auto& outlook = odds.outlooks[i];
+        OddsTable::Row row{odds.captions[i], {}, SentenceOf(odds.captions[i], outlook, shown)};
         for (const auto& words : shown)
             row.cells.push_back(CellOf(outlook, words.figure));
         table.rows.push_back(std::move(row));
     }
-    const auto lives = FormatThousands(static_cast<double>(odds.lives()));
+    const auto lives = FormatThousands(static_cast<double>(odds.lives));
     table.note = shown.empty()
                      ? Concat("Nothing that can be counted hangs on the answer, as far as ", lives, " lives tell.")
-                     : Concat(lives,
-                              " lives for each answer, with the same dice. A player of sense decides what follows "
-                              "and musters out after ",
-                              odds.terms(), " terms of service.");
+                     : Concat(lives, " lives for each answer, with the same dice. ",
+                              odds.automatic ? "Chance decides what follows, as \"Automatic Generation\" is ticked, and"
+                                             : "A player of sense decides what follows and",
+                              " musters out after ", odds.terms, " terms of service.");
     return table;
 }
 

@@ -29,6 +29,6 @@ struct OddsTable {
     std::string note;                     // how it was found
     std::uint64_t lives = 0;              // of each answer
 };
-OddsTable TableOf(const Odds& odds);
+OddsTable TableOf(const OddsFigures& odds);
 
 }  // namespace korvane::play

@@ -33,6 +33,12 @@ class TermWatch : public Display {
     const Session& session_;
 };
 
+// A journal of the first version names no dice.
+void ForgetSeed(journal::Tape& tape) {
+    if (tape.start.version > 1)
+        tape.start.dice = Origin{};
+}
+
 // Dice whose results are kept.
 class KeptDice : public Dice {
   public:
@@ -68,8 +74,7 @@ std::vector<TermBeginning> TermBeginnings(Session& session, const journal::Tape&
 journal::Tape UpTo(journal::Tape tape, std::size_t line) {
     tape.lines.resize(std::min(line, tape.lines.size()), journal::RollLine{});
     tape.end.reset();
-    tape.backs = 0;
-    tape.start.dice = Origin{};
+    ForgetSeed(tape);
     return tape;
 }
 
@@ -89,10 +94,26 @@ bool RollHomeWorldAnew(Session& session, std::vector<journal::Line>& lines, Dice
     session.seams.dice = &kept;
     session.seams.observer = nullptr;
     RollHomeWorld(session);
+    // The tables may have changed since the life began.
+    std::get<journal::FileLine>(*line).answer = worlds->source->digest();
     for (const int roll : kept.rolls)
-        if (++line != lines.end() && std::holds_alternative<journal::RollLine>(*line))
-            std::get<journal::RollLine>(*line).answer = roll;
+        if (line == lines.end() || ++line == lines.end())
+            break;
+        else if (auto* const held = std::get_if<journal::RollLine>(&*line))
+            held->answer = roll;
     return true;
+}
+
+std::optional<journal::Tape> WithAnotherHomeWorld(Session& session, journal::Tape tape, Dice& dice) {
+    if (!RollHomeWorldAnew(session, tape.lines, dice))
+        return std::nullopt;
+    ForgetSeed(tape);
+    auto played = tape;
+    journal::TapeDeck deck(session, played, nullptr, nullptr, "the life");
+    const SeamsGuard guard(session.seams);
+    const auto outcome = LiveAgain(session, tape, deck);
+    tape.end = EndOf(session, tape, outcome);
+    return tape;
 }
 
 }  // namespace korvane::play

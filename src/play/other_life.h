@@ -24,7 +24,10 @@ std::vector<TermBeginning> TermBeginnings(Session& session, const journal::Tape&
 journal::Tape UpTo(journal::Tape tape, std::size_t line);
 
 // Rolls the home world anew with other dice: that of the session's character, and what the lines of its tape say of it.
-// The tape's own seed made these lines no more. Whether there is one to be rolled.
+// No seed made these lines any more. Whether there is one to be rolled: in the data, and in the lines.
 bool RollHomeWorldAnew(Session& session, std::vector<journal::Line>& lines, Dice& dice);
+// A finished life with another home world and nothing else; its character is left in the session, which is one of its
+// own. Nothing where there is none to be rolled. Throws what LiveAgain throws.
+std::optional<journal::Tape> WithAnotherHomeWorld(Session& session, journal::Tape tape, Dice& dice);
 
 }  // namespace korvane::play

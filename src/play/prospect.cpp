@@ -37,7 +37,6 @@ void Witness::Begin() {
     term_ = rolls_ = checks_ = 0;
     roll_.clear();
     rank_ = character.Rank;
-    career_ = session_.selection.career;
     before_ = HoldingsOf(character);
     character.History.Clear();
 }
@@ -47,7 +46,10 @@ void Witness::CheckRolled(const RolledCheck& rolled) {
         return;
     // By the text's place in its file: two checks may read the same.
     const bool is_survival = rolled.check.data() == session_.assignment.survival.data();
-    if (++checks_ == 1 && rolls_ == 1 && rolled.alone && !is_survival)
+    // What each term rolls anyway isn't the answer's.
+    const bool is_usual = is_survival || rolled.check.data() == session_.assignment.advancement.data() ||
+                          rolled.check.data() == session_.career.commission.data();
+    if (++checks_ == 1 && rolls_ == 1 && rolled.alone && !is_usual)
         NoteFirst(rolled);
     if (!is_survival || term_ != 0)
         return;
@@ -66,8 +68,9 @@ void Witness::HistoryChanged() {
     if (!Watches())
         return;
     const std::string_view line = session_.character.History.lines().back();
+    // Whoever goes into another career by choice, or out of prison, isn't thrown out.
     if (line.starts_with(kImprisoned))
-        imprisoned_ = true;
+        imprisoned_ = left_ = true;
     else if (line.starts_with("Ejected from career"))
         left_ = true;
     else
@@ -86,11 +89,6 @@ void Witness::SummaryChanged() {
 void Witness::NoteRank() {
     promoted_ |= session_.character.Rank > rank_;
     rank_ = session_.character.Rank;
-}
-
-void Witness::SelectionChanged() {
-    if (Watches())
-        left_ |= session_.selection.career != career_;
 }
 
 void Witness::TermEnds() {

@@ -18,6 +18,10 @@ inline constexpr std::size_t kFigures = 10;
 constexpr bool IsChance(Figure figure) {
     return figure <= Figure::Imprisoned;
 }
+// Those of which each life tells the chance itself, and not how it fell.
+constexpr bool IsKnownChance(Figure figure) {
+    return figure <= Figure::Survives;
+}
 // Nothing where there is no such thing: no next term, say.
 using Prospect = std::array<std::optional<double>, kFigures>;
 
@@ -43,7 +47,6 @@ class Witness : public Observer, public Display {
     void CheckRolled(const RolledCheck& rolled) override;
     void HistoryChanged() override;
     void SummaryChanged() override;
-    void SelectionChanged() override;
 
   private:
     // What grows in the course of a life.
@@ -67,7 +70,6 @@ class Witness : public Observer, public Display {
     int checks_ = 0;
     std::string roll_;
     int rank_ = 0;
-    std::string career_;
     Holdings before_;
     bool left_ = false;
     bool promoted_ = false;

@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "character/seams_guard.h"
@@ -61,6 +62,8 @@ class RecordedLife : public LifeSteps, private Observer {
     // Rolls the home world of the character that was started last anew, with dice that aren't the seed's. Whether there
     // is one to be rolled.
     bool RollHomeWorldAnew();
+    // What is told of the life that ended last from now on.
+    void ReplaceEnded(journal::Tape tape) { ended_ = std::move(tape); }
 
     const journal::Tape& tape() const { return tape_; }
     // The life that ended last, until the next one begins.

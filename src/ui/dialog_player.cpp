@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QMessageBox>
-#include <QPointer>
 #include <QWindow>
 #include <algorithm>
 #include <exception>
@@ -44,88 +43,8 @@ struct Unheard {
 
 }  // namespace
 
-namespace {
-
-// Lives on from each answer, on a session of its own, and tells what was found so far from time to time.
-template <typename Tell>
-void Reckon(const HeldPath& rules, const play::OpenQuestion& question, const Background::Stops& stops,
-            const Tell& tell) {
-    Display nobody;
-    Session session(DataFolder(rules, DataFolder::Reading::Once), {nullptr, nullptr, &nobody});
-    play::Odds odds(session, question);
-    for (const auto lives : {200U, 500U, 1000U, 2000U}) {
-        odds.LiveUpTo(lives, stops);
-        if (stops())
-            return;
-        tell(play::TableOf(odds));
-    }
-}
-
-}  // namespace
-
-// Folding and unfolding is remembered, and the odds are reckoned only while they are to be seen.
-class DialogPlayer::OddsOffer {
-  public:
-    OddsOffer(DialogPlayer& player, OddsButton& button, const Alternatives& alternatives)
-        : player_(player), button_(&button) {
-        Make(player, button, alternatives);
-    }
-    ~OddsOffer() {
-        if (button_ != nullptr)  // a message's goes with it
-            button_->folded = {};
-        if (player_.odds_)
-            player_.odds_->Stop();
-    }
-    OddsOffer(const OddsOffer&) = delete;
-    OddsOffer& operator=(const OddsOffer&) = delete;
-
-    static void Make(DialogPlayer& player, OddsButton& button, const Alternatives& alternatives) {
-        const bool has_odds = static_cast<bool>(player.openQuestion);
-        button.setEnabled(has_odds);
-        button.Fold(has_odds && player.showsOdds_);
-        if (has_odds && player.showsOdds_)
-            player.ShowOdds(button, alternatives);
-        button.folded = [&player, &button, alternatives](bool open) {
-            player.showsOdds_ = open;
-            if (open)
-                player.ShowOdds(button, alternatives);
-            else if (player.odds_)
-                player.odds_->Stop();
-        };
-    }
-
-  private:
-    DialogPlayer& player_;
-    QPointer<OddsButton> button_;
-};
-
-void DialogPlayer::ShowOdds(OddsButton& button, const Alternatives& alternatives) {
-    const auto fail = [&button](const QString& why) { button.Change([&](OddsPanel& panel) { panel.Fail(why); }); };
-    const auto show = [&button](const play::OddsTable& table) {
-        button.Change([&](OddsPanel& panel) { panel.Show(table); });
-    };
-    try {
-        auto answers = alternatives();
-        if (answers.size() < 2)
-            return fail(QObject::tr("there is no other answer."));
-        button.Change([&](OddsPanel& panel) { panel.Await(static_cast<int>(answers.size())); });
-        if (!odds_)
-            odds_.emplace();
-        odds_->Begin(
-            [rules = session_.data.location(), question = openQuestion(std::move(answers)), show](
-                const Background::Stops& stops, const Background::Tell& tell) {
-                Reckon(rules, question, stops,
-                       [&](play::OddsTable table) { tell([show, table = std::move(table)] { show(table); }); });
-            },
-            fail);
-    } catch (const std::exception& error) {
-        // The dialog asks on without them; what a file has met it with is told where the rules need it.
-        fail(ToQt(error.what()));
-    }
-}
-
 DialogPlayer::DialogPlayer(const Session& session, QWidget& window, InputGuard& guard)
-    : session_(session), window_(window), guard_(guard) {}
+    : session_(session), window_(window), guard_(guard), odds_(session) {}
 
 void DialogPlayer::Finish() {
     mayAbandon_ = false;
@@ -264,11 +183,10 @@ int DialogPlayer::Choose(const ChoiceQuestion& question) {
     if (question.mayLeave) {
         dialog.back().Offer(nullptr);
         dialog.mayScrap = {};
-        dialog.odds().Fold(false);
-        dialog.odds().setEnabled(false);
+        dialog.odds().Withdraw();
         return guard_.Run(dialog) == QDialog::Accepted ? dialog.picked() : 0;
     }
-    const OddsOffer odds(*this, dialog.odds(), [&question] { return play::AlternativesOf(question); });
+    const OddsOffer odds(odds_, dialog.odds(), [&question] { return play::AlternativesOf(question); });
     RunNeeded(dialog);
     return dialog.picked();
 }
@@ -277,7 +195,7 @@ std::vector<int> DialogPlayer::Select(const ListQuestion& question) {
     auto& dialog = Prepare(list_);
     dialog.SetQuestion(question);
     Remind(dialog);
-    const OddsOffer odds(*this, dialog.odds(), [&question] { return play::AlternativesOf(question); });
+    const OddsOffer odds(odds_, dialog.odds(), [&question] { return play::AlternativesOf(question); });
     const int result = RunWithSteps([&] { return guard_.Run(dialog); });
     return result == QDialog::Accepted ? dialog.Marked() : std::vector<int>();
 }
@@ -289,7 +207,7 @@ bool DialogPlayer::Ask(const YesNoQuestion& question) {
     const auto recent = Front() == &window_ ? HistoryTexts() : std::span<const std::string>();
     std::optional<OddsOffer> odds;
     const auto offer = [&](OddsButton& button) {
-        odds.emplace(*this, button, [&question] { return play::AlternativesOf(question); });
+        odds.emplace(odds_, button, [&question] { return play::AlternativesOf(question); });
     };
     const bool yes = RunWithSteps([&] { return AskYesNo(guard_, Front(), title, question, steps, recent, offer); }) ==
                      QMessageBox::Yes;
@@ -308,7 +226,7 @@ int DialogPlayer::PickTable(const TableQuestion& question) {
     dialog.SetQuestion(question);
     dialog.SetHeldSkills(SkillTexts());
     Remind(dialog);
-    const OddsOffer odds(*this, dialog.odds(), [&question] { return play::AlternativesOf(question); });
+    const OddsOffer odds(odds_, dialog.odds(), [&question] { return play::AlternativesOf(question); });
     PlaceOverUpperPart(dialog, window_);
     RunNeeded(dialog);
     return dialog.picked();
@@ -319,13 +237,13 @@ EndOfTermAnswer DialogPlayer::EndOfTerm(const EndOfTermQuestion& question) {
     dialog.SetQuestion(question);
     dialog.SetSkills(SkillTexts());
     dialog.SetHistory(session_.character, session_.race);
-    const OddsOffer odds(*this, dialog.odds(), [&question] { return play::AlternativesOf(question); });
+    const OddsOffer odds(odds_, dialog.odds(), [&question] { return play::AlternativesOf(question); });
     PlaceOverUpperPart(dialog, window_);
     dialog.optionsChanged = [this, &dialog, &question](const Options& options) {
         if (optionsChanged)
             optionsChanged(options);
         dialog.SetSkills(SkillTexts());
-        OddsOffer::Make(*this, dialog.odds(), [terms = question.termsTotal, options] {
+        OddsOffer::Make(odds_, dialog.odds(), [terms = question.termsTotal, options] {
             return play::AlternativesOf(EndOfTermQuestion{terms, options});
         });
     };
@@ -337,7 +255,7 @@ std::optional<TransferAnswer> DialogPlayer::Transfer(const TransferQuestion& que
     auto& dialog = Prepare(transfer_);
     dialog.SetQuestion(question);
     dialog.SetCost(CostOfLeaving());
-    const OddsOffer odds(*this, dialog.odds(), [&question] { return play::AlternativesOf(question); });
+    const OddsOffer odds(odds_, dialog.odds(), [&question] { return play::AlternativesOf(question); });
     PlaceOverUpperPart(dialog, window_);
     // A fault met while the dialog lists assignments is kept until its event handler is left.
     std::exception_ptr fault;
@@ -406,7 +324,7 @@ MusterPress DialogPlayer::Muster(const MusterQuestion& question) {
     dialog.SetForfeit(question.rolls > 0 ? QObject::tr("Leaving now forfeits %1.").arg(RollsText(question.rolls))
                                          : QString());
     dialog.SetHistory(HistoryTexts(session_.musterResults.historyBefore));
-    const OddsOffer odds(*this, dialog.odds(), [&question] { return play::AlternativesOf(question); });
+    const OddsOffer odds(odds_, dialog.odds(), [&question] { return play::AlternativesOf(question); });
     const auto press = RunMuster(dialog);
     if (!press)  // the program ends
         throw PlayerLeft();

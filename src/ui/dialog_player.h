@@ -9,14 +9,12 @@
 #include <vector>
 
 #include "character/KVNDeclare.h"
-#include "play/odds_table.h"
-#include "ui/background.h"
 #include "ui/input_guard.h"
 #include "ui/kvn_end_term.h"
 #include "ui/kvn_muster.h"
 #include "ui/kvn_tables.h"
 #include "ui/kvn_transfer.h"
-#include "ui/odds_panel.h"
+#include "ui/odds_desk.h"
 #include "ui/slist1.h"
 #include "ui/spickbox.h"
 
@@ -33,8 +31,8 @@ class DialogPlayer : public Player {
     const LifeSteps* steps = nullptr;
     // Lets the player choose a question of the history, while the dialog is away; nothing: back to the question.
     std::function<std::optional<std::size_t>()> chooseMoment;
-    // Gives the question that the life has come to, for its odds; nothing: they can't be asked for.
-    std::function<play::OpenQuestion(std::vector<play::Alternative>)> openQuestion;
+    // Where the odds of its questions come from.
+    OddsDesk& odds() { return odds_; }
     // Called before a dialog is shown, so that the window behind it shows what has happened.
     std::function<void()> beforeDialog;
     // Called as soon as the player changes a box in the end-of-term dialog.
@@ -66,10 +64,6 @@ class DialogPlayer : public Player {
     // Runs a dialog, by a function that gives its result, until that is no wish to look for a question in the history.
     // Throws WentBack or WentForward where the player goes elsewhere.
     int RunWithSteps(const std::function<int()>& run);
-    // As long as it lives, a dialog offers the odds of its question.
-    class OddsOffer;
-    using Alternatives = std::function<std::vector<play::Alternative>()>;
-    void ShowOdds(OddsButton& button, const Alternatives& alternatives);
     // One press; nothing when the program ends.
     std::optional<MusterPress> RunMuster(KVNMuster& dialog);
     // The rows of the career's benefits, by the roll.
@@ -93,9 +87,8 @@ class DialogPlayer : public Player {
     std::unique_ptr<KVNTables> tables_;
     std::unique_ptr<KVNEndTerm> endTerm_;
     std::unique_ptr<KVNTransfer> transfer_;
-    std::optional<Background> odds_;  // made when they are asked for first
-    bool showsOdds_ = false;          // whether the player has unfolded them
-    bool mayAbandon_ = false;         // "Done" was pressed, and the question of the unused rolls comes
+    OddsDesk odds_;
+    bool mayAbandon_ = false;  // "Done" was pressed, and the question of the unused rolls comes
 };
 
 }  // namespace korvane::ui

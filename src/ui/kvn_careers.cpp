@@ -8,7 +8,6 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <array>
-#include <memory>
 
 #include "base/text.h"
 #include "ui/qt_text.h"
@@ -72,6 +71,15 @@ QString SentenceOf(const play::CareerPlace& place) {
     return ToQt(name) + QStringLiteral(": ") + figures.join(QStringLiteral("; "));
 }
 
+// What can't be compared, and why.
+QString FaultsOf(const play::CareerComparison& found) {
+    QString faults;
+    for (const auto& place : found.places)
+        if (!place.fault.empty())
+            faults += QLatin1Char('\n') + ToQt(place.fault);
+    return faults;
+}
+
 }  // namespace
 
 KVNCareers::KVNCareers(QWidget* parent, const HeldPath& rules, const play::Applicant& applicant, const QString& who)
@@ -95,7 +103,7 @@ KVNCareers::KVNCareers(QWidget* parent, const HeldPath& rules, const play::Appli
                 odds.LiveUpTo(lives, stops);
                 if (stops())
                     return;
-                tell([this, odds = std::make_shared<play::CareerOdds>(odds)] { Show(*odds); });
+                tell([this, found = odds.comparison()] { Show(found); });
             }
         },
         [this](const QString& why) { note_.setText(tr("The careers can't be compared: %1").arg(why)); });
@@ -155,16 +163,16 @@ void KVNCareers::SortBy(int column) {
     table_.sortByColumn(column, column == 0 ? Qt::AscendingOrder : Qt::DescendingOrder);
 }
 
-void KVNCareers::Show(const play::CareerOdds& odds) {
+void KVNCareers::Show(const play::CareerComparison& found) {
     // Rows would change places under the hand that fills them.
     table_.setSortingEnabled(false);
     std::array<double, play::kCareerFigures> most{};
-    for (const auto& place : odds.places())
+    for (const auto& place : found.places)
         for (std::size_t i = 0; i < most.size(); ++i)
             most.at(i) = std::max(most.at(i), place.prospects.figures.at(i).mean());
     QTreeWidgetItem* career = nullptr;
     const bool first = items_.empty();
-    for (const auto& place : odds.places()) {
+    for (const auto& place : found.places) {
         auto*& item = items_[{place.career, place.assignment}];
         if (item == nullptr && place.assignment.empty())
             item = new FigureRow(&table_);
@@ -186,11 +194,13 @@ void KVNCareers::Show(const play::CareerOdds& odds) {
     if (first && table_.topLevelItemCount() > 0)
         table_.setCurrentItem(table_.topLevelItem(0));
     table_.doItemsLayout();  // at once: a screen reader may ask for the rows before they are painted
+    const auto lives = ToQt(FormatThousands(static_cast<double>(found.lives)));
     note_.setText(
         tr("%1 lives in each assignment by a player of sense, who musters out after %2 terms of service. What "
            "comes after \"Accepted\" is of those who are accepted.")
-            .arg(ToQt(FormatThousands(static_cast<double>(odds.lives()))))
-            .arg(kTerms));
+            .arg(lives)
+            .arg(kTerms) +
+        FaultsOf(found));
 }
 
 void KVNCareers::Fill(QTreeWidgetItem& item, const play::CareerPlace& place) {

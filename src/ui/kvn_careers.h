@@ -30,7 +30,7 @@ class KVNCareers : public QDialog {
 
   private:
     void LayOut(const QString& who);
-    void Show(const play::CareerOdds& odds);
+    void Show(const play::CareerComparison& found);
     void Fill(QTreeWidgetItem& item, const play::CareerPlace& place);
     void SortBy(int column);
     void Choose();

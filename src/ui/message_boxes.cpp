@@ -61,7 +61,7 @@ int AskYesNo(InputGuard& guard, QWidget* parent, const QString& title, const Yes
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(question.defaultYes ? QMessageBox::Yes : QMessageBox::No);
     AddRecentLines(box, recent);
-    auto* const odds = offerOdds ? new OddsButton(box) : nullptr;
+    auto* const odds = offerOdds && steps != nullptr ? new OddsButton(box) : nullptr;
     OfferBack(box, steps, odds);
     if (odds != nullptr)
         offerOdds(*odds);

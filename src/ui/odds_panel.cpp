@@ -1,5 +1,6 @@
 #include "ui/odds_panel.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QGridLayout>
 #include <QHeaderView>
@@ -8,11 +9,19 @@
 #include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <cstdint>
+#include <utility>
 
 #include "ui/looks.h"
 #include "ui/qt_text.h"
 
 namespace korvane::ui {
+
+namespace {
+
+constexpr std::uint64_t kLastLives = 2000;  // no surer figures come
+
+}  // namespace
 
 void OddsTree::Show(const play::OddsTable& table) {
     const int at = indexOfTopLevelItem(currentItem());
@@ -88,6 +97,10 @@ OddsPanel::OddsPanel(QWidget* parent) : QWidget(parent) {
     table_.setSelectionMode(QAbstractItemView::SingleSelection);
     table_.setFocusPolicy(Qt::TabFocus);
     table_.header()->setStretchLastSection(false);
+    // Room for what most questions have to say, so that nothing moves when it comes.
+    constexpr int kUsualLines = 3;
+    judgements_.setMinimumHeight(kUsualLines * fontMetrics().lineSpacing());
+    judgements_.setAlignment(Qt::AlignLeft | Qt::AlignBottom);
     column->addWidget(&judgements_);
     column->addWidget(&table_);
     column->addWidget(&note_);
@@ -95,17 +108,14 @@ OddsPanel::OddsPanel(QWidget* parent) : QWidget(parent) {
 }
 
 QSize OddsPanel::sizeHint() const {
-    const int wanted = std::max(fontMetrics().averageCharWidth() * 60, table_.isHidden() ? 0 : table_.WholeWidth());
-    const int width = std::min(wanted, most_);
-    // What the dialog has anyway leaves the texts fewer lines.
-    const auto margins = parentWidget()->contentsMargins();
-    const int room = std::max(width, parentWidget()->width() - 4 * margins.left() - 40);
-    return {width, std::max(layout()->totalHeightForWidth(room), layout()->totalMinimumSize().height())};
+    constexpr int kCharacters = 96;  // what most tables need
+    const int width = std::min(fontMetrics().averageCharWidth() * kCharacters, most_);
+    return {width, std::max(layout()->totalHeightForWidth(width), layout()->totalMinimumSize().height())};
 }
 
 void OddsPanel::Await(int answers) {
+    told_ = false;
     judgements_.clear();
-    judgements_.hide();
     table_.clear();
     table_.setColumnCount(1);
     table_.setHeaderLabels({tr("Answer")});
@@ -119,17 +129,22 @@ void OddsPanel::Show(const play::OddsTable& table) {
     for (const auto& judgement : table.judgements)
         lines << ToQt(judgement);
     judgements_.setText(lines.join(QLatin1Char('\n')));
-    judgements_.setVisible(!lines.isEmpty());
     table_.setVisible(!table.columns.empty());
     table_.Show(table);
-    table_.TakeRows(static_cast<int>(table.rows.size()), most_);
+    table_.TakeRows(static_cast<int>(table.rows.size()), sizeHint().width());
     note_.setText(ToQt(table.note));
+    const bool last = table.lives >= kLastLives;
+    setAccessibleDescription(lines.join(QLatin1Char(' ')) + QLatin1Char(' ') + note_.text());
+    if (std::exchange(told_, true) && !last)
+        return;
+    QAccessibleEvent alert(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
 }
 
-void OddsPanel::Fail(const QString& why) {
-    judgements_.hide();
+void OddsPanel::Say(const QString& text) {
+    judgements_.clear();
     table_.hide();
-    note_.setText(tr("The odds can't be reckoned: %1").arg(why));
+    note_.setText(text);
 }
 
 OddsButton::OddsButton(QDialog& dialog) : QToolButton(&dialog), dialog_(dialog) {
@@ -162,9 +177,10 @@ void OddsButton::MakePanel() {
     panel_ = new OddsPanel(&dialog_);
     panel_->hide();
     const int screen = dialog_.screen()->availableGeometry().width();
-    // A message box is no wider than this.
-    panel_->SetMostWidth(qobject_cast<QMessageBox*>(&dialog_) != nullptr ? std::clamp(screen - 540, 300, 940)
-                                                                         : screen * 17 / 20);
+    // The toolkit makes a message box no wider than 1000, and leaves 480 of the screen beside it.
+    constexpr int kMargins = 60;
+    const bool is_message = qobject_cast<QMessageBox*>(&dialog_) != nullptr;
+    panel_->SetMostWidth(is_message ? std::clamp(screen - 480, 360, 1000) - kMargins : screen * 9 / 10 - kMargins);
     if (fit)
         return;
     if (auto* const grid = qobject_cast<QGridLayout*>(dialog_.layout()))
@@ -173,7 +189,16 @@ void OddsButton::MakePanel() {
         dialog_.layout()->addWidget(panel_);
 }
 
+void OddsButton::Withdraw() {
+    Fold(false);
+    setEnabled(false);
+    folded = {};
+}
+
 void OddsButton::Fold(bool open) {
+    // What has the focus in a panel that folds would hand it to an answer.
+    if (!open && panel_ != nullptr && panel_->isAncestorOf(dialog_.focusWidget()))
+        setFocus();
     setChecked(open);
     if (open)
         panel();

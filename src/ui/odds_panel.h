@@ -33,10 +33,13 @@ class OddsPanel : public QWidget {
     // For a question with so many answers, whose odds are on the way.
     void Await(int answers);
     void Show(const play::OddsTable& table);
-    void Fail(const QString& why);
+    void Fail(const QString& why) { Say(tr("The odds can't be reckoned: %1").arg(why)); }
+    // In place of odds.
+    void Say(const QString& text);
 
     // It asks for no more.
     void SetMostWidth(int most) { most_ = most; }
+    // The width doesn't hang on what is shown: answers mustn't move while somebody aims at them.
     QSize sizeHint() const override;
 
   private:
@@ -44,6 +47,7 @@ class OddsPanel : public QWidget {
     QLabel judgements_;
     OddsTree table_;
     QLabel note_;
+    bool told_ = false;  // a screen reader knows that there are figures
 };
 
 // "Odds" (Ctrl+D) unfolds the panel under its dialog, which grows by it. The panel is made when it is unfolded first.
@@ -58,6 +62,8 @@ class OddsButton : public QToolButton {
 
     // Folds or unfolds it without being asked.
     void Fold(bool open);
+    // There are no odds here.
+    void Withdraw();
     // There while it is unfolded.
     OddsPanel& panel();
     bool IsOpen() const { return panel_ != nullptr && !panel_->isHidden(); }

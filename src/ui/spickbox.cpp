@@ -27,7 +27,7 @@ SPICKBOX::SPICKBOX(QWidget* parent) : NeededDialog(parent), recent_(*this), back
     back_.setAutoRaise(true);
     odds_.setText(tr("%"));
     odds_.setAutoRaise(true);
-    odds_.fit = [this] { Place(); };
+    odds_.fit = [this] { Fit(); };
     title_.setObjectName("title");
     title_.setAlignment(Qt::AlignCenter);
     title_.setTextFormat(Qt::PlainText);
@@ -63,6 +63,7 @@ void SPICKBOX::SetQuestion(const ChoiceQuestion& question) {
     }
     longest_ = static_cast<int>(longest);
     Place();
+    CenterOnScreen(*this);
     buttons_.at(static_cast<std::size_t>(question.focus < shown_ ? question.focus : 0))->setFocus();
 }
 
@@ -98,7 +99,18 @@ void SPICKBOX::Place() {
         button->setGeometry(left, top, button_width, button_height);
         top += row;
     }
-    CenterOnScreen(*this);
+}
+
+// Grows and shrinks downward, as far as the screen lets it: no answer moves from under the hand.
+void SPICKBOX::Fit() {
+    const auto corner = geometry().topLeft();
+    Place();
+    if (!isVisible())
+        return CenterOnScreen(*this);
+    const auto room = screen()->availableGeometry();
+    move(pos().x(), std::max(room.top(), std::min(pos().y(), room.bottom() - frameGeometry().height())));
+    if (corner.y() + height() <= room.bottom())
+        setGeometry({corner, size()});
 }
 
 void SPICKBOX::keyPressEvent(QKeyEvent* event) {

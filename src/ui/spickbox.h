@@ -34,6 +34,7 @@ class SPICKBOX : public NeededDialog {
     std::span<KeyButton* const> Shown() const { return std::span(buttons_).first(static_cast<std::size_t>(shown_)); }
     // The width of the longest text, in characters of which each takes 100 twips, decides over all widths.
     void Place();
+    void Fit();
 
     RecentLinesAbove recent_;
     BackButton back_;

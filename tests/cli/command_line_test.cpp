@@ -244,7 +244,7 @@ TEST(CommandLine, OddsCompareCareersForACharacter) {
     EXPECT_TRUE(places[0]["assignment"].is_null());
     EXPECT_EQ(places[1]["assignment"], "Cavalry");
     EXPECT_GT(places[0]["accepted"]["value"], 0.3);
-    EXPECT_LT(places[0]["levels"]["margin"], places[1]["levels"]["margin"]) << "of more lives";
+    EXPECT_EQ(places[0]["accepted"], places[1]["accepted"]) << "as the same dice fall, five assignments tell no more";
     EXPECT_TRUE(RunCli({"odds", "--data", KORVANE_RULES, "--lives", "5"}).out.find("  Courier ") != std::string::npos);
     EXPECT_EQ(RunCli({"odds", "--data", KORVANE_RULES, "--set", "Dxx=9"}).err,
               "korvane-cli: unknown characteristic \"Dxx\"; did you mean \"Dex\"?\n");

@@ -3,6 +3,7 @@
 #include "output/character_document.h"
 
 #include "output/character_text.h"
+#include "output/luck_line.h"
 #include "support/world.h"
 
 namespace korvane {
@@ -66,6 +67,17 @@ TEST_F(Document, HoldsTheRecordInItsOrder) {
               "Still to decide: the speciality of Art-1, 2 background skills, 1 benefit roll\nHistory:\n  1. -- "
               "\"Term\" 1 --\n");
     EXPECT_NE(CharacterDocument(session).find(R"("medicalDebt":150000,)"), std::string::npos);
+}
+
+TEST(LuckTexts, CompareWithLivesOfAsManyChecks) {
+    Luck luck;
+    EXPECT_EQ(LuckLine(luck), "");
+    luck.Note({"Edu 8+", 0, 0, 8, 4});
+    EXPECT_NEAR(ShareOfLessLucky(luck), 35.0 / 36, 1e-9) << "but for another 12";
+    luck.Note({"Gambler", 0, 0, 8, 6, true});
+    EXPECT_EQ(LuckLine(luck),
+              "Luck: 2 checks rolled 24 where dice bring 14, luckier than more than 99 % of lives with as many; "
+              "best 12 (Edu 8+), worst 12 (Edu 8+)");
 }
 
 }  // namespace

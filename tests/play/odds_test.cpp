@@ -1,7 +1,10 @@
 // What follows from an answer: against chances that were worked out by hand.
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <gtest/gtest.h>
+#include <utility>
 
 #include "character/seams_guard.h"
 #include "play/life.h"
@@ -139,32 +142,30 @@ TEST_F(OddsOfLives, LieWithinTheirBoundsOfWhatIsWorkedOutByHand) {
         const double survives = Chance(6, character.CharacteristicDM[kDex] + character.SurvivalDM);
         const double rises = Chance(6, character.CharacteristicDM[kInt] + character.AdvancementDM);
         const double fails = 1 - survives;
-        const auto odds = OddsOf(*question);
-        const auto& again = odds.outlooks().front();
-        const auto expect = [&](Figure figure, double truth) {
-            const auto estimate = *again.At(figure).Chance();
-            ++situations;
-            within += std::abs(estimate.value - truth) <= estimate.margin + 1e-9 ? 1 : 0;
-        };
-        EXPECT_EQ(again.At(Figure::Survives).Chance()->margin, 0);
+        const auto odds = OddsOf(*question, 250);
+        const auto& again = odds.figures().outlooks.front();
+        EXPECT_EQ(again.At(Figure::Survives).Number()->margin, 0);
         EXPECT_NEAR(again.At(Figure::Survives).mean(), survives, 1e-9);
-        expect(Figure::Leaves, fails * 3 / 6);
-        expect(Figure::Injured, fails * 3 / 6);
-        expect(Figure::Imprisoned, fails * 1 / 6);
-        expect(Figure::Promoted, (survives + fails * 3 / 6) * rises);
+        const std::array<std::pair<Figure, double>, 4> truths = {
+            {{Figure::Leaves, fails * 3 / 6},  // out, or into prison
+             {Figure::Injured, fails * 3 / 6},
+             {Figure::Imprisoned, fails * 1 / 6},
+             {Figure::Promoted, (survives + fails * 3 / 6) * rises}}};
+        const auto& [figure, truth] = truths.at(static_cast<std::size_t>(situations++ % 4));
+        const auto estimate = *again.At(figure).Share();
+        within += std::abs(estimate.value - truth) <= estimate.margin ? 1 : 0;
         // Who musters out has no next term, and no more years.
-        EXPECT_EQ(odds.outlooks().back().At(Figure::Survives).count(), 0U);
-        EXPECT_EQ(odds.outlooks().back().At(Figure::Years).mean(), 0);
+        EXPECT_EQ(odds.figures().outlooks.back().At(Figure::Survives).count(), 0U);
+        EXPECT_EQ(odds.figures().outlooks.back().At(Figure::Years).mean(), 0);
     }
-    EXPECT_EQ(situations, 20);
     EXPECT_GE(within, 19);
 }
 
 TEST_F(OddsOfLives, SingleRollIsExact) {
     const auto odds = OddsOf(FirstUpTo("Select Pre-Career Education"), 50);
-    const auto& enlists = odds.outlooks().front();
+    const auto& enlists = odds.figures().outlooks.front();
     EXPECT_EQ(enlists.roll, "Dex 5+");
-    const auto table = TableOf(odds);
+    const auto table = TableOf(odds.figures());
     ASSERT_FALSE(table.columns.empty());
     EXPECT_EQ(table.columns.front(), "This roll");
     const double chance = Chance(5, session.character.CharacteristicDM[kDex]);
@@ -173,14 +174,50 @@ TEST_F(OddsOfLives, SingleRollIsExact) {
 
 TEST_F(OddsOfLives, AreTheSameAgainAndStopWhenTheyAreNotWanted) {
     const auto question = FirstUpTo({});
-    const auto first = TableOf(OddsOf(question, 200));
-    const auto second = TableOf(OddsOf(question, 200));
+    const auto first = TableOf(OddsOf(question, 200).figures());
+    const auto second = TableOf(OddsOf(question, 200).figures());
     for (std::size_t i = 0; i < first.rows.size(); ++i)
         EXPECT_EQ(first.rows[i].sentence, second.rows[i].sentence);
     bool stop = false;
     Odds odds(other, question);
     odds.LiveUpTo(2000, [&] { return std::exchange(stop, true); });  // stops in the middle of the first
-    EXPECT_EQ(odds.lives(), 0U);
+    EXPECT_EQ(odds.figures().lives, 0U);
+}
+
+OddsFigures Figures(const std::vector<std::pair<double, double>>& levels) {
+    // Of each answer the levels of two lives that take turns; its lead is on what all of them bring.
+    OddsFigures figures;
+    figures.lives = 400;
+    for (std::size_t i = 0; i < levels.size(); ++i) {
+        figures.captions.emplace_back(1, static_cast<char>('A' + i));
+        auto& outlook = figures.outlooks.emplace_back();
+        for (int life = 0; life < 400; ++life) {
+            const auto of = [&](const auto& answer) { return life % 2 == 0 ? answer.first : answer.second; };
+            double mean = 0;
+            for (const auto& answer : levels)
+                mean += of(answer) / static_cast<double>(levels.size());
+            outlook.figures.at(static_cast<std::size_t>(Figure::Levels)).Add(of(levels[i]));
+            outlook.leads.at(static_cast<std::size_t>(Figure::Levels)).Add(of(levels[i]) - mean);
+        }
+    }
+    return figures;
+}
+
+TEST(OddsTexts, JudgeOnlyWhatLuckDoesNotBring) {
+    const auto judged = [](const std::vector<std::pair<double, double>>& levels) {
+        return TableOf(Figures(levels)).judgements;
+    };
+    using Lines = std::vector<std::string>;
+    EXPECT_EQ(judged({{5, 3}, {4, 2}}), Lines{"Clearly best for skills: A"});
+    EXPECT_EQ(judged({{6, 2}, {2, 3}, {2, 2}}), Lines{"Clearly best for skills: A"});
+    EXPECT_EQ(judged({{9, 1}, {1, 8.8}, {1, 1}}), Lines{"Too close to tell: skills"});
+    EXPECT_TRUE(TableOf(Figures({{4, 2}, {2, 4}})).columns.empty()) << "the same in the mean";
+    EXPECT_TRUE(TableOf(Figures({{4, 2}, {3.9, 2}})).columns.empty()) << "not worth a word";
+    auto one_has_it = Figures({{4, 2}, {4, 2}});
+    one_has_it.outlooks[1] = {};
+    EXPECT_EQ(TableOf(one_has_it).columns.size(), 1U);
+    EXPECT_TRUE(TableOf(one_has_it).judgements.empty()) << "there is nothing to compare it with";
+    EXPECT_EQ(TableOf(one_has_it).rows[1].cells.front(), "–");
 }
 
 TEST(OddsTexts, TellNoMoreThanIsKnown) {
@@ -195,10 +232,13 @@ TEST(OddsTexts, TellNoMoreThanIsKnown) {
     EXPECT_EQ(NumberText({-0.5, 0}, false), "-0.5");
     EXPECT_EQ(NumberText({12340, 130}, true), "Cr12,300 ± 200");
     EXPECT_EQ(NumberText({0, 0}, true), "Cr0");
+    Sample few;
+    few.Add(13);
+    EXPECT_FALSE(few.Number()) << "one life says nothing";
     Sample sample;
     for (int i = 0; i < 200; ++i)
         sample.Add(1);
-    EXPECT_GT(sample.Chance()->margin, 0.01);  // of 200 lives that all came through nobody knows that all do
+    EXPECT_GT(sample.Share()->margin, 0.01);  // of 200 lives that all came through nobody knows that all do
     EXPECT_EQ(sample.Number()->margin, 0);
 }
 

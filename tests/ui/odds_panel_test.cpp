@@ -6,10 +6,14 @@
 #include <QTest>
 #include <QTreeWidget>
 #include <gtest/gtest.h>
+#include <optional>
+#include <utility>
 
 #include "output/journal/lines.h"
+#include "play/life.h"
 #include "play/players.h"
 #include "support_ui/desk.h"
+#include "support_ui/dialog_stage.h"
 #include "ui/kvn_careers.h"
 
 namespace korvane {
@@ -110,7 +114,7 @@ TEST_F(OddsAtQuestions, CareersAreComparedAndChosenByKeys) {
         PressKey(dialog, Qt::Key_Right);
         PressKey(dialog, Qt::Key_Down);
         EXPECT_NE(table.currentItem()->parent(), nullptr);
-        test::RealClick(dialog, "choose");
+        PressKey(dialog, Qt::Key_Return);
     });
     Trigger(Qt::Key_K);
     EXPECT_EQ(desk.Get<QComboBox>("career").currentText(), "Scout");
@@ -139,18 +143,80 @@ TEST_F(OddsAtQuestions, AnotherLifeHasTheBeginningOfTheOld) {
     EXPECT_TRUE(std::equal(history.begin(), third + 1, shown.begin())) << "up to the heading of the third term";
 }
 
+// Whether the rules and the result of a life are proved.
+void ExpectProved(const journal::Tape& tape) {
+    Display display;
+    Session session(DataFolder(HeldPath(KORVANE_RULES)), {nullptr, nullptr, &display});
+    auto played = tape;
+    journal::TapeDeck deck(session, played, nullptr, nullptr, "the life");
+    ASSERT_NO_THROW(play::LiveAgain(session, tape, deck));
+    EXPECT_TRUE(deck.changedFiles().empty());
+    EXPECT_EQ(tape.end->document, play::DocumentDigest(session, tape));
+    EXPECT_FALSE(tape.start.dice->seed.has_value());
+}
+
 TEST_F(OddsAtQuestions, HomeWorldIsRolledAnewAndNothingElse) {
     LiveOn();
     const auto history = desk.Shown("history");
-    const auto lines = journal::JournalText(*desk.window.life().ended());
+    const auto old = *desk.window.life().ended();
     const auto details = desk.Shown("details");
+    const auto waiting = desk.Shown("characteristics");
+    test::ChooseInCombo(desk.Get<QComboBox>("career"), "Scout");
     Trigger(Qt::Key_W);
     EXPECT_EQ(desk.Shown("history"), history);
-    const auto again = journal::JournalText(*desk.window.life().ended());
-    EXPECT_EQ(std::ranges::count(again, '\n'), std::ranges::count(lines, '\n'));
+    const auto& again = *desk.window.life().ended();
+    EXPECT_EQ(again.lines.size(), old.lines.size());
+    EXPECT_EQ(again.backs, old.backs);
     // Seven rolls are new dice: that all of them fall as before happens to nobody.
-    EXPECT_NE(again, lines);
     EXPECT_NE(desk.Shown("details"), details);
+    ExpectProved(again);
+    EXPECT_EQ(desk.Get<QComboBox>("career").currentText(), "Scout") << "the next one's";
+    EXPECT_EQ(desk.Shown("characteristics"), waiting);
+}
+
+TEST_F(OddsAtQuestions, HomeWorldOfTheWaitingCharacterGoesIntoItsLife) {
+    desk.window.life().UseSeed(Seed("a word"));
+    desk.Click("roll");
+    Trigger(Qt::Key_W);
+    const auto world = desk.session.character.HomeWorld;
+    desk.window.characterFinished = [&] {
+        EXPECT_EQ(desk.session.character.HomeWorld, world);
+        return false;
+    };
+    LiveOn();
+    ExpectProved(*desk.window.life().ended());
+}
+
+class OneStep : public LifeSteps {
+  public:
+    std::size_t MomentCount() const override { return 1; }
+    Moment MomentAt(std::size_t /*place*/) const override { return {}; }
+    bool MayGoForward() const override { return false; }
+    bool IsKept() const override { return false; }
+};
+
+using OddsOfMessages = test::DialogStage;
+
+TEST_F(OddsOfMessages, WhatComesAfterTheMessageHasGoneIsDropped) {
+    const OneStep steps;
+    player.steps = &steps;
+    player.odds().openQuestion = [](std::vector<play::Alternative> alternatives) {
+        return play::OpenQuestion{{}, std::move(alternatives)};  // of no life: that is told, a moment later
+    };
+    player.chooseMoment = [] {
+        QTest::qWait(200);
+        return std::nullopt;
+    };
+    robot.Then("QMessageBox", [](QWidget& dialog) {
+        PressKey(dialog, Qt::Key_D, Qt::ControlModifier);
+        PressKey(dialog, Qt::Key_H, Qt::ControlModifier);
+    });
+    robot.Then("QMessageBox", [](QWidget& dialog) {
+        EXPECT_TRUE(
+            QTest::qWaitFor([&] { return NoteOf(dialog).startsWith("The odds can't be reckoned"); }, kLivesTime));
+        PressKey(dialog, Qt::Key_Escape);
+    });
+    EXPECT_FALSE(player.Ask({"Do you?"}));
 }
 
 }  // namespace
