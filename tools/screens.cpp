@@ -190,6 +190,7 @@ void TakeCareers(KVNGen& window, const Camera& camera) {
         timer.stop();
         auto* const careers = dialog->findChild<QTreeWidget*>("careers");
         careers->topLevelItem(1)->setExpanded(true);
+        QApplication::processEvents();
         camera.Take(*dialog, "careers");
         dialog->reject();
     });

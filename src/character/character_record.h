@@ -119,6 +119,15 @@ struct Connection {
     std::string with;  // empty: the player didn't say
 };
 
+// What was so when a term began.
+struct TermStart {
+    PerCharacteristic<Count> characteristics;
+    std::string career;
+    std::string assignment;
+    Count rank;
+    std::size_t line = 0;  // its heading's place in the history
+};
+
 struct CharacterRecord : CharacterNumbers {
     PerCharacteristic<std::string> CharacteristicName;
     TextList CareersServed;  // at most kMostCareersServed
@@ -136,8 +145,8 @@ struct CharacterRecord : CharacterNumbers {
 
     korvane::Luck Luck;  // of the checks that were rolled
 
-    // The characteristics as each term began, for pictures of the life alone.
-    std::vector<PerCharacteristic<Count>> TermStarts;
+    // How each term began, for pictures and documents of the life alone.
+    std::vector<TermStart> TermStarts;
 
     // Makes the record a blank one; its texts keep their room for the next character.
     void Clear();

@@ -35,8 +35,15 @@ Options OptionsNamed(const std::vector<std::string>& captions) {
 }
 
 Format FormatNamed(const std::string& name) {
-    constexpr std::array kNames = {std::pair("json", Format::Json), std::pair("html", Format::Html),
-                                   std::pair("sarif", Format::Sarif), std::pair("none", Format::None)};
+    constexpr std::array kNames = {std::pair("json", Format::Json),
+                                   std::pair("html", Format::Html),
+                                   std::pair("sarif", Format::Sarif),
+                                   std::pair("none", Format::None),
+                                   std::pair("json-1", Format::FirstJson),
+                                   std::pair("md", Format::Markdown),
+                                   std::pair("csv", Format::Csv),
+                                   std::pair("foundry-journal", Format::TabletopJournal),
+                                   std::pair("foundry-actor", Format::TabletopActor)};
     for (const auto& [known, format] : kNames)
         if (name == known)
             return format;
@@ -151,7 +158,8 @@ void AddGenerate(CLI::App& app, GenerateCommand& command, RawOptions& raw) {
                    "Who answers: somebody of sense (default), automatic generation, or a random answer to each dialog")
         ->check(CLI::IsMember({"sensible", "automatic", "random"}));
     app.add_option("--format", raw.format, "What is printed of each character")
-        ->check(CLI::IsMember({"text", "json", "html", "none"}))
+        ->check(
+            CLI::IsMember({"text", "json", "json-1", "md", "csv", "foundry-journal", "foundry-actor", "html", "none"}))
         ->capture_default_str();
     app.add_option("--out", command.outFolder, "Folder for a file of each character, in place of standard output");
     AddNameOptions(app, command.name);
@@ -170,7 +178,7 @@ void AddReplay(CLI::App& app, ReplayCommand& command, RawOptions& raw) {
     app.add_option("JOURNAL", command.journals, "The journals to replay; \"-\" for standard input")->required();
     app.add_option("--data", command.data, "Folder of the rule data that the journal was made with");
     app.add_option("--format", raw.format, "What is printed of the character")
-        ->check(CLI::IsMember({"text", "json", "html"}))
+        ->check(CLI::IsMember({"text", "json", "json-1", "md", "csv", "foundry-journal", "foundry-actor", "html"}))
         ->capture_default_str();
     app.add_option("--out", command.outFolder, "Folder for the page of \"--format html\"");
     AddNameOptions(app, command.name);

@@ -31,7 +31,7 @@ struct Streams {
     std::function<const std::atomic<bool>&()> listen = {};
 };
 
-enum class Format { Text, Json, Html, Sarif, None };
+enum class Format { Text, Json, FirstJson, Html, Sarif, None, Markdown, Csv, TabletopJournal, TabletopActor };
 
 // How characters come by their names. A page always has one.
 struct NameOrder {

@@ -103,7 +103,7 @@ class Liver {
         // A journal is written also for a life that an error ends.
         if (keeps && (lived.fits || wishes_.empty()))
             lived.journal = journal::JournalText(tape);
-        if (lived.fits && (command_.format == Format::Text || command_.format == Format::Json))
+        if (lived.fits && command_.format != Format::Html && command_.format != Format::None)
             lived.shown = Shown(number);
         if (lived.fits && pages_)
             lived.page = command_.count == 1 ? pages_->Make(*NameOf(number))
@@ -158,6 +158,8 @@ class Generator {
             }
         }
         FinishFiles();
+        if (command_.outFolder.empty() && shown_ > 0)
+            streams_.out << frame_.after;
         streams_.out.flush();
         if (wishes)
             TellHowRare();
@@ -264,13 +266,16 @@ class Generator {
 
     void Show(const Lived& lived) {
         if (!command_.outFolder.empty()) {
-            const auto* const ending = command_.format == Format::Json ? ".json" : ".txt";
-            ReplaceFile(FileName(command_.outFolder, lived.number, ending), lived.shown, Sync::Later);
+            ReplaceFile(FileName(command_.outFolder, lived.number, EndingOf(command_.format)),
+                        Concat(frame_.before, lived.shown, frame_.after), Sync::Later);
             return;
         }
         // Runs that go on from each other read as one.
-        if (command_.format == Format::Text && (shown_ > 1 || (command_.first > 1 && command_.count > 1)))
-            streams_.out << '\n';
+        const bool goes_on = command_.first > 1 && command_.count > 1 && frame_.after.empty();
+        if (shown_ == 1 && !goes_on)
+            streams_.out << frame_.before;
+        if (shown_ > 1 || goes_on)
+            streams_.out << frame_.between;
         streams_.out << lived.shown;
     }
 
@@ -282,6 +287,7 @@ class Generator {
 
     const GenerateCommand& command_;
     Streams& streams_;
+    const Frame frame_ = FrameOf(command_.format);
     std::vector<play::Wish> wishes_;
     Liver here_;
     std::optional<PageWriter> pages_;

@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "output/character_text.h"
 #include "output/luck_line.h"
+#include "output/targets/targets.h"
 #include "play/naming.h"
 
 namespace korvane::cli {
@@ -11,19 +12,68 @@ std::optional<std::string> NameFor(Session& session, const NameOrder& order, For
                                    const std::string& otherwise) {
     if (order.given)
         return order.given;
-    if (!order.rolled && format != Format::Html)
+    if (!order.rolled && !NeedsName(format))
         return std::nullopt;
     auto name = play::NameOfCharacter(session);
     return name.empty() ? otherwise : name;
 }
 
-std::string Rendered(const Session& session, Format format, const DocumentLabels& labels) {
-    if (format == Format::Json)
-        return CharacterDocument(session, labels) + "\n";
+namespace {
+
+std::string Text(const Session& session, const DocumentLabels& labels) {
     auto text = (labels.name ? *labels.name + "\n" : std::string()) + CharacterText(session);
     if (const auto luck = LuckLine(session.character.Luck); labels.luck && !luck.empty())
         AppendAll(text, luck, "\n");
     return text;
+}
+
+}  // namespace
+
+std::string Rendered(const Session& session, Format format, DocumentLabels labels) {
+    switch (format) {
+        case Format::Json:
+            labels.form = DocumentForm::Second;
+            return CharacterDocument(session, labels) + "\n";
+        case Format::FirstJson:
+            return CharacterDocument(session, labels) + "\n";
+        case Format::Markdown:
+            return targets::Markdown(session, labels);
+        case Format::Csv:
+            return targets::TableRow(session, labels);
+        case Format::TabletopJournal:
+            return targets::JournalEntryPage(session, labels);
+        case Format::TabletopActor:
+            return targets::Actor(session, labels);
+        default:
+            return Text(session, labels);
+    }
+}
+
+Frame FrameOf(Format format) {
+    if (format == Format::Text || format == Format::Markdown)
+        return {{}, "\n", {}};
+    if (format == Format::Csv)
+        return {targets::TableHead(), {}, {}};
+    if (format == Format::TabletopJournal)
+        return {targets::JournalEntryHead("Characters"), ",", targets::JournalEntryEnd()};
+    return {};
+}
+
+std::string_view EndingOf(Format format) {
+    switch (format) {
+        case Format::Text:
+            return ".txt";
+        case Format::Markdown:
+            return ".md";
+        case Format::Csv:
+            return ".csv";
+        default:
+            return ".json";
+    }
+}
+
+bool NeedsName(Format format) {
+    return format == Format::Html || format == Format::TabletopJournal || format == Format::TabletopActor;
 }
 
 }  // namespace korvane::cli

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "character/KVNDeclare.h"
 #include "cli/commands.h"
@@ -15,7 +16,19 @@ namespace korvane::cli {
 std::optional<std::string> NameFor(Session& session, const NameOrder& order, Format format,
                                    const std::string& otherwise);
 
-// The session's character as text, or as one line of JSON with its labels.
-std::string Rendered(const Session& session, Format format, const DocumentLabels& labels);
+// The session's character with its labels: as text, as one line of JSON, or for another program.
+std::string Rendered(const Session& session, Format format, DocumentLabels labels);
+
+// What stands before, between and after several characters of a format in one stream.
+struct Frame {
+    std::string before;
+    std::string between;
+    std::string after;
+};
+Frame FrameOf(Format format);
+// The ending of a format's files, with its dot.
+std::string_view EndingOf(Format format);
+// Whether a character of the format must have a name.
+bool NeedsName(Format format);
 
 }  // namespace korvane::cli

@@ -28,6 +28,8 @@ class Replays {
             failed |= one == kFailure;
             status = std::max(status, one);
         }
+        if (shownAny_)
+            streams_.out << FrameOf(command_.format).after;
         return failed ? kFailure : status;
     }
 
@@ -92,8 +94,8 @@ class Replays {
             pages.Finish();
             return;
         }
-        if (command_.format == Format::Text && std::exchange(shownAny_, true))
-            streams_.out << '\n';
+        const auto frame = FrameOf(command_.format);
+        streams_.out << (std::exchange(shownAny_, true) ? frame.between : frame.before);
         labels.luck = command_.luck;
         labels.name = NameFor(session_, command_.name, command_.format, "Character");
         streams_.out << Rendered(session_, command_.format, labels);

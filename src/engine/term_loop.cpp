@@ -25,10 +25,12 @@ namespace {
 
 enum class TermEnd { NextTerm, MusteredOut, Scrapped };
 
-void CountTerm(CharacterRecord& character) {
+void CountTerm(Session& session) {
+    auto& character = session.character;
     character.TermsTotal += 1;
     character.TermsInCareer += 1;
-    character.TermStarts.push_back(character.Characteristic);
+    character.TermStarts.push_back({character.Characteristic, session.selection.career, session.selection.assignment,
+                                    character.Rank, character.History.size()});
 }
 
 void ChoosePreCareer(Session& session) {
@@ -59,7 +61,7 @@ void TrainBasics(Session& session) {
 }
 
 void ServeOpeningTerm(Session& session) {
-    CountTerm(session.character);
+    CountTerm(session);
     AddHistory(session, "-- Term 1 --");
     GrantBackgroundSkills(session);
     ChoosePreCareer(session);
@@ -129,7 +131,7 @@ TermEnd EndTerm(Session& session) {
 
 TermEnd ServeTerm(Session& session) {
     auto& character = session.character;
-    CountTerm(character);
+    CountTerm(session);
     character.MusterRolls += 1;
     // The opening term counted too, so the first term of service is number 2.
     AddHistory(session, "------ Term ", character.TermsTotal, " ------");

@@ -1,7 +1,11 @@
 #include "output/character_document.h"
 
+#include <span>
+#include <utility>
+
 #include "base/text.h"
 #include "output/json_writer.h"
+#include "output/life_terms.h"
 #include "output/summary_texts.h"
 
 namespace korvane {
@@ -33,12 +37,23 @@ void AddCharacteristics(JsonWriter& json, const CharacterRecord& character) {
     json.EndArray();
 }
 
-void AddSkills(JsonWriter& json, const CharacterRecord& character) {
+void AddOrigin(JsonWriter& json, const Skill& skill, const CharacterRecord& character) {
+    const auto origin = OriginOf(skill, character);
+    for (const auto& [key, value] : {std::pair("term", origin ? origin->term : 0), {"line", origin ? origin->line : 0}})
+        if (origin)
+            json.Key(key).Number(value);
+        else
+            json.Key(key).Null();
+}
+
+void AddSkills(JsonWriter& json, const CharacterRecord& character, DocumentForm form) {
     json.Key("skills").BeginArray();
     for (const auto* const skill : character.Skills.Held()) {
         json.BeginObject();
         json.Key("name").Text(Trim(skill->Name));
         json.Key("level").Number(skill->Level);
+        if (form == DocumentForm::Second)
+            AddOrigin(json, *skill, character);
         json.EndObject();
     }
     json.EndArray();
@@ -99,6 +114,40 @@ void AddCompany(JsonWriter& json, const CharacterRecord& character) {
     TextOrNull(json.Key("package"), character.SkillPackage);
 }
 
+void AddTerms(JsonWriter& json, const Session& session) {
+    json.Key("terms").BeginArray();
+    for (const auto& term : TermsOf(session)) {
+        json.BeginObject();
+        json.Key("number").Number(term.number);
+        json.Key("age").Number(term.age);
+        json.Key("career").Text(Trim(term.career));
+        json.Key("assignment").Text(Trim(term.assignment));
+        json.Key("rank").Number(term.rank);
+        json.Key("lines").TextArray(term.lines);
+        json.EndObject();
+    }
+    json.EndArray();
+}
+
+// What the second form tells beside the first.
+void AddMore(JsonWriter& json, const Session& session) {
+    AddTerms(json, session);
+    json.Key("homeWorldParts").BeginObject();
+    for (std::size_t i = 0; i < kWorldTableNames.size(); ++i)
+        if (const auto& fact = session.character.HomeWorld.at(i); !fact.empty())
+            json.Key(kWorldTableNames.at(i)).Text(fact);
+    json.EndObject();
+    json.Key("traits").BeginArray();
+    for (const auto trait : std::span(session.race.traits).subspan(1))
+        if (!IsBlank(trait))
+            json.Text(Trim(trait));
+    json.EndArray();
+    json.Key("rankTitles").BeginArray();
+    for (const auto title : session.assignment.rankTitle)
+        json.Text(Trim(title));
+    json.EndArray();
+}
+
 void AddRoll(JsonWriter& json, const Luck::Extreme& roll) {
     json.BeginObject();
     json.Key("roll").Number(roll.luck);
@@ -126,6 +175,8 @@ std::string CharacterDocument(const Session& session, const DocumentLabels& labe
     std::string document;
     JsonWriter json(document);
     json.BeginObject();
+    if (labels.form == DocumentForm::Second)
+        json.Key("version").Number(2);
     AddLabels(json, labels);
     json.Key("race").Text(Trim(session.selection.race));
     json.Key("career").Text(Trim(session.selection.career));
@@ -134,10 +185,12 @@ std::string CharacterDocument(const Session& session, const DocumentLabels& labe
     AddCharacteristics(json, character);
     AddStanding(json, session);
     AddBenefits(json, character);
-    AddSkills(json, character);
+    AddSkills(json, character, labels.form);
     json.Key("history").TextArray(character.History.lines());
     AddCompany(json, character);
     json.Key("open").TextArray(OpenPoints(character));
+    if (labels.form == DocumentForm::Second)
+        AddMore(json, session);
     if (labels.luck)
         AddLuck(json, character.Luck);
     json.EndObject();

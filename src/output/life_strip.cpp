@@ -163,7 +163,7 @@ void AddCurves(LifeStrip& strip, const CharacterRecord& character) {
             continue;
         StripCurve curve{std::string(Trim(name)), {}};
         for (const auto& start : character.TermStarts)
-            curve.values.push_back(start[slot]);
+            curve.values.push_back(start.characteristics[slot]);
         curve.values.push_back(character.Characteristic[slot]);
         strip.curves.push_back(std::move(curve));
     }

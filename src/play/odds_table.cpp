@@ -249,12 +249,12 @@ OddsTable TableOf(const OddsFigures& odds) {
         table.rows.push_back(std::move(row));
     }
     const auto lives = FormatThousands(static_cast<double>(odds.lives));
-    table.note = shown.empty()
-                     ? Concat("Nothing that can be counted hangs on the answer, as far as ", lives, " lives tell.")
-                     : Concat(lives, " lives for each answer, with the same dice. ",
-                              odds.automatic ? "Chance decides what follows, as \"Automatic Generation\" is ticked, and"
-                                             : "A player of sense decides what follows and",
-                              " musters out after ", odds.terms, " terms of service.");
+    table.note =
+        shown.empty()
+            ? Concat("Nothing that can be counted hangs on the answer, as far as ", lives, " lives tell.")
+            : Concat(lives, " lives for each answer, ",
+                     odds.automatic ? "by chance, as \"Automatic Generation\" is ticked" : "by a player of sense",
+                     ", up to ", odds.terms, " terms of service.");
     return table;
 }
 

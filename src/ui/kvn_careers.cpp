@@ -91,7 +91,7 @@ KVNCareers::KVNCareers(QWidget* parent, const HeldPath& rules, const play::Appli
     connect(&close_, &QPushButton::clicked, this, &QDialog::reject);
     connect(&table_, &QTreeWidget::currentItemChanged, this,
             [this] { choose_.setEnabled(table_.currentItem() != nullptr); });
-    connect(&table_, &QTreeWidget::itemExpanded, this, [this] { table_.resizeColumnToContents(0); });
+    connect(&table_, &QTreeWidget::itemExpanded, this, &KVNCareers::FitColumns);
     connect(&sort_, &QComboBox::activated, this, &KVNCareers::SortBy);
     connect(table_.header(), &QHeaderView::sortIndicatorChanged, &sort_, &QComboBox::setCurrentIndex);
     background_.Begin(
@@ -189,8 +189,7 @@ void KVNCareers::Show(const play::CareerComparison& found) {
         }
     }
     table_.setSortingEnabled(true);
-    for (int i = 0; i < table_.columnCount(); ++i)
-        table_.resizeColumnToContents(i);
+    FitColumns();
     if (first && table_.topLevelItemCount() > 0)
         table_.setCurrentItem(table_.topLevelItem(0));
     table_.doItemsLayout();  // at once: a screen reader may ask for the rows before they are painted
@@ -201,6 +200,11 @@ void KVNCareers::Show(const play::CareerComparison& found) {
             .arg(lives)
             .arg(kTerms) +
         FaultsOf(found));
+}
+
+void KVNCareers::FitColumns() {
+    for (int i = 0; i < table_.columnCount(); ++i)
+        table_.resizeColumnToContents(i);
 }
 
 void KVNCareers::Fill(QTreeWidgetItem& item, const play::CareerPlace& place) {

@@ -32,6 +32,7 @@ class KVNCareers : public QDialog {
     void LayOut(const QString& who);
     void Show(const play::CareerComparison& found);
     void Fill(QTreeWidgetItem& item, const play::CareerPlace& place);
+    void FitColumns();
     void SortBy(int column);
     void Choose();
 

@@ -99,7 +99,9 @@ OddsPanel::OddsPanel(QWidget* parent) : QWidget(parent) {
     table_.header()->setStretchLastSection(false);
     // Room for what most questions have to say, so that nothing moves when it comes.
     constexpr int kUsualLines = 3;
-    judgements_.setMinimumHeight(kUsualLines * fontMetrics().lineSpacing());
+    constexpr int kLow = 45;  // lines on a screen that has no room to spare
+    if (screen()->availableGeometry().height() > kLow * fontMetrics().lineSpacing())
+        judgements_.setMinimumHeight(kUsualLines * fontMetrics().lineSpacing());
     judgements_.setAlignment(Qt::AlignLeft | Qt::AlignBottom);
     column->addWidget(&judgements_);
     column->addWidget(&table_);

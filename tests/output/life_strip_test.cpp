@@ -25,7 +25,7 @@ class Strip : public test::World {
     void Live(const std::vector<std::string>& lines) {
         if (!character().TermStarts.empty())
             character().Age += 4;
-        character().TermStarts.push_back(character().Characteristic);
+        character().TermStarts.push_back({character().Characteristic, {}, {}, {}, 0});
         AddHistory(session, character().TermStarts.size() == 1 ? "-- Term 1 --" : "------ Term ------");
         for (const auto& line : lines)
             AddHistory(session, line);
