@@ -1,10 +1,13 @@
 """Reads back what korvane-cli prints for other programs: check-documents.py PROGRAM."""
 
+import base64
 import csv
+import hashlib
 import html.parser
 import io
 import json
 import pathlib
+import re
 import subprocess
 import sys
 import tempfile
@@ -135,6 +138,17 @@ def hostile_rules(folder: str) -> str:
     return folder
 
 
+def check_policies() -> None:
+    """The script of a shipped template is the one that its policy lets run."""
+    for file in pathlib.Path("rules").glob("template*.htm"):
+        page = file.read_bytes().decode()
+        assert "Content-Security-Policy" in page, file
+        for script in re.findall(r"<script>(.*?)</script>", page, re.S):
+            digest = base64.b64encode(hashlib.sha256(script.encode()).digest()).decode()
+            assert f"'sha256-{digest}'" in page, f"{file}: the policy must name sha256-{digest}"
+
+
+check_policies()
 with tempfile.TemporaryDirectory() as hostile:
     lived = 0
     for DATA in ("rules", hostile_rules(hostile)):

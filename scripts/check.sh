@@ -34,6 +34,10 @@ ctest --preset sanitize -j "$(nproc)" --progress
 step "lint"
 ./scripts/lint.sh
 
+step "documents for other programs, and completion"
+./scripts/check-documents.sh
+python3 scripts/check-completion.py build/release/src/korvane-cli
+
 step "pages"
 ./scripts/check-pages.sh
 

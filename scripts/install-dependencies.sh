@@ -35,6 +35,9 @@ if [ "${1:-build}" = check ]; then
         dbus-daemon         # the bus that it is on,
         dbus-bin            # which is started for the test,
         python3-pyatspi     # and who reads it
+        python3-jsonschema  # holds documents against their schemas
+        python3-yaml        # reads what goes into notes
+        zsh fish            # shells whose completion is tried
         desktop-file-utils  # checks the desktop entry
         appstream           # checks the metadata
         default-jre-headless # runs the validator of pages, which comes from npm

@@ -6,7 +6,9 @@
 
 #include "base/encoding.h"
 #include "base/error.h"
+#include "base/nearest.h"
 #include "cli/command_options.h"
+#include "cli/completion.h"
 
 namespace korvane::cli {
 
@@ -43,6 +45,8 @@ struct Order {
     CheckCommand check;
     BalanceCommand balance;
     OddsCommand odds;
+    ListCommand list;
+    CompletionCommand completion;
     NewCareerCommand newCareer;
     CodesCommand codes;
 };
@@ -61,7 +65,7 @@ struct Verb {
     void (*add)(CLI::App& app, Order& order);
     int (*run)(Order& order, Streams& streams);
 };
-constexpr std::array<Verb, 9> kVerbs = {{
+constexpr std::array<Verb, 12> kVerbs = {{
     {"generate", "Generate characters without a person",
      [](CLI::App& app, Order& order) { AddGenerate(app, order.generate, order.raw); }, Run<&Order::generate, Generate>},
     {"play", "Play a character's life at the terminal",
@@ -77,6 +81,13 @@ constexpr std::array<Verb, 9> kVerbs = {{
      Run<&Order::balance, MeasureBalance>},
     {"odds", "Compare careers: what each holds for a character",
      [](CLI::App& app, Order& order) { AddOdds(app, order.odds, order.raw); }, Run<&Order::odds, CompareCareers>},
+    {"names", "Print names", [](CLI::App& app, Order& order) { AddNames(app, order.list); },
+     [](Order& order, Streams& streams) { return PrintNames(order.list, streams); }},
+    {"worlds", "Print home worlds", [](CLI::App& app, Order& order) { AddWorlds(app, order.list); },
+     [](Order& order, Streams& streams) { return PrintWorlds(order.list, streams); }},
+    {"completion", "Print the script by which a shell completes this command line",
+     [](CLI::App& app, Order& order) { AddCompletion(app, order.completion); },
+     [](Order& order, Streams& streams) { return PrintCompletion(order.completion, streams); }},
     {"new-career", "Write the files of a new career, to be filled in",
      [](CLI::App& app, Order& order) { AddNewCareer(app, order.newCareer); },
      [](Order& order, Streams& streams) { return NewCareer(order.newCareer, streams); }},
@@ -91,6 +102,12 @@ int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
     Order order;
     for (const auto& verb : kVerbs)
         verb.add(*app.add_subcommand(verb.name, verb.help), order);
+    // What the scripts of the shells ask.
+    if (arguments.size() > 1 && arguments[0] == "complete" && arguments[1] == "--") {
+        for (const auto& word : Completions(app, {arguments.begin() + 2, arguments.end()}))
+            streams.out << word << '\n';
+        return kSuccess;
+    }
     auto words = Words(arguments);
     std::ranges::reverse(words);  // as the library wants them
     try {
@@ -110,8 +127,10 @@ std::string Told(const Missing& missing) {
     const auto file = Concat(Printable(missing.file, 300), ": no such file");
     if (missing.known.empty())
         return Concat("there is no ", missing.kind, " (", file, ")");
+    const std::vector<std::string_view> known(missing.known.begin(), missing.known.end());
     auto told = missing.name.empty() ? Concat("no ", missing.kind, " to pick")
-                                     : Concat("unknown ", missing.kind, " ", Quoted(missing.name), " (", file, ")");
+                                     : Concat("unknown ", missing.kind, " ", Quoted(missing.name), " (", file, ")",
+                                              DidYouMean(missing.name, known));
     AppendAll(told, missing.known.size() == 1 ? "; there is: " : "; there are: ", Listed(missing.known));
     return told;
 }

@@ -232,6 +232,23 @@ void AddOdds(CLI::App& app, OddsCommand& command, RawOptions& raw) {
         ->capture_default_str();
 }
 
+void AddWorlds(CLI::App& app, ListCommand& command) {
+    app.add_option("--data", command.data, "Folder of the rule data");
+    AddNumber(app, "--count", command.count, 1, kMostLives, "How many (default: 10)");
+    AddSeed(app, command.seed, "A number or a word that repeats them (default: the clock's dice)");
+}
+
+void AddNames(CLI::App& app, ListCommand& command) {
+    AddWorlds(app, command);
+    app.add_option("--race", command.race, "Race, as its file is named (default: the one that is offered first)");
+}
+
+void AddCompletion(CLI::App& app, CompletionCommand& command) {
+    app.add_option("SHELL", command.shell, "bash, zsh or fish")
+        ->required()
+        ->check(CLI::IsMember({"bash", "zsh", "fish"}));
+}
+
 void AddNewCareer(CLI::App& app, NewCareerCommand& command) {
     app.add_option("RACE", command.race, "The race, as its file is named")->required();
     app.add_option("CAREER", command.career, "The name of the career")->required();

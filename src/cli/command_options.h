@@ -28,6 +28,9 @@ void AddVerify(CLI::App& app, VerifyCommand& command, RawOptions& raw);
 void AddCheck(CLI::App& app, CheckCommand& command, RawOptions& raw);
 void AddBalance(CLI::App& app, BalanceCommand& command, RawOptions& raw);
 void AddOdds(CLI::App& app, OddsCommand& command, RawOptions& raw);
+void AddNames(CLI::App& app, ListCommand& command);
+void AddWorlds(CLI::App& app, ListCommand& command);
+void AddCompletion(CLI::App& app, CompletionCommand& command);
 void AddNewCareer(CLI::App& app, NewCareerCommand& command);
 void AddCodes(CLI::App& app, CodesCommand& command);
 

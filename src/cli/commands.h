@@ -126,6 +126,22 @@ struct OddsCommand {
 };
 int CompareCareers(const OddsCommand& command, Streams& streams);
 
+// Prints names, or home worlds, a line each.
+struct ListCommand {
+    std::string data;
+    std::string race;  // empty: the one that is offered first
+    std::uint64_t count = 10;
+    std::optional<Seed> seed;  // none: the clock's dice
+};
+int PrintNames(const ListCommand& command, Streams& streams);
+int PrintWorlds(const ListCommand& command, Streams& streams);
+
+// Prints the script by which a shell completes the command line.
+struct CompletionCommand {
+    std::string shell;
+};
+int PrintCompletion(const CompletionCommand& command, Streams& streams);
+
 // Writes the files of a new career, to be filled in.
 struct NewCareerCommand {
     std::string data;

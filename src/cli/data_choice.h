@@ -4,10 +4,17 @@
 #include <string>
 
 #include "base/paths.h"
+#include "data/records.h"
 
 namespace korvane::cli {
 
 // The folder: the one given, else the one that the configuration file names, else the shipped rules.
 HeldPath ChooseDataLocation(const std::string& given);
+
+// A name as the data folder has it, by a name in any case; one that it doesn't have stays as it is, for who knows what
+// to say of it.
+std::string KnownName(const Names& names, const std::string& given);
+// The same for a race, a career of it and an assignment of that.
+void KnowNames(const HeldPath& location, std::string& race, std::string& career, std::string& assignment);
 
 }  // namespace korvane::cli

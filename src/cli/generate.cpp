@@ -300,6 +300,8 @@ class Generator {
 }  // namespace
 
 int Generate(GenerateCommand command, Streams& streams) {
+    auto& plan = command.plan;
+    KnowNames(ChooseDataLocation(command.data), plan.race, plan.career, plan.assignment);
     if (!command.wants.empty() && !command.plan.seed) {
         // What is found is to be made again.
         std::random_device chance;

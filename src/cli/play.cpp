@@ -172,7 +172,9 @@ class PlayedLife {
 }  // namespace
 
 int Play(const PlayCommand& command, Streams& streams) {
-    return PlayedLife(command, streams).Run();
+    auto known = command;
+    KnowNames(ChooseDataLocation(known.data), known.race, known.career, known.assignment);
+    return PlayedLife(known, streams).Run();
 }
 
 }  // namespace korvane::cli

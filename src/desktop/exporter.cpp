@@ -8,6 +8,8 @@
 #include <QMessageBox>
 #include <QPainter>
 #include <QUrl>
+#include <algorithm>
+#include <array>
 #include <exception>
 #include <filesystem>
 #include <utility>
@@ -21,7 +23,9 @@
 #include "output/page_export.h"
 #include "output/page_file.h"
 #include "output/summary_texts.h"
+#include "output/targets/targets.h"
 #include "pdf/page_pdf.h"
+#include "play/life.h"
 #include "ui/back_button.h"
 #include "ui/message_boxes.h"
 #include "ui/qt_text.h"
@@ -62,6 +66,37 @@ QString DestinationOf(const QString& name) {
     return told;
 }
 
+// What a character can be exported as beside a page, for other programs.
+struct Target {
+    const char* caption;
+    const char* ending;
+    std::string (*make)(const Session& session, const DocumentLabels& labels);
+};
+constexpr std::array<Target, 5> kTargets = {{
+    {"Document (JSON)", ".json",
+     [](const Session& session, const DocumentLabels& labels) {
+         auto second = labels;
+         second.form = DocumentForm::Second;
+         return CharacterDocument(session, second) + "\n";
+     }},
+    {"Notes (Markdown)", ".md", targets::Markdown},
+    {"Table (CSV)", ".csv",
+     [](const Session& session, const DocumentLabels& labels) {
+         return targets::TableHead() + targets::TableRow(session, labels);
+     }},
+    {"Journal entry of a virtual tabletop", ".entry.json",
+     [](const Session& session, const DocumentLabels& labels) {
+         return targets::JournalEntryHead(labels.name.value_or("")) + targets::JournalEntryPage(session, labels) +
+                targets::JournalEntryEnd();
+     }},
+    {"Actor of a virtual tabletop", ".actor.json", targets::Actor},
+}};
+
+const Target* TargetNamed(const QString& caption) {
+    const auto target = std::ranges::find_if(kTargets, [&](const Target& each) { return caption == each.caption; });
+    return target == kTargets.end() ? nullptr : &*target;
+}
+
 }  // namespace
 
 template <typename Action>
@@ -81,6 +116,9 @@ bool Exporter::Show(const journal::Tape& tape, bool mayGoBack) {
     QStringList templates;
     for (const auto& name : TemplateNames(session_.data.location()))
         templates << ToQt(name);
+    for (const auto& target : kTargets)
+        templates << QObject::tr(target.caption);
+    labels_ = play::LabelsOf(tape);
     ui::KVNExport dialog(ToQt(session_.programTitle), templates, ToQt(OpenPointsLine(session_.character)), &window_);
     dialog.MayGoBack(mayGoBack);
     if (mayGoBack) {
@@ -129,8 +167,12 @@ std::unique_ptr<QTextDocument> Exporter::PageOf(const ui::KVNExport& dialog) con
         return nullptr;
     try {
         QString html;
-        for (const auto& line : FillTemplate(ReadTemplate(TemplateOf(dialog)).lines, session_, name))
-            html += ToQt(line) + QLatin1Char('\n');
+        if (const auto* const target = TargetNamed(dialog.templateName()))
+            html = QStringLiteral("<pre style=\"white-space: pre-wrap\">%1</pre>")
+                       .arg(ToQt(target->make(session_, LabelsWith(name))).toHtmlEscaped());
+        else
+            for (const auto& line : FillTemplate(ReadTemplate(TemplateOf(dialog)).lines, session_, name))
+                html += ToQt(line) + QLatin1Char('\n');
         const auto path = PagePath(name);
         return pdf::MakeDocument(html, QString::fromStdString(path.empty() ? PageFileName(name) : path),
                                  dialog.portrait());
@@ -139,8 +181,28 @@ std::unique_ptr<QTextDocument> Exporter::PageOf(const ui::KVNExport& dialog) con
     }
 }
 
+DocumentLabels Exporter::LabelsWith(const std::string& name) const {
+    auto labels = labels_;
+    labels.name = name;
+    return labels;
+}
+
+// A file for another program, beside the pages.
+ExportOutcome Exporter::ExportFor(const std::string& name, const char* ending, const std::string& text) const {
+    const std::filesystem::path page = PagePath(name);
+    if (page.empty())
+        return ExportCharacter(session_, {}, name);  // tells that there is no folder
+    std::filesystem::create_directories(page.parent_path());
+    const auto file = std::filesystem::path(page).replace_extension(ending).string();
+    ReplaceFile(file, text);
+    return {file, Concat("Character exported to ", file)};
+}
+
 void Exporter::Export(ui::KVNExport& dialog, const journal::Tape& tape) {
-    const auto outcome = ExportCharacter(session_, TemplateOf(dialog), dialog.name().toStdString());
+    const auto name = dialog.name().toStdString();
+    const auto* const target = TargetNamed(dialog.templateName());
+    const auto outcome = target != nullptr ? ExportFor(name, target->ending, target->make(session_, LabelsWith(name)))
+                                           : ExportCharacter(session_, TemplateOf(dialog), name);
     if (outcome.path.empty()) {
         ui::ShowMessage(guard_, &dialog, ToQt(session_.programTitle), ToQt(outcome.message), Icon::None);
         return;
@@ -174,7 +236,7 @@ Exporter::Others Exporter::WriteOthers(const ui::KVNExport& dialog, const QStrin
         write(QObject::tr("Journal written to %1").arg(QString::fromStdString(journal.string())),
               [&] { ReplaceFile(journal, journal::JournalText(tape)); });
     const auto printed = pdf::PdfNameOf(page);
-    if (dialog.wantsPdf())
+    if (dialog.wantsPdf() && TargetNamed(dialog.templateName()) == nullptr)  // of a page alone
         write(QObject::tr("PDF file written to %1").arg(printed), [&] {
             pdf::WritePdf(page, printed);
             others.printed = printed;

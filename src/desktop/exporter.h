@@ -6,9 +6,12 @@
 #include <QTextDocument>
 #include <QWidget>
 #include <memory>
+#include <string>
 
 #include "character/KVNDeclare.h"
+#include "output/character_document.h"
 #include "output/journal/tape.h"
+#include "output/page_file.h"
 #include "ui/input_guard.h"
 #include "ui/kvn_export.h"
 
@@ -26,6 +29,9 @@ class Exporter {
     bool Show(const journal::Tape& tape, bool mayGoBack = true);
 
   private:
+    // What a document says of the character, with the name that the player gave.
+    DocumentLabels LabelsWith(const std::string& name) const;
+    ExportOutcome ExportFor(const std::string& name, const char* ending, const std::string& text) const;
     void RollName(ui::KVNExport& dialog);
     void Export(ui::KVNExport& dialog, const journal::Tape& tape);
     // What was written beside a page.
@@ -52,6 +58,7 @@ class Exporter {
     ui::InputGuard& guard_;
     // Of the last character, whose dialog may be opened again.
     QString name_;
+    DocumentLabels labels_;
     bool exported_ = false;
     bool working_ = false;  // a button's work asks something itself
 };

@@ -77,8 +77,19 @@ int Run(const Wishes& wishes) {
 
 }  // namespace
 
+constexpr auto kUsage =
+    "usage: korvane [--seed SEED] [--journal FILE]\n"
+    "Generates player characters, term by term.\n"
+    "  --seed SEED     a number or a word that the dice come from, so that lives can be proved\n"
+    "  --journal FILE  keeps each life in a file as it is lived; goes on with an unfinished one\n"
+    "  --help, --version\n";
+
 int main(int argc, char** argv) {
     const std::vector<std::string> arguments(argv + 1, argv + argc);
+    if (!arguments.empty() && (arguments.front() == "--help" || arguments.front() == "--version")) {
+        std::cout << (arguments.front() == "--help" ? kUsage : "korvane " KORVANE_VERSION "\n");
+        return 0;
+    }
     // The toolkit would keep its file dialog's folders and sizes; the program keeps nothing of the kind.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
     QApplication application(argc, argv);

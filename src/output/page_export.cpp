@@ -103,6 +103,16 @@ void AddCharacteristicTags(Replacements& page, const Session& session) {
     add_each("BOXES", [&](int i) { return Boxes(character.Characteristic[i]); });
 }
 
+// What the character has beyond the six that every race has: "PSI 7 (+0) OOOOO OO", a line each.
+std::string FurtherText(const CharacterRecord& character) {
+    std::string text;
+    for (int i = kSoc + 1; i <= character.CharacteristicCount; ++i)
+        AppendAll(text, text.empty() ? "" : "<br>", Trim(character.CharacteristicName[i]), " ",
+                  character.Characteristic[i], " (", SignedNumber(character.CharacteristicDM[i]), ") ",
+                  Boxes(character.Characteristic[i]));
+    return text;
+}
+
 std::string SkillsText(const CharacterRecord& character) {
     std::string text;
     for (const auto* const skill : character.Skills.Held())
@@ -194,6 +204,7 @@ Replacements ReplacementsFor(const Session& session, std::string_view name) {
     AddCharacteristicTags(page, session);
     AddStanding(page, session, name);
     AddStory(page, session);
+    Add(page, "FURTHER", FurtherText(session.character));
     Add(page, "LIFE", LifePicture(session));
     return page;
 }

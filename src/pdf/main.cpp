@@ -1,11 +1,18 @@
 #include <QGuiApplication>
 #include <iostream>
+#include <string_view>
 
 #include "pdf/page_pdf.h"
 
 int main(int argc, char** argv) {
+    constexpr auto kUsage = "usage: korvane-pdf PAGE...\nMakes a PDF file of each page, beside it.\n";
+    const std::string_view first = argc < 2 ? "" : argv[1];
+    if (first == "--help" || first == "--version") {
+        std::cout << (first == "--help" ? kUsage : "korvane-pdf " KORVANE_VERSION "\n");
+        return 0;
+    }
     if (argc < 2) {
-        std::cerr << "usage: korvane-pdf PAGE...\n";
+        std::cerr << kUsage;
         return 1;
     }
     // It shows nothing, so it needs no display.

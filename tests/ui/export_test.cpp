@@ -49,7 +49,7 @@ TEST_F(ExportTest, WritesThePageOfTheSelectedTemplate) {
         EXPECT_EQ(dialog.windowTitle(), desk.window.windowTitle());
         EXPECT_EQ(Child<QLabel>(dialog, "open").text(), "Still to decide: 1 skill package");
         const auto& templates = Child<QListWidget>(dialog, "templates");
-        EXPECT_EQ(templates.count(), 3);
+        EXPECT_EQ(templates.count(), 3 + 5) << "and what other programs take";
         EXPECT_EQ(templates.currentItem()->text(), "template-plain.htm") << "the first of them";
         PressKey(dialog, Qt::Key_J, Qt::ShiftModifier);
         PressKey(dialog, Qt::Key_Return);
@@ -93,6 +93,21 @@ TEST_F(ExportTest, WritesThePageOfTheSelectedTemplate) {
     EXPECT_TRUE(profile.Read("Korvane/Zoeb.pdf").starts_with("%PDF"));
     EXPECT_EQ(QImage(QString::fromStdString(PathOf("Zoeb.jpg"))).width(), 1200) << "no larger than it need be";
     EXPECT_FALSE(std::filesystem::exists(PathOf("j.pdf")));
+}
+
+TEST_F(ExportTest, WritesForOtherProgramsBesideThePages) {
+    robot.Then("KVNExport", [](QWidget& dialog) {
+        auto& templates = Child<QListWidget>(dialog, "templates");
+        templates.setCurrentItem(templates.findItems("Notes (Markdown)", Qt::MatchExactly).value(0));
+        Child<QLineEdit>(dialog, "name").setText("Zoe: \"x\"");
+        RealClick(dialog, "export");
+    });
+    robot.ThenMessage("Character exported to " + PathOf("Zoex.md"), QMessageBox::Ok);
+    Close();
+    exporter.Show(desk.window.life().tape());
+    const auto notes = profile.Read("Korvane/Zoex.md");
+    EXPECT_TRUE(notes.starts_with("---\nname: \"Zoe: \\\"x\\\"\"\n")) << notes.substr(0, 80);
+    EXPECT_FALSE(std::filesystem::exists(PathOf("Zoex.htm")));
 }
 
 TEST_F(ExportTest, OffersTenNamesAsOftenAsWanted) {

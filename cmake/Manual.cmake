@@ -1,0 +1,10 @@
+# The pages of the manual, with the version.
+set(manual korvane-cli.1 korvane-journal.5 korvane-rules.5)
+if(KORVANE_DESKTOP)
+  list(APPEND manual korvane.1 korvane-pdf.1)
+endif()
+foreach(page ${manual})
+  configure_file(docs/man/${page}.in man/${page} @ONLY)
+  string(REGEX REPLACE ".*\\." "" section ${page})
+  install(FILES ${PROJECT_BINARY_DIR}/man/${page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man${section})
+endforeach()
