@@ -67,6 +67,7 @@ cp "$work"/one/korvane* -t "$folder" 2>/dev/null || true  # all but the folder o
 (cd "$folder" && sha256sum ./*.dsc ./*.tar.xz ./*.deb)
 
 step "nothing names the folder of the build"
+mkdir "$work/unpacked"
 for package in "$folder"/*.deb; do
     dpkg-deb -x "$package" "$work/unpacked/$(basename "$package")"
 done

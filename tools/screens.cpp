@@ -102,6 +102,8 @@ class Camera {
             else if (note->text().contains("2,000")) {
                 timer.stop();
                 Take(*dialog, name);
+                // Unfolded it would be in the pictures that follow, with whatever was found by then.
+                dialog->findChild<QToolButton*>("oddsButton")->click();
                 dialog->done(ui::NeededDialog::kScrapped);
             }
         });
