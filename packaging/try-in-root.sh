@@ -57,7 +57,7 @@ rm -r "$root/tmp/packages" "$root/tmp/home"
 inventory >"$folder/after"
 echo "-- purged; what is there that was not, or is no longer:"
 diff "$folder/before" "$folder/after"
-[ -z "$(find "$root" -xdev -iname '*korvane*' -not -path "$root/var/cache/man/*" -not -path "$root/proc/*" -print | tee /dev/stderr)" ]
-[ -z "$(inside dpkg-query -W -f '${Package}\n' 'korvane*' 2>/dev/null)" ]
+left=$(find "$root" -xdev -iname '*korvane*'; inside dpkg-query -W 'korvane*' 2>/dev/null || true)
+[ -z "$left" ] || { echo "$left"; exit 1; }
 echo "nothing"
 rm "$folder/before" "$folder/after"
