@@ -152,9 +152,8 @@ void Apply(Session& session, const SkillTest& effect) {
 }
 
 void Apply(Session& session, const BestTest& effect) {
-    const int modifier = BestSkillModifier(session, effect.skills);
-    const int made = RollAgainst(session, session.choice.PickText, modifier, effect.target);
-    ApplyAll(session, made >= 0 ? effect.success : effect.failure);
+    const bool made = RollBest(session, effect.skills, effect.target) >= 0;
+    ApplyAll(session, made ? effect.success : effect.failure);
 }
 
 void Apply(Session& session, const OnRoll& effect) {

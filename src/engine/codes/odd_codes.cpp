@@ -40,12 +40,6 @@ void SettleStake(Session& session, int stake, bool wins) {
     session.character.BenefitRollsModifier += wins ? rolls : -rolls;
 }
 
-// 2D6 with the best modifier among skills, against a target.
-int RollBest(Session& session, const Texts& skills, int target) {
-    const int modifier = BestSkillModifier(session, skills);
-    return RollAgainst(session, session.choice.PickText, modifier, target);
-}
-
 // The skills with which the navy's battle stations are manned; none for other assignments.
 const Texts& BattleSkills(std::string_view assignment) {
     static const Texts crew = {"Electronics (Sensors)", "Gunner (Turret)", "Gunner (Ortillery)", "Gunner (Screen)",
