@@ -51,9 +51,9 @@ void WritePortrait(const QImage& picture, const std::string& file) {
     ReplaceFile(file, {bytes.data().constData(), static_cast<std::size_t>(bytes.data().size())});
 }
 
-// Where a page of this name goes, and what it meets there.
-QString DestinationOf(const QString& name) {
-    const auto path = QString::fromStdString(PagePath(name.toStdString()));
+// Where what is exported under this name goes, and what it meets there.
+QString DestinationOf(const QString& name, const char* ending) {
+    const auto path = QString::fromStdString(PagePath(name.toStdString(), ending));
     if (path.isEmpty())
         return QObject::tr("There is no profile folder to write to: neither USERPROFILE nor HOME is set.");
     auto told = QObject::tr("To %1").arg(path);
@@ -135,7 +135,10 @@ bool Exporter::Show(const journal::Tape& tape, bool mayGoBack) {
     dialog.rollName = [&] { Guard(dialog, [&] { RollName(dialog); }); };
     dialog.exportPage = [&] { Guard(dialog, [&] { Export(dialog, tape); }); };
     dialog.makePage = [&] { return PageOf(dialog); };
-    dialog.destination = [&] { return DestinationOf(dialog.name()); };
+    dialog.destination = [&] {
+        const auto* const target = TargetNamed(dialog.templateName());
+        return DestinationOf(dialog.name(), target != nullptr ? target->ending : kPageEnding);
+    };
     dialog.ShowPage();
     dialog.endProgram = [&] {
         if (working_)
@@ -187,21 +190,10 @@ DocumentLabels Exporter::LabelsWith(const std::string& name) const {
     return labels;
 }
 
-// A file for another program, beside the pages.
-ExportOutcome Exporter::ExportFor(const std::string& name, const char* ending, const std::string& text) const {
-    const std::filesystem::path page = PagePath(name);
-    if (page.empty())
-        return ExportCharacter(session_, {}, name);  // tells that there is no folder
-    std::filesystem::create_directories(page.parent_path());
-    const auto file = std::filesystem::path(page).replace_extension(ending).string();
-    ReplaceFile(file, text);
-    return {file, Concat("Character exported to ", file)};
-}
-
 void Exporter::Export(ui::KVNExport& dialog, const journal::Tape& tape) {
     const auto name = dialog.name().toStdString();
     const auto* const target = TargetNamed(dialog.templateName());
-    const auto outcome = target != nullptr ? ExportFor(name, target->ending, target->make(session_, LabelsWith(name)))
+    const auto outcome = target != nullptr ? ExportBytes(target->make(session_, LabelsWith(name)), name, target->ending)
                                            : ExportCharacter(session_, TemplateOf(dialog), name);
     if (outcome.path.empty()) {
         ui::ShowMessage(guard_, &dialog, ToQt(session_.programTitle), ToQt(outcome.message), Icon::None);
@@ -236,7 +228,9 @@ Exporter::Others Exporter::WriteOthers(const ui::KVNExport& dialog, const QStrin
         write(QObject::tr("Journal written to %1").arg(QString::fromStdString(journal.string())),
               [&] { ReplaceFile(journal, journal::JournalText(tape)); });
     const auto printed = pdf::PdfNameOf(page);
-    if (dialog.wantsPdf() && TargetNamed(dialog.templateName()) == nullptr)  // of a page alone
+    if (dialog.wantsPdf() && TargetNamed(dialog.templateName()) != nullptr)
+        others.told << QObject::tr("No PDF file was written: it is made of a page.");
+    else if (dialog.wantsPdf())
         write(QObject::tr("PDF file written to %1").arg(printed), [&] {
             pdf::WritePdf(page, printed);
             others.printed = printed;

@@ -31,7 +31,6 @@ class Exporter {
   private:
     // What a document says of the character, with the name that the player gave.
     DocumentLabels LabelsWith(const std::string& name) const;
-    ExportOutcome ExportFor(const std::string& name, const char* ending, const std::string& text) const;
     void RollName(ui::KVNExport& dialog);
     void Export(ui::KVNExport& dialog, const journal::Tape& tape);
     // What was written beside a page.

@@ -84,6 +84,8 @@ class KVNGen : public QMainWindow {
     std::optional<std::size_t> ChooseQuestion();
     // Shows what each career holds for the character that waits for its start, and takes over what is chosen.
     void CompareCareers();
+    // Whether what there is of the character is what an error left, which is told.
+    bool HasFailed();
     // Rolls the home world of the finished character in view anew, else of the one that waits for its start.
     void RollHomeWorldAnew();
     // Does something that only looks at a life; what stands in its way is told.

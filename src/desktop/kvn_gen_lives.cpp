@@ -21,11 +21,8 @@ using ui::ToQt;
 void KVNGen::CompareCareers() {
     if (session_.selection.race.empty())
         return;
-    if (controller_.state() == GenerationController::State::Failed) {
-        ui::ShowMessage(guard_, this, windowTitle(), tr("Roll a new character first: this one's life has failed."),
-                        Icon::Information);
+    if (HasFailed())
         return;
-    }
     QStringList values;
     for (const auto& line : CharacteristicLines(session_.character))
         values << ToQt(line).simplified();
@@ -39,13 +36,24 @@ void KVNGen::CompareCareers() {
         controller_.SelectAssignment(assignment);
 }
 
+bool KVNGen::HasFailed() {
+    const bool failed = controller_.state() == GenerationController::State::Failed;
+    if (failed)
+        ui::ShowMessage(guard_, this, windowTitle(), tr("Roll a new character first: this one's life has failed."),
+                        Icon::Information);
+    return failed;
+}
+
 void KVNGen::RollHomeWorldAnew() {
+    if (HasFailed())
+        return;
     const auto& ended = controller_.ended();
     const bool of_ended = ended && ended->end == LifeEnd::MusteredOut;
     Look([&] {
         const bool rolled = of_ended ? controller_.RollEndedHomeWorldAnew() : controller_.RollHomeWorldAnew();
         Refresh();
-        Say(rolled ? tr("The home world was rolled anew: %1").arg(ToQt(HomeWorldText(controller_.shown())))
+        Say(rolled ? tr("The home world was rolled anew: %1")
+                         .arg(ToQt(HomeWorldText(of_ended ? ended->record : session_.character)))
                    : tr("There is no home world that could be rolled anew."));
     });
 }

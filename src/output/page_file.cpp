@@ -3,6 +3,7 @@
 #include <array>
 #include <ctime>
 #include <filesystem>
+#include <functional>
 #include <system_error>
 
 #include "base/environment.h"
@@ -40,14 +41,14 @@ std::string PageFileName(std::string_view name) {
     return LettersOnly(name) + ".htm";
 }
 
-std::string PagePath(std::string_view name) {
+std::string PagePath(std::string_view name, std::string_view ending) {
     const auto profile = ProfileFolder();
-    return profile.empty() ? std::string() : NativePath(PageIn(FolderIn(profile), name)).string();
+    return profile.empty() ? std::string()
+                           : NativePath(FolderIn(profile) + "\\" + LettersOnly(name) + std::string(ending)).string();
 }
 
 std::string PortraitPath(std::string_view name) {
-    const auto profile = ProfileFolder();
-    return profile.empty() ? std::string() : NativePath(FolderIn(profile) + "\\" + LettersOnly(name) + ".jpg").string();
+    return PagePath(name, ".jpg");
 }
 
 std::string ProfileFolder() {
@@ -55,17 +56,33 @@ std::string ProfileFolder() {
     return profile.empty() ? ExactEnvironmentValue("HOME") : profile;
 }
 
-ExportOutcome ExportCharacter(const Session& session, const HeldPath& templatePath, std::string_view name) {
+namespace {
+
+// Makes the bytes when it is known where they go.
+template <typename Make>
+ExportOutcome Export(const Make& make, const std::function<HeldPath(const HeldPath& folder)>& place) {
     const auto profile = ProfileFolder();
     if (profile.empty())
         return {{}, "Your device needs a USERPROFILE env variable"};
     const auto folder = FolderIn(profile);
-    std::error_code exists;  // or can't be made, which the page's own error tells
+    std::error_code exists;  // or can't be made, which the file's own error tells
     std::filesystem::create_directories(NativePath(folder), exists);
-    const auto page = Page(ReadTemplate(templatePath), session, name);
-    const auto path = NativePath(PageIn(folder, name));
-    ReplaceFile(path, page);
+    const auto bytes = make();
+    const auto path = NativePath(place(folder));
+    ReplaceFile(path, bytes);
     return {path.string(), "Character exported to " + path.string()};
+}
+
+}  // namespace
+
+ExportOutcome ExportBytes(const std::string& bytes, std::string_view name, std::string_view ending) {
+    return Export([&] { return bytes; },
+                  [&](const HeldPath& folder) { return folder + "\\" + LettersOnly(name) + std::string(ending); });
+}
+
+ExportOutcome ExportCharacter(const Session& session, const HeldPath& templatePath, std::string_view name) {
+    return Export([&] { return Page(ReadTemplate(templatePath), session, name); },
+                  [&](const HeldPath& folder) { return PageIn(folder, name); });
 }
 
 }  // namespace korvane

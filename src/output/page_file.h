@@ -14,8 +14,10 @@ std::string PageFileName(std::string_view name);
 // The user's profile folder, as a native path: what USERPROFILE says, else HOME; "" with neither.
 std::string ProfileFolder();
 
-// Where the page of a character of this name goes, as a native path; "" without a profile folder.
-std::string PagePath(std::string_view name);
+inline constexpr auto kPageEnding = ".htm";
+// Where the page of a character of this name goes, or a file of another ending beside it, as a native path; "" without
+// a profile folder.
+std::string PagePath(std::string_view name, std::string_view ending = kPageEnding);
 // Where its portrait does: beside the page, as the page's picture.
 std::string PortraitPath(std::string_view name);
 
@@ -24,6 +26,9 @@ struct ExportOutcome {
     std::string path;     // the page's native path; empty when none was written
     std::string message;  // what the player is told
 };
+
+// Writes bytes into the folder "Korvane" of the user's profile, as below.
+ExportOutcome ExportBytes(const std::string& bytes, std::string_view name, std::string_view ending);
 
 // Writes the page of the session's character into the folder "Korvane" of the user's profile, from a template given by
 // its held path. The file is called by the letters of the name and replaces an earlier one, whole. Without a profile

@@ -100,9 +100,18 @@ TEST_F(ExportTest, WritesForOtherProgramsBesideThePages) {
         auto& templates = Child<QListWidget>(dialog, "templates");
         templates.setCurrentItem(templates.findItems("Notes (Markdown)", Qt::MatchExactly).value(0));
         Child<QLineEdit>(dialog, "name").setText("Zoe: \"x\"");
+        const auto& destination = Child<QLabel>(dialog, "destination");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return destination.text().endsWith("Zoex.md"); }))
+            << destination.text().toStdString();
+        Child<QCheckBox>(dialog, "pdf").setChecked(true);
         RealClick(dialog, "export");
     });
-    robot.ThenMessage("Character exported to " + PathOf("Zoex.md"), QMessageBox::Ok);
+    robot.Then("QMessageBox", [this](QWidget& dialog) {
+        const auto& box = dynamic_cast<QMessageBox&>(dialog);
+        EXPECT_EQ(box.text().toStdString(), "Character exported to " + PathOf("Zoex.md"));
+        EXPECT_EQ(box.informativeText(), "No PDF file was written: it is made of a page.");
+        PressKey(dialog, Qt::Key_Return);
+    });
     Close();
     exporter.Show(desk.window.life().tape());
     const auto notes = profile.Read("Korvane/Zoex.md");
