@@ -131,8 +131,7 @@ std::vector<std::string> AllFor(const CLI::App& app, const std::vector<std::stri
     std::vector<std::string> all;
     if (words.size() < 2) {
         for (const auto* const verb : app.get_subcommands([](const CLI::App*) { return true; }))
-            if (!verb->get_group().empty())
-                all.push_back(verb->get_name());
+            all.push_back(verb->get_name());
         return all;
     }
     const auto verbs = app.get_subcommands([&](const CLI::App* each) { return each->get_name() == words.front(); });

@@ -158,8 +158,6 @@ class Generator {
             }
         }
         FinishFiles();
-        if (command_.outFolder.empty() && shown_ > 0)
-            streams_.out << frame_.after;
         streams_.out.flush();
         if (wishes)
             TellHowRare();
@@ -246,8 +244,10 @@ class Generator {
             status_ = kFailure;
         }
     }
-    // The list of what was written, and all of it on the disk.
+    // The end of what stands in one stream, the list of what was written, and all of it on the disk.
     void FinishFiles() {
+        if (command_.outFolder.empty() && shown_ > 0)
+            streams_.out << frame_.after;
         if (pages_)
             pages_->Finish();
         for (const auto& folder : {command_.outFolder, command_.journalFolder})

@@ -1,12 +1,8 @@
-#include "base/error.h"
-#include "base/text.h"
 #include "character/home_world.h"
 #include "cli/commands.h"
 #include "cli/data_choice.h"
 #include "engine/names.h"
-#include "engine/selection.h"
 #include "output/summary_texts.h"
-#include "play/players.h"
 
 namespace korvane::cli {
 
@@ -16,13 +12,9 @@ namespace {
 template <typename Make>
 int PrintMany(const ListCommand& command, Streams& streams, const Make& make) {
     Display nobody;
-    play::RandomPlayer player{RandomStream()};
-    SeededDice first(0, 0);
     Session session(DataFolder(ChooseDataLocation(command.data), DataFolder::Reading::Once),
-                    {&first, &player, &nobody});
-    ListRaces(session);
-    if (!command.race.empty())
-        LoadRace(session, KnownName(*session.selection.races, command.race));
+                    {nullptr, nullptr, &nobody});
+    LoadRaceNamed(session, command.race);
     ClockDice clock;
     for (std::uint64_t number = 1; number <= command.count; ++number) {
         SeededDice seeded(command.seed ? command.seed->value() : 0, number);

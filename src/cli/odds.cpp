@@ -115,7 +115,8 @@ int CompareCareers(const OddsCommand& command, Streams& streams) {
     Display nobody;
     Session session(DataFolder(ChooseDataLocation(command.data), DataFolder::Reading::Once),
                     {nullptr, nullptr, &nobody});
-    auto applicant = play::AverageApplicant(session, command.race);
+    LoadRaceNamed(session, command.race);
+    auto applicant = play::AverageApplicant(session);
     applicant.options = command.options;
     const auto character = session.character;
     for (const auto& told : command.set)

@@ -10,7 +10,6 @@
 #include "character/seams_guard.h"
 #include "data/known_names.h"
 #include "engine/prison.h"
-#include "engine/selection.h"
 #include "play/life.h"
 #include "play/odds_table.h"
 #include "play/prospect.h"
@@ -106,22 +105,11 @@ Applicant ApplicantOf(const Session& session) {
     return {session.selection.race, session.character.Characteristic, session.method, session.options};
 }
 
-Applicant AverageApplicant(Session& session, const std::string& race) {
+Applicant AverageApplicant(Session& session) {
     constexpr int kRolls = 2000;
     const SeamsGuard guard(session.seams);
-    RandomPlayer nobody{RandomStream()};
     SeededDice dice(kApplicantsDice, 0);
     session.seams.dice = &dice;
-    session.seams.player = &nobody;
-    ListRaces(session);
-    if (!race.empty()) {
-        const auto& races = *session.selection.races;
-        const auto known =
-            std::ranges::find_if(races, [&](const auto& name) { return EqualsIgnoringCase(name, race); });
-        if (known == races.end())
-            throw UsageError(Concat("unknown race ", Quoted(race), DidYouMean(race, Views(races))));
-        LoadRace(session, *known);
-    }
     std::array<int, kMostCharacteristics + 1> sums{};
     for (int i = 0; i < kRolls; ++i) {
         StartNewCharacter(session);
@@ -179,13 +167,16 @@ void CareerOdds::AddMean(const std::vector<Life>& lives, CareerPlace& whole) {
         double sum = 0;
         int count = 0;
         for (const auto& life : lives)
-            if (const auto& told = life.at(figure)) {
+            if (const auto& told = life.figures.at(figure)) {
                 sum += *told;
                 ++count;
             }
         if (count > 0)
             whole.prospects.figures.at(figure).Add(sum / count);
     }
+    for (const auto& life : lives)
+        if (!life.bestSkill.empty())
+            ++whole.prospects.bestSkills[life.bestSkill];
 }
 
 std::optional<CareerOdds::Life> CareerOdds::LiveOnce(CareerPlace& place, std::uint64_t number) {
@@ -219,15 +210,17 @@ std::optional<CareerOdds::Life> CareerOdds::LiveOnce(CareerPlace& place, std::ui
         return std::nullopt;
     Life life;
     const auto add = [&](CareerFigure figure, double value) {
-        life.at(static_cast<std::size_t>(figure)) = value;
+        life.figures.at(static_cast<std::size_t>(figure)) = value;
         place.prospects.figures.at(static_cast<std::size_t>(figure)).Add(value);
     };
     add(CareerFigure::Accepted, *witness.acceptance);
     if (!witness.accepted)
         return life;
     TellEnd(session_.character, witness, prospect, add);
-    if (const auto* const best = BestOf(session_.character))
+    if (const auto* const best = BestOf(session_.character)) {
+        life.bestSkill = best->Name;
         ++place.prospects.bestSkills[best->Name];
+    }
     return life;
 }
 

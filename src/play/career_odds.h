@@ -24,9 +24,9 @@ struct Applicant {
 };
 // The session's character that waits for its start.
 Applicant ApplicantOf(const Session& session);
-// A character of the race, or of the one that is offered first, whose characteristics are what its dice bring on
-// average; one of the kind is left in the session. Throws UsageError for a race that there isn't.
-Applicant AverageApplicant(Session& session, const std::string& race);
+// A character of the session's race whose characteristics are what its dice bring on average; one of the kind is left
+// in the session.
+Applicant AverageApplicant(Session& session);
 
 // What is told of a career. The first four are chances from 0 to 1; all but the first are of those who were accepted,
 // those from `Rank` on of the end of the life.
@@ -87,7 +87,10 @@ class CareerOdds {
 
   private:
     // What one life told: of the chance to be accepted always, of all else where one was.
-    using Life = std::array<std::optional<double>, kCareerFigures>;
+    struct Life {
+        std::array<std::optional<double>, kCareerFigures> figures;
+        std::string bestSkill;  // empty for none
+    };
     std::optional<Life> LiveOnce(CareerPlace& place, std::uint64_t number);
     // A life in each assignment counts as one of the career: as the same dice fell, more isn't known.
     static void AddMean(const std::vector<Life>& lives, CareerPlace& whole);

@@ -97,7 +97,7 @@ bool RollHomeWorldAnew(Session& session, std::vector<journal::Line>& lines, Dice
     // The tables may have changed since the life began.
     std::get<journal::FileLine>(*line).answer = worlds->source->digest();
     for (const int roll : kept.rolls)
-        if (line == lines.end() || ++line == lines.end())
+        if (++line == lines.end())
             break;
         else if (auto* const held = std::get_if<journal::RollLine>(&*line))
             held->answer = roll;

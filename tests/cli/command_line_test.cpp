@@ -243,6 +243,7 @@ TEST(CommandLine, OddsCompareCareersForACharacter) {
     ASSERT_GT(places.size(), 2U);
     EXPECT_TRUE(places[0]["assignment"].is_null());
     EXPECT_EQ(places[1]["assignment"], "Cavalry");
+    EXPECT_NE(places[0]["bestSkill"], "") << "of all its assignments";
     EXPECT_GT(places[0]["accepted"]["value"], 0.3);
     EXPECT_EQ(places[0]["accepted"], places[1]["accepted"]) << "as the same dice fall, five assignments tell no more";
     EXPECT_TRUE(RunCli({"odds", "--data", KORVANE_RULES, "--lives", "5"}).out.find("  Courier ") != std::string::npos);
