@@ -35,10 +35,11 @@ def complete(shell: str, typed: str, wanted: str) -> None:
             os.execvp(shell, [shell, *arguments])
         begin = {"bash": f"source {path}\n", "zsh": f"autoload -U compinit; compinit -D; source {path}\n",
                  "fish": f"source {path}\n"}[shell]
-        time.sleep(1)
-        os.write(terminal, begin.encode())
-        os.write(terminal, b"echo rea''dy\n")
-        read(terminal, "\nready", 10)
+        # What is typed before a shell reads may be lost.
+        for _ in range(20):
+            os.write(terminal, begin.encode() + b"echo rea''dy\n")
+            if "\nready" in read(terminal, "\nready", 1):
+                break
         os.write(terminal, typed.encode() + b"\t")
         shown = read(terminal, wanted, 10)
         os.kill(child, 9)

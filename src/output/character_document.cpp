@@ -1,7 +1,7 @@
 #include "output/character_document.h"
 
+#include <optional>
 #include <span>
-#include <utility>
 
 #include "base/text.h"
 #include "output/json_writer.h"
@@ -37,13 +37,16 @@ void AddCharacteristics(JsonWriter& json, const CharacterRecord& character) {
     json.EndArray();
 }
 
-void AddOrigin(JsonWriter& json, const Skill& skill, const CharacterRecord& character) {
-    const auto origin = OriginOf(skill, character);
-    for (const auto& [key, value] : {std::pair("term", origin ? origin->term : 0), {"line", origin ? origin->line : 0}})
-        if (origin)
-            json.Key(key).Number(value);
-        else
-            json.Key(key).Null();
+void NumberOrNull(JsonWriter& json, const std::optional<int>& held) {
+    if (held)
+        json.Number(*held);
+    else
+        json.Null();
+}
+
+void AddOrigin(JsonWriter& json, const std::optional<SkillOrigin>& origin) {
+    NumberOrNull(json.Key("term"), origin ? std::optional(origin->term) : std::nullopt);
+    NumberOrNull(json.Key("line"), origin ? std::optional(origin->line) : std::nullopt);
 }
 
 void AddSkills(JsonWriter& json, const CharacterRecord& character, DocumentForm form) {
@@ -53,7 +56,7 @@ void AddSkills(JsonWriter& json, const CharacterRecord& character, DocumentForm 
         json.Key("name").Text(Trim(skill->Name));
         json.Key("level").Number(skill->Level);
         if (form == DocumentForm::Second)
-            AddOrigin(json, *skill, character);
+            AddOrigin(json, OriginOf(*skill, character));
         json.EndObject();
     }
     json.EndArray();

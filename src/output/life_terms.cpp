@@ -25,9 +25,7 @@ std::optional<SkillOrigin> OriginOf(const Skill& skill, const CharacterRecord& c
     const auto history = character.History.lines();
     const auto name = Trim(skill.Name);
     const auto tells = [&](std::string_view line) {
-        const bool names_it = line.starts_with(name) && line.size() > name.size();
-        return names_it &&
-               (line[name.size()] == '-' || line[name.size()] == '=' || line.substr(name.size()).starts_with(" +"));
+        return line.starts_with(name) && line.substr(name.size()).starts_with('-');  // "Admin-1"
     };
     const auto line = std::ranges::find_if(history, tells);
     if (line == history.end())

@@ -11,7 +11,7 @@
 
 namespace korvane::ui {
 
-// Answers by figures. Digits and Return are left to the dialog's buttons.
+// Answers by figures. Digits and letters are left to the dialog; Return answers nothing.
 class OddsTree : public QTreeWidget {
   public:
     using QTreeWidget::QTreeWidget;
@@ -64,7 +64,7 @@ class OddsButton : public QToolButton {
     void Fold(bool open);
     // There are no odds here.
     void Withdraw();
-    // There while it is unfolded.
+    // Made when it is asked for first.
     OddsPanel& panel();
     bool IsOpen() const { return panel_ != nullptr && !panel_->isHidden(); }
     // Shows in the panel what changes it, and lets the dialog fit.

@@ -107,10 +107,9 @@ void SPICKBOX::Fit() {
     Place();
     if (!isVisible())
         return CenterOnScreen(*this);
-    const auto room = screen()->availableGeometry();
-    move(pos().x(), std::max(room.top(), std::min(pos().y(), room.bottom() - frameGeometry().height())));
-    if (corner.y() + height() <= room.bottom())
-        setGeometry({corner, size()});
+    auto place = QRect(corner, size());
+    place.moveBottom(std::min(place.bottom(), screen()->availableGeometry().bottom()));
+    setGeometry(place);
 }
 
 void SPICKBOX::keyPressEvent(QKeyEvent* event) {

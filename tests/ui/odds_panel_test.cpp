@@ -195,6 +195,20 @@ class OneStep : public LifeSteps {
     bool IsKept() const override { return false; }
 };
 
+// Counts what comes from the background.
+class Calls : public QObject {
+  public:
+    Calls() { QCoreApplication::instance()->installEventFilter(this); }
+    int count = 0;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::MetaCall && dynamic_cast<ui::Background*>(watched) != nullptr)
+            ++count;
+        return false;
+    }
+};
+
 using OddsOfMessages = test::DialogStage;
 
 TEST_F(OddsOfMessages, WhatComesAfterTheMessageHasGoneIsDropped) {
@@ -203,8 +217,9 @@ TEST_F(OddsOfMessages, WhatComesAfterTheMessageHasGoneIsDropped) {
     player.odds().openQuestion = [](std::vector<play::Alternative> alternatives) {
         return play::OpenQuestion{{}, std::move(alternatives)};  // of no life: that is told, a moment later
     };
-    player.chooseMoment = [] {
-        QTest::qWait(200);
+    const Calls calls;
+    player.chooseMoment = [&] {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return calls.count > 0; }, kLivesTime));
         return std::nullopt;
     };
     robot.Then("QMessageBox", [](QWidget& dialog) {
