@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "base/checksum.h"
+#include "base/descriptor.h"
 #include "base/digest.h"
 #include "base/encoding.h"
 #include "base/error.h"
@@ -34,22 +35,9 @@ std::string TooLarge(std::size_t most) {
     return Concat("it holds more than ", most >> 20U, " MB");
 }
 
-// A descriptor that is closed with this.
-class Descriptor {
-  public:
-    Descriptor(const fs::path& path, int flags, mode_t mode = 0666)
-        : number_(open(path.c_str(), flags | O_CLOEXEC, mode)) {}
-    ~Descriptor() { Close(); }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    int number() const { return number_; }
-    explicit operator bool() const { return number_ >= 0; }
-    bool Close() { return number_ < 0 || close(std::exchange(number_, -1)) == 0; }
-
-  private:
-    int number_;
-};
+int Opened(const fs::path& path, int flags, mode_t mode = 0666) {
+    return open(path.c_str(), flags | O_CLOEXEC, mode);
+}
 
 // Writes all of the bytes; false, with errno, when the system refuses.
 bool WriteAll(int descriptor, std::string_view bytes) {
@@ -125,14 +113,14 @@ void RemoveStale(const fs::path& folder) {
 }
 
 void SyncDirectory(const fs::path& folder) {
-    if (const Descriptor directory(folder, O_RDONLY | O_DIRECTORY); directory)
+    if (const Descriptor directory(Opened(folder, O_RDONLY | O_DIRECTORY)); directory)
         fsync(directory.number());
 }
 
 // Writes the content to a new file with the permissions of the one that it will replace. Returns the error number, or
 // 0.
 int WriteNew(const fs::path& file, const fs::path& like, std::string_view content, Sync sync) {
-    Descriptor out(file, O_WRONLY | O_CREAT | O_EXCL);
+    Descriptor out(Opened(file, O_WRONLY | O_CREAT | O_EXCL));
     if (!out)
         return errno;
     struct stat old {};
@@ -197,7 +185,7 @@ std::string ReadStream(const fs::path& path, std::string_view role, std::size_t 
     if (!is_input && !fs::is_fifo(status) && !fs::is_character_file(status))
         return ReadBytes(path, role, most);
     const std::string name = is_input ? "standard input" : path.string();
-    const Descriptor file(is_input ? "/dev/stdin" : path, O_RDONLY);
+    const Descriptor file(Opened(is_input ? "/dev/stdin" : path, O_RDONLY));
     if (!file)
         throw IoError(name, CannotRead(role), errno);
     std::string bytes;
@@ -246,7 +234,7 @@ void ReplaceFile(const fs::path& file, std::string_view content, Sync sync) {
 
 void SyncFolder(const fs::path& folder) {
     RemoveStale(folder);
-    if (const Descriptor directory(folder, O_RDONLY | O_DIRECTORY); directory)
+    if (const Descriptor directory(Opened(folder, O_RDONLY | O_DIRECTORY)); directory)
         syncfs(directory.number());
 }
 

@@ -3,15 +3,20 @@
 #include <QBuffer>
 #include <QCoreApplication>
 #include <QDesktopServices>
+#include <QEventLoop>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QImage>
 #include <QMessageBox>
 #include <QPainter>
+#include <QScopeGuard>
 #include <QUrl>
 #include <algorithm>
 #include <array>
 #include <exception>
 #include <filesystem>
+#include <functional>
+#include <thread>
 #include <utility>
 
 #include "base/error.h"
@@ -51,6 +56,33 @@ void WritePortrait(const QImage& picture, const std::string& file) {
     ReplaceFile(file, {bytes.data().constData(), static_cast<std::size_t>(bytes.data().size())});
 }
 
+// Does the work in a thread of its own while the windows go on being painted. Nobody is heard meanwhile.
+void DoAside(const std::function<void()>& work) {
+    QEventLoop loop;
+    std::exception_ptr error;
+    std::thread thread([&] {
+        try {
+            work();
+        } catch (...) {
+            error = std::current_exception();
+        }
+        QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+    });
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    thread.join();
+    if (error)
+        std::rethrow_exception(error);
+}
+
+// Makes the PDF file of a page, and returns how that was done. Throws IoError.
+QString WritePdf(const QString& page, const QString& printed) {
+    pdf::PdfMaker maker;
+    maker.aside = DoAside;
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    const auto normal = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
+    return maker.Write(page, printed);
+}
+
 // Where what is exported under this name goes, and what it meets there.
 QString DestinationOf(const QString& name, const char* ending) {
     const auto path = QString::fromStdString(PagePath(name.toStdString(), ending));
@@ -58,7 +90,7 @@ QString DestinationOf(const QString& name, const char* ending) {
         return QObject::tr("There is no profile folder to write to: neither USERPROFILE nor HOME is set.");
     auto told = QObject::tr("To %1").arg(path);
     if (QFileInfo::exists(path))
-        told += QObject::tr(", replaces an older page");
+        told += QObject::tr(", replaces an older file");
     if (QFileInfo::exists(QString::fromStdString(PortraitPath(name.toStdString()))))
         told += QObject::tr("; there is a portrait of that name");
     if (LettersOnly(name.toStdString()).empty())
@@ -210,10 +242,9 @@ Exporter::Others Exporter::WriteOthers(const ui::KVNExport& dialog, const QStrin
                                        const journal::Tape& tape) const {
     Others others;
     // The page is there, whatever becomes of the others.
-    const auto write = [&others](const QString& said, const auto& action) {
+    const auto write = [&others](const auto& action) {
         try {
-            action();
-            others.told << said;
+            others.told << action();
         } catch (const std::exception& error) {
             others.failed = true;
             others.told << QString::fromUtf8(error.what());
@@ -221,19 +252,24 @@ Exporter::Others Exporter::WriteOthers(const ui::KVNExport& dialog, const QStrin
     };
     const auto portrait = PortraitPath(dialog.name().toStdString());
     if (!dialog.portrait().isNull())
-        write(QObject::tr("Portrait written to %1").arg(QString::fromStdString(portrait)),
-              [&] { WritePortrait(dialog.portrait(), portrait); });
-    const auto journal = std::filesystem::path(page.toStdString()).replace_extension(".jsonl");
+        write([&] {
+            WritePortrait(dialog.portrait(), portrait);
+            return QObject::tr("Portrait written to %1").arg(QString::fromStdString(portrait));
+        });
+    const auto journal = PagePath(dialog.name().toStdString(), ".jsonl");
     if (dialog.wantsJournal())
-        write(QObject::tr("Journal written to %1").arg(QString::fromStdString(journal.string())),
-              [&] { ReplaceFile(journal, journal::JournalText(tape)); });
+        write([&] {
+            ReplaceFile(journal, journal::JournalText(tape));
+            return QObject::tr("Journal written to %1").arg(QString::fromStdString(journal));
+        });
     const auto printed = pdf::PdfNameOf(page);
     if (dialog.wantsPdf() && TargetNamed(dialog.templateName()) != nullptr)
         others.told << QObject::tr("No PDF file was written: it is made of a page.");
     else if (dialog.wantsPdf())
-        write(QObject::tr("PDF file written to %1").arg(printed), [&] {
-            pdf::WritePdf(page, printed);
+        write([&] {
+            const auto manner = WritePdf(page, printed);
             others.printed = printed;
+            return QObject::tr("PDF file written to %1, %2").arg(printed, manner);
         });
     return others;
 }

@@ -5,8 +5,6 @@
 #include <QImage>
 #include <QImageReader>
 #include <QList>
-#include <QPageLayout>
-#include <QPdfWriter>
 #include <QTextDocument>
 #include <QUrl>
 #include <utility>
@@ -15,6 +13,8 @@
 #include "base/error.h"
 #include "base/files.h"
 #include "output/page_markup.h"
+#include "pdf/paper.h"
+#include "pdf/simple_page.h"
 
 namespace korvane::pdf {
 
@@ -140,25 +140,45 @@ void CheckIsPage(const QString& page, const QString& pdf) {
 
 std::unique_ptr<QTextDocument> MakeDocument(const QString& html, const QString& page, const QImage& portrait) {
     auto document = std::make_unique<PageDocument>(page, portrait);
-    document->setHtml(WithRows(document->WithPictures(html)));
+    document->setHtml(WithRows(SimplePage(document->WithPictures(html))));
     return document;
 }
 
-void WritePdf(const QString& page, const QString& pdf) {
-    CheckIsPage(page, pdf);
-    const auto html = DecodeText(ReadBytes(page.toStdString(), "a page", kMostPage));
-    const auto document = MakeDocument(QString::fromStdString(html), page);
-    QBuffer file;
-    file.open(QIODevice::WriteOnly);
-    {
-        QPdfWriter writer(&file);
-        writer.setTitle(document->metaInformation(QTextDocument::DocumentTitle));
-        writer.setCreator("Korvane");
-        // The document keeps two centimetres on each side by itself, and numbers the pages.
-        writer.setPageLayout({QPageSize(QPageSize::A4), QPageLayout::Portrait, {}});
-        document->print(&writer);
+PdfMaker::PdfMaker(QPageSize paper, QString browser) : paper_(std::move(paper)), program_(std::move(browser)) {}
+
+PdfMaker::~PdfMaker() = default;
+
+std::optional<QByteArray> PdfMaker::ByBrowser(const QString& page) {
+    if (program_.isEmpty())
+        return std::nullopt;
+    try {
+        if (browser_ == nullptr)
+            browser_ = std::make_unique<Browser>(program_);
+        return browser_->Print(page, paper_);
+    } catch (const BrowserError& error) {
+        fault_ = program_ + ": " + QString::fromUtf8(error.what());
+        program_.clear();
+        browser_.reset();
+        return std::nullopt;
     }
-    ReplaceFile(pdf.toStdString(), {file.data().constData(), static_cast<std::size_t>(file.data().size())});
+}
+
+QByteArray PdfMaker::ByToolkit(const QString& page) const {
+    const auto html = DecodeText(ReadBytes(page.toStdString(), "a page", kMostPage));
+    return PrintOn(paper_, *MakeDocument(QString::fromStdString(html), page));
+}
+
+QString PdfMaker::Write(const QString& page, const QString& pdf) {
+    CheckIsPage(page, pdf);
+    std::optional<QByteArray> bytes;
+    aside([&] { bytes = ByBrowser(page); });
+    const auto manner = bytes              ? tr("printed by %1").arg(program_)
+                        : fault_.isEmpty() ? tr("printed by the toolkit in simple styles: there is no Chromium")
+                                           : tr("printed by the toolkit in simple styles: %1").arg(fault_);
+    if (!bytes)
+        bytes = ByToolkit(page);
+    ReplaceFile(pdf.toStdString(), {bytes->constData(), static_cast<std::size_t>(bytes->size())});
+    return manner;
 }
 
 QString PdfNameOf(const QString& page) {

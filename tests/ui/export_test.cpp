@@ -1,5 +1,6 @@
 // The export dialog: a name, a template, a page on disk, and its PDF file.
 
+#include <QAbstractTextDocumentLayout>
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
@@ -10,6 +11,7 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QTest>
+#include <QTextBlock>
 #include <QTextBrowser>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -17,6 +19,7 @@
 #include "character/characteristics.h"
 #include "desktop/exporter.h"
 #include "pdf/page_pdf.h"
+#include "pdf/paper.h"
 #include "support/environment.h"
 #include "support/temp_folder.h"
 #include "support_ui/desk.h"
@@ -37,7 +40,7 @@ class ExportTest : public ::testing::Test {
 
     test::TempFolder rules;
     test::TempFolder profile;
-    const test::Environment environment{{"USERPROFILE=" + profile.path().string()}};
+    const test::Environment environment{{"USERPROFILE=" + profile.path().string(), "KORVANE_BROWSER=none"}};
     test::Desk desk{rules.held()};
     Exporter exporter{desk.session, desk.window, desk.window.player(), desk.guard};
     test::Robot robot;
@@ -56,7 +59,7 @@ TEST_F(ExportTest, WritesThePageOfTheSelectedTemplate) {
     });
     robot.ThenMessage("Character exported to " + PathOf("j.htm"), QMessageBox::Ok);
     robot.Then("KVNExport", [](QWidget& dialog) {
-        EXPECT_TRUE(Child<QLabel>(dialog, "destination").text().endsWith("j.htm, replaces an older page"));
+        EXPECT_TRUE(Child<QLabel>(dialog, "destination").text().endsWith("j.htm, replaces an older file"));
         QImage picture(2000, 50, QImage::Format_RGB32);
         picture.fill(Qt::red);
         QApplication::clipboard()->setImage(picture);
@@ -78,7 +81,8 @@ TEST_F(ExportTest, WritesThePageOfTheSelectedTemplate) {
         const auto& box = dynamic_cast<QMessageBox&>(dialog);
         EXPECT_EQ(box.text().toStdString(), "Character exported to " + PathOf("Zoeb.htm"));
         EXPECT_EQ(box.informativeText().toStdString(),
-                  "Portrait written to " + PathOf("Zoeb.jpg") + "\nPDF file written to " + PathOf("Zoeb.pdf"));
+                  "Portrait written to " + PathOf("Zoeb.jpg") + "\nPDF file written to " + PathOf("Zoeb.pdf") +
+                      ", printed by the toolkit in simple styles: there is no Chromium");
         PressKey(dialog, Qt::Key_Return);
     });
     Close();
@@ -178,16 +182,65 @@ TEST_F(ExportTest, AFaultIsShownAndLosesNothing) {
 TEST_F(ExportTest, PdfKeepsLinesThatStandInNoRow) {
     const auto page = profile.Write("p.htm", "<p>x</p><table width=100% border=1>before<br></table>");
     const auto plain = profile.Write("q.htm", "<p>x</p><table width=100% border=1></table>");
+    pdf::PdfMaker maker;
     const auto size = [&](const std::filesystem::path& file) {
         const auto pdf = pdf::PdfNameOf(QString::fromStdString(file.string()));
-        pdf::WritePdf(QString::fromStdString(file.string()), pdf);
+        maker.Write(QString::fromStdString(file.string()), pdf);
         return std::filesystem::file_size(pdf.toStdString());
     };
     EXPECT_GT(size(page), size(plain));
     const auto source = QString::fromStdString(page.string());
-    EXPECT_THROW(pdf::WritePdf(source, source + "/p.pdf"), IoError) << "the page is no folder";
+    EXPECT_THROW(maker.Write(source, source + "/p.pdf"), IoError) << "the page is no folder";
     const auto picture = profile.Write("p.jpg", "bytes");
-    EXPECT_THROW(pdf::WritePdf(QString::fromStdString(picture.string()), "p.pdf"), IoError) << "a picture is no page";
+    EXPECT_THROW(maker.Write(QString::fromStdString(picture.string()), "p.pdf"), IoError) << "a picture is no page";
+}
+
+// The toolkit's documents know neither the sheet's script nor its styles for what is empty.
+TEST_F(ExportTest, ThePageInSimpleStylesHasDashesAndTermsSideBySide) {
+    const auto text = [](const QString& html) { return pdf::MakeDocument(html, "p.htm")->toPlainText(); };
+    EXPECT_EQ(text("<table class=\"figures means\"><tr><th>Debt</th><td></td><td class=\"now\"></td></tr></table>"),
+              QString::fromUtf8("\nDebt\n\u2013\n\n"));
+    EXPECT_EQ(text("<table class=\"levels\"><tr><td></td></tr></table>"), "\n-3\n");
+    const QString history =
+        "<table width=100% border=1><tr width=100%><td>-- Term 1 --<br>Born<br>Schooled<br>"
+        "------ Term 2 ------<br>Enlist%1<br>------ Term 3 ------<br></table>";
+    EXPECT_EQ(text(history.arg("")), QString::fromUtf8("\nTerm 1\nBorn \u00b7 Schooled\nTerm 2\nEnlist\nTerm 3\n\n"));
+    EXPECT_TRUE(text(history.arg(" <i>Navy</i>")).contains("-- Term 1 --")) << "whose markup might run over lines";
+}
+
+TEST_F(ExportTest, AHeadingStaysWithItsTextOnPaper) {
+    QTextDocument document;
+    QString html;
+    for (int i = 0; i < 60; ++i)
+        html +=
+            QStringLiteral("<h2>Heading</h2><p>%1</p>").arg(QString(200 + 37 * i % 211, 'x').replace("xxxxx", "xxxx "));
+    document.setHtml(html);
+    document.setPageSize({400, 300});
+    pdf::KeepWholes(document);
+    ASSERT_GT(document.pageCount(), 4);
+    const auto page_of = [&document](const QTextBlock& block) {
+        const auto rect = document.documentLayout()->blockBoundingRect(block);  // which lays it out
+        return static_cast<int>((rect.top() + block.layout()->lineAt(0).y()) / document.pageSize().height());
+    };
+    for (auto block = document.begin(); block.isValid(); block = block.next().next()) {
+        ASSERT_GT(block.blockFormat().headingLevel(), 0);
+        EXPECT_EQ(page_of(block), page_of(block.next())) << block.blockNumber();
+    }
+}
+
+TEST_F(ExportTest, ABrowserThatFailsIsToldOfAndTheToolkitPrints) {
+    const auto page = QString::fromStdString(profile.Write("p.htm", "<p>x</p>").string());
+    const auto program = profile.Write("browser", "#!/bin/sh\nexit 1\n");
+    std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+    pdf::PdfMaker maker(pdf::PaperNamed("Letter"), QString::fromStdString(program.string()));
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(maker.Write(page, pdf::PdfNameOf(page)).toStdString(),
+                  "printed by the toolkit in simple styles: " + program.string() + ": it ended");
+    EXPECT_TRUE(profile.Read("p.pdf").starts_with("%PDF"));
+    EXPECT_NE(profile.Read("p.pdf").find("[0 0 612"), std::string::npos) << "the paper of that name";
+    EXPECT_FALSE(pdf::PaperNamed("a 4").isValid());
+    pdf::PdfMaker none(pdf::PaperNamed("A4"), PathOf("nothing").c_str());
+    EXPECT_TRUE(none.Write(page, pdf::PdfNameOf(page)).endsWith("can't be started: No such file or directory"));
 }
 
 TEST_F(ExportTest, TheProgramForPdfFilesPrintsEveryPageWithItsPicture) {

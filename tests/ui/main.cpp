@@ -40,6 +40,8 @@ int main(int argc, char** argv) {
     // The toolkit's dialogs keep their settings where the user's are.
     const QTemporaryDir settings;
     qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
+    // Whether a browser stands on the machine must make no difference.
+    qputenv("KORVANE_BROWSER", "none");
     testing::InitGoogleTest(&argc, argv);
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     const QApplication application(argc, argv);
