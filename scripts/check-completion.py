@@ -24,9 +24,10 @@ def read(terminal: int, until: str, seconds: float) -> str:
     return re.sub(r"\x1b\[[0-9;?]*[a-zA-Z]", "", shown)
 
 
-def complete(shell: str, typed: str, wanted: str) -> None:
+def complete(shell: str, typed: str, wanted: str, found: bool = False) -> None:
+    """`found`: the script isn't read, but found by zsh where packages put it."""
     with tempfile.TemporaryDirectory() as home:
-        path = pathlib.Path(home) / "script"
+        path = pathlib.Path(home) / "_korvane-cli"
         path.write_text(subprocess.run([PROGRAM, "completion", shell], stdout=subprocess.PIPE, check=True, text=True).stdout)
         arguments = {"bash": ["--norc", "--noprofile", "-i"], "zsh": ["-f", "-i"], "fish": ["--no-config", "-i"]}[shell]
         child, terminal = pty.fork()
@@ -35,10 +36,12 @@ def complete(shell: str, typed: str, wanted: str) -> None:
             os.execvp(shell, [shell, *arguments])
         begin = {"bash": f"source {path}\n", "zsh": f"autoload -U compinit; compinit -D; source {path}\n",
                  "fish": f"source {path}\n"}[shell]
+        if found:
+            begin = f"fpath=({home} $fpath); autoload -U compinit; compinit -u -D\n"
         # What is typed before a shell reads may be lost.
         for _ in range(20):
             os.write(terminal, begin.encode() + b"echo rea''dy\n")
-            if "\nready" in read(terminal, "\nready", 1):
+            if "ready" in read(terminal, "ready", 1):
                 break
         os.write(terminal, typed.encode() + b"\t")
         shown = read(terminal, wanted, 10)
@@ -54,3 +57,11 @@ for shell in ("bash", "zsh", "fish"):
         continue
     complete(shell, "korvane-cli generate --career Sco", "--career Scout")
     complete(shell, "korvane-cli balan", "balance")
+    complete(shell, "korvane-cli generate --race Asl", "--race Aslan")
+    complete(shell, "korvane-cli generate --race=Asl", "--race=Aslan")
+    complete(shell, "korvane-cli generate --race Imperial\\ Human --career Sco", "--career Scout")
+    complete(shell, 'korvane-cli generate --race "Imperial Human" --career Sco', "--career Scout")
+    if shell == "bash":
+        complete(shell, 'korvane-cli generate --race "Imp', '--race "Imperial Human"')
+    if shell == "zsh":
+        complete(shell, "korvane-cli generate --career Sco", "--career Scout", found=True)

@@ -12,13 +12,16 @@ import subprocess
 import sys
 import tempfile
 
+import commonmark
 import jsonschema
 import yaml
 
 PROGRAM = sys.argv[1]
 LIVES = 1000
 HOSTILE = 'A & B <script>alert("x")</script>, "Jo": \'1;2\' *bold* | # - [y](z) é\ttab'
-MARKS = "\\`*_[]<>&|~#!-+=:.)"
+# A name for each of some characters more: what one of the targets can't hold as it is.
+NAMES = ["del \x7f, C1 \x85 \x9b", "1. a list", "- a list", "> told", "# head", "a: b", "- ", "'single'", '"', "\\", "&amp;", "<!--", "|a|b|",
+         "line \u2028 and \u2029", "\ufeffmark", "=1+2", "yes", "null", "~", "1e3", "{a}", "%", "@a", "`a`", "a\\", "Жук 虫 🚀", "~~~", "***", "===", "  "]
 
 
 def run(*arguments: str) -> str:
@@ -48,14 +51,19 @@ class Texts(html.parser.HTMLParser):
             self.items[-1] += data
 
 
-def unmark(text: str) -> str:
-    """What Markdown shows of a line: escaped marks as themselves."""
-    shown, place = "", 0
-    while place < len(text):
-        place += text[place] == "\\" and place + 1 < len(text) and text[place + 1] in MARKS
-        shown += text[place]
-        place += 1
-    return shown
+def shown(markdown: str) -> tuple[list[str], list[str]]:
+    """What a Markdown reader shows: the headings, and the items of lists."""
+    texts: dict[str, list[str]] = {"heading": [], "item": []}
+    inside = ""
+    for node, entering in commonmark.Parser().parse(markdown).walker():
+        if node.t in texts:
+            inside = node.t if entering else ""
+            if entering:
+                texts[node.t].append("")
+        elif inside and node.t in ("text", "code"):
+            texts[inside][-1] += node.literal
+        assert node.t not in ("html_block", "html_inline", "code_block", "link", "image", "emph", "strong"), (node.t, node.literal)
+    return texts["heading"], texts["item"]
 
 
 def check_schemas(characters: list[dict]) -> None:
@@ -66,22 +74,51 @@ def check_schemas(characters: list[dict]) -> None:
     lines = jsonschema.Draft202012Validator(json.loads(pathlib.Path("docs/journal.schema.json").read_text()))
     with tempfile.TemporaryDirectory() as folder:
         run("generate", "--seed", "5", "--count", "60", "--player", "random", "--journal", folder, "--format", "none")
-        for journal in pathlib.Path(folder).iterdir():
+        for journal in [*pathlib.Path(folder).iterdir(), pathlib.Path("docs/samples/journal.jsonl")]:
             for line in journal.read_text().splitlines():
                 lines.validate(json.loads(line))
+
+
+def joined(texts: list) -> str:
+    return "; ".join(str(text) for text in texts)
+
+
+def check_row(row: dict, character: dict) -> None:
+    for key in ("name", "race", "career", "assignment", "homeWorld", "rankTitle", "education", "seed"):
+        assert row[key] == str(character.get(key) or ""), (key, row[key])
+    for key in ("age", "rank", "cash", "pension", "allies", "contacts", "rivals", "enemies", "number"):
+        assert int(row[key]) == character[key], key
+    assert float(row["medicalDebt"]) == character["medicalDebt"]
+    assert row["history"].split("\n") == character["history"]
+    assert row["skills"] == joined([f"{s['name']}-{s['level']}" for s in character["skills"]])
+    for key in ("benefits", "careersServed", "open"):
+        assert row[key] == joined(character[key]), key
 
 
 def check_csv(characters: list[dict]) -> None:
     rows = list(csv.DictReader(io.StringIO(generate("csv"), newline="")))
     assert len(rows) == len(characters)
     for row, character in zip(rows, characters):
-        for key in ("name", "race", "career", "assignment", "homeWorld", "rankTitle"):
-            assert row[key] == character[key], (key, row[key])
-        for key in ("age", "rank", "cash", "pension", "allies", "enemies", "number"):
-            assert int(row[key]) == character[key], key
-        assert row["history"].split("\n") == character["history"]
-        assert row["skills"] == "; ".join(f"{s['name']}-{s['level']}" for s in character["skills"])
-        assert row["benefits"] == "; ".join(character["benefits"])
+        check_row(row, character)
+
+
+def check_note(note: str, character: dict) -> None:
+    _, front, body = note.split("---\n", 2)
+    held = yaml.safe_load(front)
+    for key in ("name", "race", "career", "assignment", "age", "rank", "rankTitle", "cash", "pension", "medicalDebt", "contacts", "allies",
+                "rivals", "enemies", "benefits", "careersServed", "education", "homeWorld", "open", "number", "seed"):
+        wanted = character.get(key)
+        if key in ("seed", "education"):
+            wanted = str(wanted or "")
+        assert held.get(key) == wanted, (key, held.get(key))
+    assert held["skills"] == {s["name"]: s["level"] for s in character["skills"]}
+    assert held["characteristics"] == {c["name"]: c["value"] for c in character["characteristics"]}
+    headings, items = shown(body)
+    name = character["name"].strip() and character["name"]
+    # Readers drop blanks at the ends of a line, and at those of a heading, and show a tab or a line's end as they like.
+    assert re.sub(r"\s+", " ", headings[0]).strip() == (re.sub(r"\s+", " ", name).strip() or "Nameless"), headings[0]
+    lines = [line.strip() for line in items]
+    assert lines[len(lines) - len(character["history"]):] == [line.strip() for line in character["history"]]
 
 
 def check_markdown(characters: list[dict]) -> None:
@@ -90,16 +127,20 @@ def check_markdown(characters: list[dict]) -> None:
         files = sorted(pathlib.Path(folder).iterdir())
         assert len(files) == len(characters)
         for file, character in zip(files, characters):
-            _, front, body = file.read_text().split("---\n", 2)
-            held = yaml.safe_load(front)
-            for key in ("name", "race", "career", "age", "rank", "cash", "benefits", "homeWorld", "open", "number"):
-                assert held[key] == character[key], (key, held[key])
-            assert held["skills"] == {s["name"]: s["level"] for s in character["skills"]}
-            assert held["characteristics"] == {c["name"]: c["value"] for c in character["characteristics"]}
-            lines = [unmark(line[2:]) for line in body.split("## History")[1].splitlines() if line.startswith("- ")]
-            assert lines == [line for line in character["history"]], file
-            title = next(line for line in body.splitlines() if line.startswith("# "))
-            assert unmark(title[2:]) == character["name"]
+            check_note(file.read_bytes().decode(), character)
+
+
+def check_names() -> None:
+    """A character of each hostile name through every target."""
+    for name in NAMES:
+        told = {form: run("generate", "--data", "rules", "--seed", "9", "--name", name, "--format", form)
+                for form in ("json", "csv", "md", "foundry-actor", "foundry-journal")}
+        character = json.loads(told["json"])
+        assert character["name"] == name
+        check_row(next(csv.DictReader(io.StringIO(told["csv"], newline=""))), character)
+        check_note(told["md"], character)
+        entry = json.loads(told["foundry-journal"])
+        assert json.loads(told["foundry-actor"])["name"] == entry["name"] == entry["pages"][0]["name"] == (name if name.strip() else "Nameless")
 
 
 def check_tabletop(characters: list[dict]) -> None:
@@ -149,6 +190,7 @@ def check_policies() -> None:
 
 
 check_policies()
+check_names()
 with tempfile.TemporaryDirectory() as hostile:
     lived = 0
     for DATA in ("rules", hostile_rules(hostile)):

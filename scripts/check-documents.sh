@@ -7,4 +7,4 @@ cd "$(dirname "$0")/.."
 ./scripts/install-dependencies.sh check
 cmake --preset release >/dev/null
 cmake --build --preset release --target korvane-cli >/dev/null
-python3 scripts/check-documents.py build/release/src/korvane-cli
+/usr/bin/python3 scripts/check-documents.py build/release/src/korvane-cli

@@ -36,7 +36,8 @@ if [ "${1:-build}" = check ]; then
         dbus-bin            # which is started for the test,
         python3-pyatspi     # and who reads it
         python3-jsonschema  # holds documents against their schemas
-        python3-yaml        # reads what goes into notes
+        python3-yaml        # reads what goes into notes,
+        python3-commonmark  # and their Markdown
         zsh fish            # shells whose completion is tried
         desktop-file-utils  # checks the desktop entry
         appstream           # checks the metadata

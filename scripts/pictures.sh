@@ -35,7 +35,7 @@ cat >"$home/screen.json" <<'SCREEN'
  "screens": [{"name": "one", "x": 0, "y": 0, "width": 1920, "height": 1080, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]}
 SCREEN
 export QT_QPA_PLATFORM="offscreen:configfile=$home/screen.json" XDG_RUNTIME_DIR="$home" HOME="$home" USERPROFILE="$home" LC_ALL=C.UTF-8 TZ=UTC \
-    QT_FONT_DPI=96
+    QT_FONT_DPI=96 KORVANE_BROWSER=none
 chmod 700 "$home"
 
 take() {
