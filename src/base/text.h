@@ -93,4 +93,13 @@ std::string Concat(const Pieces&... pieces) {
     return text;
 }
 
+// "one, two, three".
+template <typename Texts>
+std::string Listed(const Texts& texts) {
+    std::string list;
+    for (const std::string_view text : texts)
+        AppendAll(list, list.empty() ? "" : ", ", Trim(text));
+    return list;
+}
+
 }  // namespace korvane

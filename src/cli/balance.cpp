@@ -53,10 +53,13 @@ void PrintJson(const std::vector<RaceFigures>& all, std::ostream& out) {
 
 int MeasureBalance(const BalanceCommand& command, Streams& streams) {
     Display display;
-    Session session(DataFolder(ChooseDataLocation(command.data), DataFolder::Reading::Once),
-                    {nullptr, nullptr, &display});
-    const auto all = play::MeasureBalance(
-        session, {command.race, command.career, command.count, command.terms, command.seed.value_or(Seed(1))});
+    Session session(DataFolder(RuleFolder(command.data), DataFolder::Reading::Once), {nullptr, nullptr, &display});
+    std::string assignment;
+    auto race = command.race;
+    auto career = command.career;
+    KnowNames(session.data.location(), race, career, assignment);
+    const auto all =
+        play::MeasureBalance(session, {race, career, command.count, command.terms, command.seed.value_or(Seed(1))});
     if (!command.outFolder.empty())
         WriteBalancePage(command, all);
     else if (command.format == Format::Json)

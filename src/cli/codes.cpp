@@ -34,7 +34,7 @@ class Counter : public Observer {
 // Lives the lives, by turns of both players, and counts the errors that ended one, by their texts.
 void LiveAll(const CodesCommand& command, Counter& counter, std::map<std::string, std::uint64_t>& errors) {
     Display display;
-    Session session(DataFolder(ChooseDataLocation(command.data), DataFolder::Reading::Once),
+    Session session(DataFolder(RuleFolder(command.data), DataFolder::Reading::Once),
                     {nullptr, nullptr, &display, &counter});
     for (std::uint64_t number = 1; number <= command.count; ++number) {
         play::LifePlan plan;

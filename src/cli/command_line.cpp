@@ -95,6 +95,33 @@ constexpr std::array<Verb, 12> kVerbs = {{
      [](Order& order, Streams& streams) { return Codes(order.codes, streams); }},
 }};
 
+// Throws UsageError for a word that is no command.
+void CheckVerb(const std::vector<std::string>& arguments) {
+    if (arguments.empty() || arguments[0].starts_with("-"))
+        return;
+    std::array<std::string_view, kVerbs.size()> known;
+    std::ranges::transform(kVerbs, known.begin(), [](const Verb& verb) { return verb.name; });
+    if (std::ranges::find(known, arguments[0]) == known.end())
+        throw UsageError(Concat("unknown command ", Quoted(arguments[0]), DidYouMean(arguments[0], known),
+                                "; there are: ", Listed(known)));
+}
+
+// What options that the command doesn't know are likely to mean, a line each.
+std::string MeantOptions(const CLI::App& verb, const std::vector<std::string>& arguments) {
+    std::vector<std::string> names;
+    for (const auto* const option : verb.get_options())
+        names.push_back(option->get_name());
+    const std::vector<std::string_view> known(names.begin(), names.end());
+    std::string told;
+    for (const auto& argument : arguments) {
+        const auto name = std::string_view(argument).substr(0, argument.find('='));
+        if (name.starts_with("--") && std::ranges::find(known, name) == known.end())
+            if (const auto meant = DidYouMean(name, known); !meant.empty())
+                AppendAll(told, "unknown option ", name, meant, "\n");
+    }
+    return told;
+}
+
 int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
     CLI::App app("Plays the lives of Farwend characters from editable rule data.", "korvane-cli");
     app.set_version_flag("--version", "korvane-cli " KORVANE_VERSION);
@@ -103,11 +130,15 @@ int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
     for (const auto& verb : kVerbs)
         verb.add(*app.add_subcommand(verb.name, verb.help), order);
     // What the scripts of the shells ask.
-    if (arguments.size() > 1 && arguments[0] == "complete" && arguments[1] == "--") {
-        for (const auto& word : Completions(app, {arguments.begin() + 2, arguments.end()}))
-            streams.out << word << '\n';
+    if (!arguments.empty() && arguments[0] == "complete") {
+        const auto begin = std::ranges::find(arguments, "--");
+        const bool typed = arguments.size() > 1 && arguments[1] == "--typed";
+        if (begin != arguments.end())
+            for (const auto& word : Completions(app, {begin + 1, arguments.end()}, typed))
+                streams.out << word << '\n';
         return kSuccess;
     }
+    CheckVerb(arguments);
     auto words = Words(arguments);
     std::ranges::reverse(words);  // as the library wants them
     try {
@@ -115,6 +146,8 @@ int Dispatch(const std::vector<std::string>& arguments, Streams& streams) {
     } catch (const CLI::ParseError& error) {
         std::ostringstream told;
         const bool good = app.exit(error, streams.out, told) == 0;
+        if (!good && !arguments.empty() && !arguments[0].starts_with("-"))
+            told << MeantOptions(*app.get_subcommand(arguments[0]), arguments);
         streams.err << Bounded(told.str());
         return good ? kSuccess : kFailure;
     }

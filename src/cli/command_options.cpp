@@ -8,6 +8,8 @@
 
 #include "base/encoding.h"
 #include "base/error.h"
+#include "base/nearest.h"
+#include "cli/completion.h"
 
 namespace korvane::cli {
 
@@ -15,22 +17,25 @@ namespace {
 
 constexpr std::uint64_t kMostLives = 1'000'000'000;
 
+// The caption that is meant, in any case. Throws UsageError for none.
+template <typename Captions>
+std::string_view Caption(std::string_view kind, const std::string& given, const Captions& captions) {
+    const auto known = std::ranges::find_if(
+        captions, [&given](std::string_view each) { return EqualsIgnoringCase(Trim(each), Trim(given)); });
+    if (known == captions.end())
+        throw UsageError(Concat("unknown ", kind, " ", Quoted(given), DidYouMean(given, captions),
+                                "; there are: ", Listed(captions)));
+    return *known;
+}
+
 RollingMethod MethodNamed(const std::string& caption) {
-    if (caption.empty())
-        return RollingMethod::True2D;
-    if (const auto method = MethodOfCaption(caption))
-        return *method;
-    throw UsageError("unknown method " + Quoted(caption) + "; there are: " + Listed(kMethodCaptions));
+    return caption.empty() ? RollingMethod::True2D : *MethodOfCaption(Caption("method", caption, kMethodCaptions));
 }
 
 Options OptionsNamed(const std::vector<std::string>& captions) {
     Options options;
-    for (const auto& caption : captions) {
-        const auto option = OptionOfCaption(caption);
-        if (!option)
-            throw UsageError("unknown option " + Quoted(caption) + "; there are: " + Listed(kOptionCaptions));
-        options.Set(*option);
-    }
+    for (const auto& caption : captions)
+        options.Set(*OptionOfCaption(Caption("option", caption, kOptionCaptions)));
     return options;
 }
 
@@ -73,6 +78,11 @@ CLI::Option* AddNumber(CLI::App& app, const std::string& name, Number& to, std::
         Assign(to, number);
     };
     return app.add_option_function<std::string>(name, take, help)->type_name("NUMBER");
+}
+
+// One of these words, in any case.
+CLI::Validator OneOf(std::vector<std::string> words) {
+    return CLI::IsMember(std::move(words), CLI::ignore_case);
 }
 
 void AddSeed(CLI::App& app, std::optional<Seed>& seed, const std::string& help) {
@@ -156,10 +166,9 @@ void AddGenerate(CLI::App& app, GenerateCommand& command, RawOptions& raw) {
             "A number or a word that repeats a run exactly: character i depends on the seed and i alone");
     app.add_option("--player", raw.player,
                    "Who answers: somebody of sense (default), automatic generation, or a random answer to each dialog")
-        ->check(CLI::IsMember({"sensible", "automatic", "random"}));
+        ->check(OneOf({"sensible", "automatic", "random"}));
     app.add_option("--format", raw.format, "What is printed of each character")
-        ->check(
-            CLI::IsMember({"text", "json", "json-1", "md", "csv", "foundry-journal", "foundry-actor", "html", "none"}))
+        ->check(OneOf({"text", "json", "json-1", "md", "csv", "foundry-journal", "foundry-actor", "html", "none"}))
         ->capture_default_str();
     app.add_option("--out", command.outFolder, "Folder for a file of each character, in place of standard output");
     AddNameOptions(app, command.name);
@@ -178,9 +187,10 @@ void AddReplay(CLI::App& app, ReplayCommand& command, RawOptions& raw) {
     app.add_option("JOURNAL", command.journals, "The journals to replay; \"-\" for standard input")->required();
     app.add_option("--data", command.data, "Folder of the rule data that the journal was made with");
     app.add_option("--format", raw.format, "What is printed of the character")
-        ->check(CLI::IsMember({"text", "json", "json-1", "md", "csv", "foundry-journal", "foundry-actor", "html"}))
+        ->check(OneOf({"text", "json", "json-1", "md", "csv", "foundry-journal", "foundry-actor", "html"}))
         ->capture_default_str();
-    app.add_option("--out", command.outFolder, "Folder for the page of \"--format html\"");
+    app.add_option("--out", command.outFolder,
+                   "Folder for a file of each character, called as its journal, in place of standard output");
     AddNameOptions(app, command.name);
     AddPageOptions(app, command.page);
     AddLuck(app, command.luck);
@@ -191,7 +201,7 @@ void AddVerify(CLI::App& app, VerifyCommand& command, RawOptions& raw) {
     app.add_option("--data", command.data, "Folder of the rule data that the lives were lived with");
     AddSeed(app, command.seed, "The seed that the dice must come from");
     app.add_option("--format", raw.format, "How the verdicts are printed")
-        ->check(CLI::IsMember({"text", "json"}))
+        ->check(OneOf({"text", "json"}))
         ->capture_default_str();
 }
 
@@ -200,7 +210,7 @@ void AddCheck(CLI::App& app, CheckCommand& command, RawOptions& raw) {
     app.add_option("--explain", command.explain, "Say what a kind of mistake, as \"check-counts-other\", is");
     app.add_flag("--strict", command.strict, "Exit status 1 for warnings too");
     app.add_option("--format", raw.format, "How the mistakes are printed")
-        ->check(CLI::IsMember({"text", "json", "sarif"}))
+        ->check(OneOf({"text", "json", "sarif"}))
         ->capture_default_str();
 }
 
@@ -212,7 +222,7 @@ void AddBalance(CLI::App& app, BalanceCommand& command, RawOptions& raw) {
     AddNumber(app, "--terms", command.terms, 1, 100, "Terms of service of each life (default: 4)");
     AddSeed(app, command.seed, "Seed of the lives (default: 1)");
     app.add_option("--format", raw.format, "How the figures are printed; md: as a page, into a folder")
-        ->check(CLI::IsMember({"text", "json", "md"}))
+        ->check(OneOf({"text", "json", "md"}))
         ->capture_default_str();
     app.add_option("--out", command.outFolder, "Folder for the page of \"--format md\" and its pictures");
 }
@@ -228,7 +238,7 @@ void AddOdds(CLI::App& app, OddsCommand& command, RawOptions& raw) {
     AddNumber(app, "--terms", command.terms, 1, 100, "Terms of service of each life (default: 4)");
     AddNumber(app, "--lives", command.lives, 1, kMostLives, "Lives in each assignment (default: 2000)");
     app.add_option("--format", raw.format, "How the figures are printed")
-        ->check(CLI::IsMember({"text", "json"}))
+        ->check(OneOf({"text", "json"}))
         ->capture_default_str();
 }
 
@@ -246,7 +256,7 @@ void AddNames(CLI::App& app, ListCommand& command) {
 void AddCompletion(CLI::App& app, CompletionCommand& command) {
     app.add_option("SHELL", command.shell, "bash, zsh or fish")
         ->required()
-        ->check(CLI::IsMember({"bash", "zsh", "fish"}));
+        ->check(OneOf({kShells.begin(), kShells.end()}));
 }
 
 void AddNewCareer(CLI::App& app, NewCareerCommand& command) {
@@ -279,8 +289,6 @@ void Settle(ReplayCommand& command, const RawOptions& raw) {
     CheckPages(command.format, command.page, command.outFolder);
     if (std::ranges::count(command.journals, "-") > 1)
         throw UsageError(R"(standard input, "-", holds one journal alone)");
-    if (command.format != Format::Html && !command.outFolder.empty())
-        throw UsageError(R"("--out" goes with "--format html" alone)");
 }
 
 void Settle(PlayCommand& command, const RawOptions& raw) {

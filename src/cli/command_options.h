@@ -43,13 +43,4 @@ void Settle(CheckCommand& command, const RawOptions& raw);
 void Settle(BalanceCommand& command, const RawOptions& raw);
 void Settle(OddsCommand& command, const RawOptions& raw);
 
-// "one, two, three".
-template <typename Texts>
-std::string Listed(const Texts& texts) {
-    std::string list;
-    for (const std::string_view text : texts)
-        AppendAll(list, list.empty() ? "" : ", ", Trim(text));
-    return list;
-}
-
 }  // namespace korvane::cli

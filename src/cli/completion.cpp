@@ -21,15 +21,17 @@ _korvane_cli() {
     local IFS=$'\n' word
     COMPREPLY=()
     while read -r word; do
-        COMPREPLY+=("$(printf '%q' "$word")")
-    done < <("${COMP_WORDS[0]}" complete -- "${COMP_WORDS[@]:1:COMP_CWORD}" 2>/dev/null)
+        # Within a quote that is open, words stand as they are.
+        [[ ${COMP_WORDS[COMP_CWORD]} == [\"\']* ]] || word=$(printf '%q' "$word")
+        COMPREPLY+=("$word")
+    done < <("${COMP_WORDS[0]}" complete --typed -- "${COMP_WORDS[@]:1:COMP_CWORD}" 2>/dev/null)
 }
 complete -o default -o nosort -F _korvane_cli korvane-cli
 )SCRIPT";
 
 constexpr std::string_view kZsh = R"SCRIPT(#compdef korvane-cli
 # Completion of korvane-cli for zsh.
-_korvane_cli() {
+_korvane-cli() {
     local -a fitting
     fitting=("${(@f)$("${words[1]}" complete -- "${(@Q)words[2,CURRENT]}" 2>/dev/null)}")
     if [[ -n "${fitting[1]}" ]]; then
@@ -38,10 +40,10 @@ _korvane_cli() {
         _files
     fi
 }
-if [[ "${funcstack[1]}" = _korvane_cli ]]; then
-    _korvane_cli "$@"
+if [[ "${funcstack[1]}" = _korvane-cli ]]; then
+    _korvane-cli "$@"
 else
-    compdef _korvane_cli korvane-cli
+    compdef _korvane-cli korvane-cli
 fi
 )SCRIPT";
 
@@ -55,10 +57,52 @@ end
 complete -c korvane-cli -a '(__korvane_cli)'
 )SCRIPT";
 
-// The value that an option has among words, the last that counts; empty for none.
+// A word as the shell would pass it on, of one that somebody types: without quotes, of which the last may be open, and
+// backslashes. Variables and commands in it stay as they are.
+std::string Unquoted(std::string_view typed) {
+    std::string word;
+    char quote = 0;
+    for (std::size_t i = 0; i < typed.size(); ++i) {
+        const char letter = typed[i];
+        if (quote == 0 && (letter == '"' || letter == '\''))
+            quote = letter;
+        else if (letter == quote)
+            quote = 0;
+        else if (letter == '\\' && quote != '\'' && i + 1 < typed.size())
+            word += typed[++i];
+        else
+            word += letter;
+    }
+    return word;
+}
+
+// The words without quotes, and without the "=" that bash takes for a word.
+std::vector<std::string> TypedWords(const std::vector<std::string>& typed) {
+    std::vector<std::string> words;
+    for (std::size_t i = 0; i < typed.size(); ++i)
+        if (typed[i] != "=")
+            words.push_back(Unquoted(typed[i]));
+        else if (i + 1 == typed.size())
+            words.emplace_back();
+    return words;
+}
+
+// The words with "--option=value" as two.
+std::vector<std::string> Separated(const std::vector<std::string>& words) {
+    std::vector<std::string> separated;
+    for (const auto& word : words) {
+        const auto place = word.starts_with("--") ? word.find('=') : std::string::npos;
+        separated.push_back(word.substr(0, place));
+        if (place != std::string::npos)
+            separated.push_back(word.substr(place + 1));
+    }
+    return separated;
+}
+
+// The value that an option has among the words before the last, which is being typed; empty for none.
 std::string ValueOf(const std::vector<std::string>& words, std::string_view option) {
     std::string value;
-    for (std::size_t i = 0; i + 1 < words.size(); ++i)
+    for (std::size_t i = 0; i + 2 < words.size(); ++i)
         if (words[i] == option)
             value = words[i + 1];
     return value;
@@ -130,6 +174,7 @@ const CLI::Option* Waiting(const CLI::App& verb, const std::vector<std::string>&
 std::vector<std::string> AllFor(const CLI::App& app, const std::vector<std::string>& words) {
     std::vector<std::string> all;
     if (words.size() < 2) {
+        all = {"--help", "--version"};
         for (const auto* const verb : app.get_subcommands([](const CLI::App*) { return true; }))
             all.push_back(verb->get_name());
         return all;
@@ -144,8 +189,12 @@ std::vector<std::string> AllFor(const CLI::App& app, const std::vector<std::stri
         for (const auto* const option : verb->get_options())
             if (option->get_name().starts_with("--"))
                 all.push_back(option->get_name());
+    if (words.size() > 2)
+        return all;
     if (words.front() == "completion")
-        all = {"bash", "zsh", "fish"};
+        Append(all, kShells);
+    else if (words.front() == "new-career")
+        Append(all, *DataFolder(ChooseDataLocation("")).RaceNames());
     return all;
 }
 
@@ -160,10 +209,16 @@ int PrintCompletion(const CompletionCommand& command, Streams& streams) {
     return kSuccess;
 }
 
-std::vector<std::string> Completions(const CLI::App& app, const std::vector<std::string>& words) {
-    auto all = AllFor(app, words);
-    const auto begun = words.empty() ? std::string() : words.back();
+std::vector<std::string> Completions(const CLI::App& app, const std::vector<std::string>& words, bool typed) {
+    const auto last = typed || words.empty() ? std::string() : words.back();
+    const auto separated = Separated(typed ? TypedWords(words) : words);
+    auto all = AllFor(app, separated);
+    const auto begun = separated.empty() ? std::string() : separated.back();
     std::erase_if(all, [&](const std::string& each) { return !BeginsIgnoringCase(each, begun); });
+    // Shells that don't part "--option=value" replace all of it.
+    if (const auto option = last.substr(0, last.size() - begun.size()); option.ends_with("="))
+        for (auto& each : all)
+            each.insert(0, option);
     return all;
 }
 

@@ -24,6 +24,14 @@ HeldPath ChooseDataLocation(const std::string& given) {
     return configured.text() == "\\" ? Held(ShippedRules()) : configured;
 }
 
+HeldPath RuleFolder(const std::string& given) {
+    auto location = ChooseDataLocation(given);
+    if (DataFolder(location).RaceNames()->empty())
+        throw UsageError(Concat("there are no rule data in ", Printable(NativePath(location).string(), 300),
+                                ": it has no file of a race (*.eri)"));
+    return location;
+}
+
 std::string KnownName(const Names& names, const std::string& given) {
     const auto known = std::ranges::find_if(names, [&](const auto& name) { return EqualsIgnoringCase(name, given); });
     return known == names.end() ? given : *known;
@@ -49,11 +57,16 @@ void LoadRaceNamed(Session& session, const std::string& given) {
 void KnowNames(const HeldPath& location, std::string& race, std::string& career, std::string& assignment) {
     DataFolder data(location);
     race = KnownName(*data.RaceNames(), race);
-    if (race.empty())
-        return;
-    career = KnownName(*data.CareerNames(race), career);
-    if (!career.empty())
-        assignment = KnownName(*data.AssignmentNames(race, career), assignment);
+    // Where none is named yet, whatever is drawn has the name from its own files.
+    Names careers;
+    Names assignments;
+    for (const auto& each : race.empty() ? *data.RaceNames() : Names{race}) {
+        std::ranges::copy(*data.CareerNames(each), std::back_inserter(careers));
+        career = KnownName(careers, career);
+        for (const auto& one : career.empty() ? *data.CareerNames(each) : Names{career})
+            std::ranges::copy(*data.AssignmentNames(each, one), std::back_inserter(assignments));
+    }
+    assignment = KnownName(assignments, assignment);
 }
 
 }  // namespace korvane::cli

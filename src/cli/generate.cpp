@@ -69,6 +69,7 @@ struct Lived {
     std::string error;         // of the rules, that ended it
     std::exception_ptr fault;  // of a file: it ends the run
     std::string shown;         // the character, as it is to be printed
+    std::string name;          // where it has one
     std::string journal;       // where one is wanted
     MadePage page;             // the same
 };
@@ -104,7 +105,7 @@ class Liver {
         if (keeps && (lived.fits || wishes_.empty()))
             lived.journal = journal::JournalText(tape);
         if (lived.fits && command_.format != Format::Html && command_.format != Format::None)
-            lived.shown = Shown(number);
+            Render(lived);
         if (lived.fits && pages_)
             lived.page = command_.count == 1 ? pages_->Make(*NameOf(number))
                                              : pages_->MakeListed(*NameOf(number), StemOf(command_, number));
@@ -117,12 +118,14 @@ class Liver {
     Session& session() { return session_; }
 
   private:
-    std::string Shown(std::uint64_t number) {
-        auto text = Rendered(session_, command_.format,
-                             {NameOf(number), number, Origin{command_.plan.seed, number}, 0, command_.luck});
+    void Render(Lived& lived) {
+        const auto number = lived.number;
+        const auto name = NameOf(number);
+        lived.name = name.value_or("");
+        lived.shown =
+            Rendered(session_, command_.format, {name, number, Origin{command_.plan.seed, number}, 0, command_.luck});
         if (command_.format == Format::Text && !wishes_.empty())
-            text.insert(0, Concat("Character ", number, " of seed ", command_.plan.seed->given(), "\n"));
-        return text;
+            lived.shown.insert(0, Concat("Character ", number, " of seed ", command_.plan.seed->given(), "\n"));
     }
 
     const GenerateCommand& command_;
@@ -247,7 +250,7 @@ class Generator {
     // The end of what stands in one stream, the list of what was written, and all of it on the disk.
     void FinishFiles() {
         if (command_.outFolder.empty() && shown_ > 0)
-            streams_.out << frame_.after;
+            streams_.out << FrameOf(command_.format, {}).after;
         if (pages_)
             pages_->Finish();
         for (const auto& folder : {command_.outFolder, command_.journalFolder})
@@ -265,18 +268,20 @@ class Generator {
     }
 
     void Show(const Lived& lived) {
+        const bool alone = !command_.outFolder.empty() || command_.count == 1;
+        const auto frame = FrameOf(command_.format, alone ? lived.name : "Characters");
         if (!command_.outFolder.empty()) {
             ReplaceFile(FileName(command_.outFolder, lived.number, EndingOf(command_.format)),
-                        Concat(frame_.before, lived.shown, frame_.after), Sync::Later);
+                        Concat(frame.before, lived.shown, frame.after), Sync::Later);
             return;
         }
         // Runs that go on from each other read as one.
-        const bool goes_on = command_.first > 1 && command_.count > 1 && frame_.after.empty();
+        const bool goes_on = command_.first > 1 && command_.count > 1 && frame.after.empty();
         if (shown_ == 1 && !goes_on)
-            streams_.out << frame_.before;
+            streams_.out << frame.before;
         if (shown_ > 1 || goes_on)
-            streams_.out << frame_.between;
-        streams_.out << lived.shown;
+            streams_.out << frame.between;
+        streams_.out << lived.shown << (alone ? "" : frame.end);
     }
 
     std::filesystem::path FileName(const std::string& folder, std::uint64_t number, std::string_view ending) const {
@@ -287,7 +292,6 @@ class Generator {
 
     const GenerateCommand& command_;
     Streams& streams_;
-    const Frame frame_ = FrameOf(command_.format);
     std::vector<play::Wish> wishes_;
     Liver here_;
     std::optional<PageWriter> pages_;
@@ -301,7 +305,7 @@ class Generator {
 
 int Generate(GenerateCommand command, Streams& streams) {
     auto& plan = command.plan;
-    KnowNames(ChooseDataLocation(command.data), plan.race, plan.career, plan.assignment);
+    KnowNames(RuleFolder(command.data), plan.race, plan.career, plan.assignment);
     if (!command.wants.empty() && !command.plan.seed) {
         // What is found is to be made again.
         std::random_device chance;

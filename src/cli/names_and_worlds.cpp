@@ -12,8 +12,7 @@ namespace {
 template <typename Make>
 int PrintMany(const ListCommand& command, Streams& streams, const Make& make) {
     Display nobody;
-    Session session(DataFolder(ChooseDataLocation(command.data), DataFolder::Reading::Once),
-                    {nullptr, nullptr, &nobody});
+    Session session(DataFolder(RuleFolder(command.data), DataFolder::Reading::Once), {nullptr, nullptr, &nobody});
     LoadRaceNamed(session, command.race);
     ClockDice clock;
     for (std::uint64_t number = 1; number <= command.count; ++number) {

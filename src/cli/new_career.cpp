@@ -1,8 +1,11 @@
+#include "base/encoding.h"
 #include "base/error.h"
 #include "base/files.h"
+#include "base/nearest.h"
 #include "base/text.h"
 #include "cli/commands.h"
 #include "cli/data_choice.h"
+#include "data/data_folder.h"
 
 namespace korvane::cli {
 
@@ -136,12 +139,15 @@ void WriteNew(const HeldPath& path, std::string_view text, std::ostream& out) {
 }  // namespace
 
 int NewCareer(const NewCareerCommand& command, Streams& streams) {
-    const auto folder = EnsureTrailingBackslash(ChooseDataLocation(command.data));
-    if (!FileExists(folder + (command.race + ".eri")))
-        throw UsageError(Concat("there is no race ", command.race, ": no file ", command.race, ".eri"));
+    const auto folder = EnsureTrailingBackslash(RuleFolder(command.data));
+    const auto races = DataFolder(folder).RaceNames();
+    const auto race = KnownName(*races, command.race);
+    if (std::ranges::find(*races, race) == races->end())
+        throw UsageError(Concat("unknown race ", Quoted(race), " (no file ", race, ".eri)",
+                                DidYouMean(race, std::vector<std::string_view>(races->begin(), races->end()))));
     if (IsBlank(command.career) || command.career.find_first_of("/\\-") != std::string::npos)
         throw UsageError(R"(a career's name is a word or more, without "-" and "/")");
-    const auto beginning = Concat(command.race, "-", command.career);
+    const auto beginning = Concat(race, "-", command.career);
     WriteNew(folder + (beginning + ".ecf"), kCareer, streams.out);
     WriteNew(folder + (beginning + "-First Assignment.eas"), kAssignment, streams.out);
     streams.out << "Fill them in, and let \"korvane-cli check\" read them.\n";

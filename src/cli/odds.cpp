@@ -113,8 +113,7 @@ void PrintJson(const CharacterRecord& character, const play::CareerOdds& odds, s
 
 int CompareCareers(const OddsCommand& command, Streams& streams) {
     Display nobody;
-    Session session(DataFolder(ChooseDataLocation(command.data), DataFolder::Reading::Once),
-                    {nullptr, nullptr, &nobody});
+    Session session(DataFolder(RuleFolder(command.data), DataFolder::Reading::Once), {nullptr, nullptr, &nobody});
     LoadRaceNamed(session, command.race);
     auto applicant = play::AverageApplicant(session);
     applicant.options = command.options;

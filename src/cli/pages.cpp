@@ -5,6 +5,7 @@
 #include "base/encoding.h"
 #include "base/error.h"
 #include "base/files.h"
+#include "base/nearest.h"
 #include "base/text.h"
 #include "cli/pdf_program.h"
 #include "output/page_file.h"
@@ -27,9 +28,11 @@ HeldPath TemplatePath(const HeldPath& location, const std::string& wanted) {
     auto message =
         Concat("unknown template ", Quoted(wanted), " (",
                Printable((NativePath(location) / std::filesystem::path(wanted)).string(), 300), ": no such file)");
-    const auto known = TemplateNames(location);
-    for (const auto& name : known)
-        AppendAll(message, &name == &known.front() ? "; there are: " : ", ", name);
+    const auto names = TemplateNames(location);
+    const std::vector<std::string_view> known(names.begin(), names.end());
+    message += DidYouMean(wanted, known);
+    if (!known.empty())
+        AppendAll(message, "; there are: ", Listed(known));
     throw UsageError(message);
 }
 

@@ -173,7 +173,7 @@ class PlayedLife {
 
 int Play(const PlayCommand& command, Streams& streams) {
     auto known = command;
-    KnowNames(ChooseDataLocation(known.data), known.race, known.career, known.assignment);
+    KnowNames(RuleFolder(known.data), known.race, known.career, known.assignment);
     return PlayedLife(known, streams).Run();
 }
 

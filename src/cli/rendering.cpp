@@ -49,14 +49,17 @@ std::string Rendered(const Session& session, Format format, DocumentLabels label
     }
 }
 
-Frame FrameOf(Format format) {
-    if (format == Format::Text || format == Format::Markdown)
-        return {{}, "\n", {}};
-    if (format == Format::Csv)
-        return {targets::TableHead(), {}, {}};
-    if (format == Format::TabletopJournal)
-        return {targets::JournalEntryHead("Characters"), ",", targets::JournalEntryEnd()};
-    return {};
+Frame FrameOf(Format format, std::string_view title) {
+    Frame frame;
+    if (format == Format::Text)
+        frame.between = "\n";
+    else if (format == Format::Markdown)
+        frame.end = "\n";  // or the next one's front matter would make a heading of the last line
+    else if (format == Format::Csv)
+        frame.before = targets::TableHead();
+    else if (format == Format::TabletopJournal)
+        frame = {targets::JournalEntryHead(title), ",", targets::JournalEntryEnd(), {}};
+    return frame;
 }
 
 std::string_view EndingOf(Format format) {

@@ -19,13 +19,15 @@ std::optional<std::string> NameFor(Session& session, const NameOrder& order, For
 // The session's character with its labels: as text, as one line of JSON, or for another program.
 std::string Rendered(const Session& session, Format format, DocumentLabels labels);
 
-// What stands before, between and after several characters of a format in one stream.
+// What stands before, between and after several characters of a format in one stream, and at the end of each.
 struct Frame {
     std::string before;
     std::string between;
     std::string after;
+    std::string end;
 };
-Frame FrameOf(Format format);
+// `title`: of what holds them all.
+Frame FrameOf(Format format, std::string_view title);
 // The ending of a format's files, with its dot.
 std::string_view EndingOf(Format format);
 // Whether a character of the format must have a name.

@@ -18,7 +18,7 @@ class Replays {
     Replays(const ReplayCommand& command, Streams& streams)
         : command_(command),
           streams_(streams),
-          session_(DataFolder(ChooseDataLocation(command.data)), {nullptr, nullptr, &display_}) {}
+          session_(DataFolder(RuleFolder(command.data)), {nullptr, nullptr, &display_}) {}
 
     int Run() {
         bool failed = false;
@@ -28,8 +28,8 @@ class Replays {
             failed |= one == kFailure;
             status = std::max(status, one);
         }
-        if (shownAny_)
-            streams_.out << FrameOf(command_.format).after;
+        if (shown_ > 0)
+            streams_.out << FrameOf(command_.format, {}).after;
         return failed ? kFailure : status;
     }
 
@@ -55,7 +55,7 @@ class Replays {
         if (outcome.cause)
             std::rethrow_exception(outcome.cause);
         if (outcome.finished())
-            Show(play::LabelsOf(tape));
+            Show(play::LabelsOf(tape), journal.name);
         return IsTheSame(journal) ? kSuccess : kDivergence;
     }
     // A divergence names the rule files that aren't those of the journal: they may be its cause.
@@ -86,7 +86,8 @@ class Replays {
         return false;
     }
 
-    void Show(DocumentLabels labels) {
+    // `journal`: its name.
+    void Show(DocumentLabels labels, const std::string& journal) {
         if (command_.format == Format::Html) {
             PageWriter pages(command_.page, command_.outFolder, false);
             pages.Write(PageMaker(session_, command_.page.templateName)
@@ -94,18 +95,28 @@ class Replays {
             pages.Finish();
             return;
         }
-        const auto frame = FrameOf(command_.format);
-        streams_.out << (std::exchange(shownAny_, true) ? frame.between : frame.before);
         labels.luck = command_.luck;
         labels.name = NameFor(session_, command_.name, command_.format, "Character");
-        streams_.out << Rendered(session_, command_.format, labels);
+        const bool alone = !command_.outFolder.empty() || command_.journals.size() == 1;
+        const auto frame = FrameOf(command_.format, alone ? labels.name.value_or("") : "Characters");
+        const auto shown = Rendered(session_, command_.format, labels);
+        if (command_.outFolder.empty())
+            streams_.out << (shown_++ > 0 ? frame.between : frame.before) << shown << (alone ? "" : frame.end);
+        else
+            ReplaceFile(FileFor(journal), Concat(frame.before, shown, frame.after));
+    }
+    // The file of a character: called as its journal.
+    std::filesystem::path FileFor(const std::string& journal) const {
+        const auto stem = std::filesystem::path(journal).stem().string();
+        return std::filesystem::path(command_.outFolder) /
+               Concat(stem.empty() || journal == "-" ? "character" : stem, EndingOf(command_.format));
     }
 
     const ReplayCommand& command_;
     Streams& streams_;
     Display display_;
     Session session_;
-    bool shownAny_ = false;
+    int shown_ = 0;
 };
 
 }  // namespace

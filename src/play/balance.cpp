@@ -7,7 +7,9 @@
 #include <set>
 #include <string_view>
 
+#include "base/encoding.h"
 #include "base/error.h"
+#include "base/nearest.h"
 #include "base/text.h"
 #include "character/seams_guard.h"
 #include "engine/prison.h"
@@ -104,19 +106,29 @@ std::string MostFrequent(const SixRows& table) {
     return most == counts.end() ? std::string() : most->first;
 }
 
+std::string UnknownName(std::string_view kind, const std::string& name, const std::vector<std::string>& known) {
+    return Concat("unknown ", kind, " ", Quoted(name),
+                  DidYouMean(name, std::vector<std::string_view>(known.begin(), known.end())));
+}
+
 class Balance {
   public:
     Balance(Session& session, const BalancePlan& plan) : session_(session), plan_(plan) {}
 
     std::vector<RaceFigures> Measure() {
         std::vector<RaceFigures> all;
-        for (const auto& race : *session_.data.RaceNames())
-            if (plan_.race.empty() || plan_.race == race)
-                all.push_back(MeasureRace(race));
+        std::vector<std::string> careers;
+        const auto races = session_.data.RaceNames();
+        for (const auto& race : *races) {
+            if (!plan_.race.empty() && plan_.race != race)
+                continue;
+            std::ranges::copy(*session_.data.CareerNames(race), std::back_inserter(careers));
+            all.push_back(MeasureRace(race));
+        }
         if (all.empty())
-            throw UsageError("unknown race " + plan_.race);
+            throw UsageError(UnknownName("race", plan_.race, *races));
         if (std::ranges::all_of(all, [](const RaceFigures& race) { return race.places.empty(); }))
-            throw UsageError("unknown career " + plan_.career);
+            throw UsageError(UnknownName("career", plan_.career, careers));
         return all;
     }
 

@@ -26,6 +26,20 @@ TEST(Completion, KnowsVerbsOptionsAndWhatTheDataHave) {
     EXPECT_EQ(Completed({"replay", "--data", KORVANE_RULES, "--template", "template-s"}), Words{"template-story.htm"});
     EXPECT_TRUE(Completed({"replay", "life"}).empty()) << "files are the shell's";
     EXPECT_TRUE(Completed({"nonsense", ""}).empty());
+    EXPECT_EQ(Completed({"generate", "--data", KORVANE_SHIPPED_RULES, "--race", "asl"}), Words{"Aslan"});
+    EXPECT_EQ(Completed({"generate", "--data=" KORVANE_SHIPPED_RULES, "--race=asl"}), Words{"--race=Aslan"});
+}
+
+// bash hands words on as they are typed.
+TEST(Completion, TakesWordsWithQuotesBackslashesAndEquals) {
+    const auto typed = [](Words words) {
+        words.insert(words.begin(), {"complete", "--typed", "--", "generate", "--data", "=", KORVANE_SHIPPED_RULES});
+        return test::LinesOf(RunCli(words).out);
+    };
+    EXPECT_EQ(typed({"--race", "Imperial\\ Human", "--career", "Sco"}), Words{"Scout"});
+    EXPECT_EQ(typed({"--race", "=", "'Imperial Human'", "--career", "Sco"}), Words{"Scout"});
+    EXPECT_EQ(typed({"--race", "\"Imp"}), Words{"Imperial Human"});
+    EXPECT_EQ(typed({"--format", "="}).size(), 9U) << "the option waits";
 }
 
 TEST(CommandLine, NamesAreTakenInAnyCaseAndTheNearestIsNamed) {
@@ -38,6 +52,26 @@ TEST(CommandLine, NamesAreTakenInAnyCaseAndTheNearestIsNamed) {
               with({"Imperial Human", "--career", "Scout", "--assignment", "Courier"}).out);
     const auto wrong = with({"Imperial Human", "--career", "Scuot"});
     EXPECT_NE(wrong.err.find(R"(did you mean "Scout"?)"), std::string::npos) << wrong.err;
+    const auto meant = [](const Words& words, const std::string& name) {
+        const auto outcome = RunCli(words);
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_NE(outcome.err.find("did you mean \"" + name + "\"?"), std::string::npos) << outcome.err;
+    };
+    meant({"genrate"}, "generate");
+    meant({"generate", "--carer", "Scout"}, "--career");
+    meant({"generate", "--option", "cap skils at 4"}, "Cap Skills at 4");
+    meant({"balance", "--data", KORVANE_SHIPPED_RULES, "--race", "ASLN"}, "Aslan");
+    meant({"new-career", "--data", KORVANE_SHIPPED_RULES, "ASLN", "Foo"}, "Aslan");
+    EXPECT_EQ(RunCli({"generate", "--data", KORVANE_RULES, "--format", "JSON", "--method", "true 2d", "--option",
+                      "CAP skills at 4", "--career", "scout"})
+                  .status,
+              0);
+    const test::TempFolder empty;
+    for (const auto* const verb : {"generate", "names", "worlds", "balance", "codes"}) {
+        const auto outcome = RunCli({verb, "--data", empty.path().string(), "--count", "1"});
+        EXPECT_EQ(outcome.err, "korvane-cli: there are no rule data in " + empty.path().string() +
+                                   ": it has no file of a race (*.eri)\n");
+    }
 }
 
 TEST(CommandLine, SeveralCharactersAreOneWholeForOtherPrograms) {
@@ -47,7 +81,12 @@ TEST(CommandLine, SeveralCharactersAreOneWholeForOtherPrograms) {
         more.insert(more.begin(), run.begin(), run.end());
         return RunCli(more).out;
     };
-    EXPECT_EQ(nlohmann::json::parse(as("foundry-journal"))["pages"].size(), 3U);
+    const auto entry = nlohmann::json::parse(as("foundry-journal"));
+    EXPECT_EQ(entry["pages"].size(), 3U);
+    EXPECT_EQ(entry["name"], "Characters");
+    const auto one = RunCli({"generate", "--data", KORVANE_RULES, "--format", "foundry-journal", "--name", "Jo"});
+    EXPECT_EQ(nlohmann::json::parse(one.out)["name"], "Jo");
+    EXPECT_TRUE(as("md", {"--first", "2"}).starts_with("---\n")) << "or nobody takes it for front matter";
     const auto table = as("csv");
     EXPECT_TRUE(table.starts_with("number,seed,name,"));
     EXPECT_EQ(table.find("number,seed,name,", 1), std::string::npos) << "headings once";

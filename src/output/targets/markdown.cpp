@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 
 #include "base/text.h"
 #include "output/json_writer.h"
@@ -11,10 +12,41 @@ namespace korvane::targets {
 
 namespace {
 
-// A text in double quotes as JSON has it, which YAML takes as it is meant.
+struct Unprintable {
+    std::string_view bytes;
+    std::string_view escape;
+};
+constexpr std::array<Unprintable, 5> kUnprintable = {{{"\xE2\x80\xA8", "\\u2028"},
+                                                      {"\xE2\x80\xA9", "\\u2029"},
+                                                      {"\xEF\xBB\xBF", "\\uFEFF"},
+                                                      {"\xEF\xBF\xBE", "\\uFFFE"},
+                                                      {"\xEF\xBF\xBF", "\\uFFFF"}}};
+
+// A text in double quotes as JSON has it, which YAML takes as it is meant but for what it calls unprintable, or a
+// line's end.
 std::string Quoted(std::string_view text) {
+    std::string json;
+    JsonWriter(json).Text(text);
     std::string quoted;
-    JsonWriter(quoted).Text(text);
+    for (std::size_t i = 0; i < json.size(); ++i) {
+        const auto byte = [&json, i](std::size_t k) {
+            return static_cast<unsigned char>(json[std::min(i + k, json.size() - 1)]);
+        };
+        const auto three = std::string_view(json).substr(i, 3);
+        if (byte(0) == 0x7F) {
+            quoted += "\\u007F";
+        } else if (byte(0) == 0xC2 && byte(1) < 0xA0) {
+            constexpr std::string_view kDigits = "0123456789ABCDEF";
+            ((quoted += "\\u00") += kDigits[byte(1) >> 4U]) += kDigits[byte(1) & 15U];
+            ++i;
+        } else if (const auto known = std::ranges::find(kUnprintable, three, &Unprintable::bytes);
+                   known != kUnprintable.end()) {
+            quoted += known->escape;
+            i += 2;
+        } else {
+            quoted += json[i];
+        }
+    }
     return quoted;
 }
 

@@ -37,8 +37,9 @@ void AddItems(std::string& html, std::string_view heading, const Texts& texts) {
 }
 
 std::string MoneyText(const CharacterRecord& character) {
-    return Concat("Cash Cr", FormatThousands(character.Cash), ", pension Cr", FormatThousands(character.Pension),
-                  " a year, medical debt Cr", FormatThousands(static_cast<double>(character.MedicalDebt)));
+    const auto credits = [](auto amount) { return amount == 0 ? std::string("Cr0") : "Cr" + FormatThousands(amount); };
+    return Concat("Cash ", credits(character.Cash), ", pension ", credits(character.Pension), " a year, medical debt ",
+                  credits(static_cast<double>(character.MedicalDebt)));
 }
 
 // The character as a told page; all texts show as they are.
@@ -68,13 +69,31 @@ std::string Told(const Session& session, const DocumentLabels& labels) {
     return html;
 }
 
-void AddAttribute(JsonWriter& json, std::string_view name, std::int64_t value) {
-    json.Key(KeyOf(name)).BeginObject();
-    json.Key("value").Number(value);
-    json.Key("label").Text(name);
-    json.Key("dtype").Text("Number");
-    json.EndObject();
-}
+// A group of attributes, whose keys differ even where names don't but for marks.
+class Group {
+  public:
+    Group(JsonWriter& json, std::string_view name) : json_(json) { json_.Key(KeyOf(name)).BeginObject(); }
+
+    void Add(std::string_view name, std::int64_t value) {
+        json_.Key(NewKey(KeyOf(name))).BeginObject();
+        json_.Key("value").Number(value);
+        json_.Key("label").Text(name);
+        json_.Key("dtype").Text("Number");
+        json_.EndObject();
+    }
+    void End() { json_.EndObject(); }
+
+  private:
+    std::string NewKey(const std::string& key) {
+        auto wanted = key;
+        for (int number = 2; std::ranges::find(keys_, wanted) != keys_.end(); ++number)
+            wanted = Concat(key, "_", number);
+        return keys_.emplace_back(std::move(wanted));
+    }
+
+    JsonWriter& json_;
+    std::vector<std::string> keys_;
+};
 
 void AddGroup(JsonWriter& json, std::string_view label) {
     json.Key(KeyOf(label)).BeginObject();
@@ -84,25 +103,25 @@ void AddGroup(JsonWriter& json, std::string_view label) {
 
 void AddAttributes(JsonWriter& json, const CharacterRecord& character) {
     json.Key("attributes").BeginObject();
-    json.Key(KeyOf("Characteristics")).BeginObject();
+    Group characteristics(json, "Characteristics");
     for (int i = 1; i <= character.CharacteristicCount; ++i)
-        AddAttribute(json, Trim(character.CharacteristicName[i]), character.Characteristic[i]);
-    json.EndObject();
-    json.Key(KeyOf("Skills")).BeginObject();
+        characteristics.Add(Trim(character.CharacteristicName[i]), character.Characteristic[i]);
+    characteristics.End();
+    Group skills(json, "Skills");
     for (const auto* const skill : character.Skills.Held())
-        AddAttribute(json, Trim(skill->Name), skill->Level);
-    json.EndObject();
-    json.Key(KeyOf("Standing")).BeginObject();
-    AddAttribute(json, "Age", character.Age);
-    AddAttribute(json, "Terms", character.TermsTotal);
-    AddAttribute(json, "Rank", character.Rank);
-    AddAttribute(json, "Cash", character.Cash);
-    AddAttribute(json, "Pension", character.Pension);
-    AddAttribute(json, "Allies", character.Allies);
-    AddAttribute(json, "Contacts", character.Contacts);
-    AddAttribute(json, "Rivals", character.Rivals);
-    AddAttribute(json, "Enemies", character.Enemies);
-    json.EndObject();
+        skills.Add(Trim(skill->Name), skill->Level);
+    skills.End();
+    Group standing(json, "Standing");
+    standing.Add("Age", character.Age);
+    standing.Add("Terms", character.TermsTotal);
+    standing.Add("Rank", character.Rank);
+    standing.Add("Cash", character.Cash);
+    standing.Add("Pension", character.Pension);
+    standing.Add("Allies", character.Allies);
+    standing.Add("Contacts", character.Contacts);
+    standing.Add("Rivals", character.Rivals);
+    standing.Add("Enemies", character.Enemies);
+    standing.End();
     json.EndObject();
 }
 
@@ -112,6 +131,14 @@ void AddEmpty(JsonWriter& json) {
     json.Key("effects").BeginArray();
     json.EndArray();
     json.Key("flags").BeginObject();
+    json.EndObject();
+}
+
+void AddResource(JsonWriter& json, std::string_view key, int most) {
+    json.Key(key).BeginObject();
+    json.Key("value").Number(most);
+    json.Key("min").Number(0);
+    json.Key("max").Number(most);
     json.EndObject();
 }
 
@@ -186,11 +213,8 @@ std::string Actor(const Session& session, const DocumentLabels& labels) {
     json.Key("img").Text("icons/svg/mystery-man.svg");
     json.Key("system").BeginObject();
     json.Key("biography").Text(Told(session, labels));
-    json.Key("health").BeginObject();
-    json.Key("value").Number(hits);
-    json.Key("min").Number(0);
-    json.Key("max").Number(hits);
-    json.EndObject();
+    AddResource(json, "health", hits);
+    AddResource(json, "power", 0);
     AddAttributes(json, character);
     json.Key("groups").BeginObject();
     for (const auto* const group : {"Characteristics", "Skills", "Standing"})
