@@ -94,7 +94,7 @@ bool HasEnded(pid_t process, QDeadlineTimer until) {
 }  // namespace
 
 QString FindBrowser() {
-    const auto named = QString::fromLocal8Bit(ExactEnvironmentValue("KORVANE_BROWSER").c_str());
+    auto named = QString::fromLocal8Bit(ExactEnvironmentValue("KORVANE_BROWSER").c_str());
     if (named == QLatin1String("none"))
         return {};
     if (!named.isEmpty())
@@ -176,7 +176,7 @@ QJsonObject Browser::Next() {
     qsizetype end = -1;
     while ((end = received_.indexOf('\0')) < 0)
         Read();
-    const auto message = QJsonDocument::fromJson(received_.left(end)).object();
+    auto message = QJsonDocument::fromJson(received_.left(end)).object();
     received_.remove(0, end + 1);
     loaded_ = loaded_ || message.value("method") == QLatin1String("Page.loadEventFired");
     return message;

@@ -144,7 +144,7 @@ std::unique_ptr<QTextDocument> MakeDocument(const QString& html, const QString& 
     return document;
 }
 
-PdfMaker::PdfMaker(QPageSize paper, QString browser) : paper_(std::move(paper)), program_(std::move(browser)) {}
+PdfMaker::PdfMaker(const QPageSize& paper, QString browser) : paper_(paper), program_(std::move(browser)) {}
 
 PdfMaker::~PdfMaker() = default;
 
@@ -172,9 +172,9 @@ QString PdfMaker::Write(const QString& page, const QString& pdf) {
     CheckIsPage(page, pdf);
     std::optional<QByteArray> bytes;
     aside([&] { bytes = ByBrowser(page); });
-    const auto manner = bytes              ? tr("printed by %1").arg(program_)
-                        : fault_.isEmpty() ? tr("printed by the toolkit in simple styles: there is no Chromium")
-                                           : tr("printed by the toolkit in simple styles: %1").arg(fault_);
+    auto manner = bytes              ? tr("printed by %1").arg(program_)
+                  : fault_.isEmpty() ? tr("printed by the toolkit in simple styles: there is no Chromium")
+                                     : tr("printed by the toolkit in simple styles: %1").arg(fault_);
     if (!bytes)
         bytes = ByToolkit(page);
     ReplaceFile(pdf.toStdString(), {bytes->constData(), static_cast<std::size_t>(bytes->size())});

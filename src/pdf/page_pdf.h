@@ -27,7 +27,7 @@ class PdfMaker {
 
   public:
     // `browser`: its path; empty for none.
-    explicit PdfMaker(QPageSize paper = UsualPaper(), QString browser = FindBrowser());
+    explicit PdfMaker(const QPageSize& paper = UsualPaper(), QString browser = FindBrowser());
     ~PdfMaker();
     PdfMaker(const PdfMaker&) = delete;
     PdfMaker& operator=(const PdfMaker&) = delete;

@@ -122,7 +122,7 @@ QPageSize UsualPaper() {
     if (auto named = PaperNamed(qEnvironmentVariable("PAPERSIZE")); named.isValid())
         return named;
     const bool is_metric = QLocale::system().measurementSystem() != QLocale::ImperialUSSystem;
-    return QPageSize(is_metric ? QPageSize::A4 : QPageSize::Letter);
+    return {is_metric ? QPageSize::A4 : QPageSize::Letter};
 }
 
 QPageSize PaperNamed(const QString& name) {
@@ -131,7 +131,7 @@ QPageSize PaperNamed(const QString& name) {
     for (int id = 0; id <= QPageSize::LastPageSize; ++id)
         if (const auto each = static_cast<QPageSize::PageSizeId>(id);
             each != QPageSize::Custom && QPageSize::key(each).compare(name, Qt::CaseInsensitive) == 0)
-            return QPageSize(each);
+            return {each};
     return {};
 }
 

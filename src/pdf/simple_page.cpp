@@ -35,7 +35,7 @@ QString WithFilledCells(const QString& html, const QString& classes, const QStri
                                    QRegularExpression::DotMatchesEverythingOption);
     return Replaced(html, table, [&filling](const QRegularExpressionMatch& match) {
         // A cell for what is written by hand has a class of its own.
-        static const QRegularExpression empty("(<td(?: class=\"(?!now)[^\"]*\")?>)\\s*(?=</td>)");
+        static const QRegularExpression empty(R"((<td(?: class="(?!now)[^"]*")?>)\s*(?=</td>))");
         return match.captured().replace(empty, "\\1" + filling);
     });
 }
