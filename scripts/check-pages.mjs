@@ -52,34 +52,41 @@ async function print(page, name, template, taken) {
   }
 }
 
-const browser = await puppeteer.launch({
+const kBrowser = {
   executablePath: "/usr/bin/chromium",
   args: ["--no-sandbox", "--disable-gpu", "--disable-background-networking", "--disable-component-update", "--disable-sync"],
-});
+};
 mkdirSync(pictures, { recursive: true });
-let seen = 0;
-for (const template of readdirSync(folder)) {
-  const files = readdirSync(join(folder, template)).filter((file) => file.endsWith(".htm") && file !== "index.htm").sort();
-  for (const file of files) {
-    const name = `${template}/${file}`;
-    const page = await browser.newPage();
-    page.on("console", (message) => {
-      // A portrait is the player's to supply.
-      if (!message.location().url?.endsWith(".jpg")) faults.push(`${name}: ${message.text()}`);
-    });
-    page.on("pageerror", (error) => faults.push(`${name}: ${error}`));
-    page.on("request", (request) => {
-      if (!request.url().startsWith(`file://${folder}/`)) faults.push(`${name}: fetches ${request.url()}`);
-    });
-    await page.goto(`file://${join(folder, template, file)}`);
-    const taken = file === files[0] || file === files.at(-1) ? join(pictures, `${template}-${basename(file, ".htm")}`) : "";
-    await look(page, name, taken);
-    await print(page, name, template, taken);
-    await page.close();
-    ++seen;
-  }
+
+async function open(browser, template, file, files) {
+  const name = `${template}/${file}`;
+  const page = await browser.newPage();
+  page.on("console", (message) => {
+    // A portrait is the player's to supply.
+    if (!message.location().url?.endsWith(".jpg")) faults.push(`${name}: ${message.text()}`);
+  });
+  page.on("pageerror", (error) => faults.push(`${name}: ${error}`));
+  page.on("request", (request) => {
+    if (!request.url().startsWith(`file://${folder}/`)) faults.push(`${name}: fetches ${request.url()}`);
+  });
+  await page.goto(`file://${join(folder, template, file)}`);
+  const taken = file === files[0] || file === files.at(-1) ? join(pictures, `${template}-${basename(file, ".htm")}`) : "";
+  await look(page, name, taken);
+  await print(page, name, template, taken);
+  await page.close();
 }
-await browser.close();
+
+const waiting = readdirSync(folder).flatMap((template) => {
+  const files = readdirSync(join(folder, template)).filter((file) => file.endsWith(".htm") && file !== "index.htm").sort();
+  return files.map((file) => [template, file, files]);
+});
+const seen = waiting.length;
+// A browser for each processor: in one they would wait for each other's pictures.
+await Promise.all([1, 2].map(async () => {
+  const browser = await puppeteer.launch(kBrowser);
+  for (let next = waiting.shift(); next !== undefined; next = waiting.shift()) await open(browser, ...next);
+  await browser.close();
+}));
 for (const fault of faults) console.error(fault);
 console.log(`${seen} pages, ${faults.length} faults`);
 process.exit(faults.length > 0 ? 1 : 0);

@@ -41,4 +41,8 @@ python3 scripts/check-completion.py build/release/src/korvane-cli
 step "pages"
 ./scripts/check-pages.sh
 
+step "in a browser"
+./scripts/web.sh
+./scripts/check-web.sh
+
 step "all is well"

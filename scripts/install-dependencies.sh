@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
 # Installs what Korvane needs from Debian's packages; does nothing when all is there.
 #
-# usage: install-dependencies.sh [build|check]
+# usage: install-dependencies.sh [build|web|check]
 #   build   what building it and running its tests needs (default)
-#   check   that, and what scripts/check.sh and the other scripts need
+#   web     that, and what builds it for browsers
+#   check   all of that, and what scripts/check.sh and the other scripts need
 set -euo pipefail
 
 packages=(
@@ -21,6 +22,13 @@ packages=(
     fonts-dejavu-core   # a font, where there is none
     libgtest-dev        # tests
 )
+if [ "${1:-build}" != build ]; then
+    packages+=(
+        emscripten          # the compiler for browsers
+        esbuild             # makes one script of the page's modules
+        zopfli              # packs the engine and the rule data
+    )
+fi
 if [ "${1:-build}" = check ]; then
     packages+=(
         python3             # the ratios of the benchmarks, the robots
@@ -42,7 +50,8 @@ if [ "${1:-build}" = check ]; then
         desktop-file-utils  # checks the desktop entry
         appstream           # checks the metadata
         default-jre-headless # runs the validator of pages, which comes from npm
-        chromium            # prints and pictures pages
+        chromium            # prints and pictures pages, plays lives in them
+        firefox-esr         # plays one too
         poppler-utils       # and the pages of PDF files
     )
     command -v npm >/dev/null || packages+=(npm)  # fetches the validator

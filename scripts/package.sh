@@ -2,19 +2,21 @@
 # Makes Debian packages of the last commit, the same bytes wherever and whenever, and has lintian judge them. What isn't
 # committed is left out.
 #
-# usage: package.sh [--twice] [--root] [FOLDER]
+# usage: package.sh [--twice] [--root] [--page] [FOLDER]
 #   FOLDER    where the packages go (default: build/packages)
+#   --page    the file for browsers goes there, too: with it the folder is a whole release
 #   --twice   build them a second time, in another folder, on another day, in another time zone and language, and compare
 #   --root    install them into a fresh Debian, use them, purge them and look for what is left; the picture of the window
 #             goes into FOLDER
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-twice=false root=false folder=build/packages
+twice=false root=false page=false folder=build/packages
 for argument in "$@"; do
     case $argument in
         --twice) twice=true ;;
         --root) root=true ;;
+        --page) page=true ;;
         -*) sed -n '2,/^[^#]/s/^# \{0,1\}//p' "$0" >&2; exit 1 ;;
         *) folder=$argument ;;
     esac
@@ -115,6 +117,12 @@ if $root; then
     mmdebstrap --quiet --variant=minbase --include="$others,xvfb,imagemagick,man-db" \
         --customize-hook="packaging/try-in-root.sh '$folder' \"\$1\"" \
         "$(. /etc/os-release && echo "$VERSION_CODENAME")" /dev/null
+fi
+
+if $page; then
+    step "the file for browsers"
+    scripts/web.sh
+    cp build/web/korvane.html "$folder"
 fi
 
 step "the packages are in $folder"

@@ -7,7 +7,6 @@
 #include <charconv>
 #include <csignal>
 #include <fcntl.h>
-#include <fstream>
 #include <random>
 #include <sys/stat.h>
 #include <system_error>
@@ -149,6 +148,32 @@ std::vector<std::string> ListFiles(const HeldPath& folder) {
     return names;
 }
 
+namespace {
+
+// All that a file has, which is expected to be so much. `name` is for messages.
+std::string ReadAll(const fs::path& path, const std::string& name, std::string_view role, std::size_t most,
+                    std::size_t expected) {
+    const Descriptor file(Opened(path, O_RDONLY));
+    if (!file)
+        throw IoError(name, CannotRead(role), errno);
+    std::string bytes;
+    for (;;) {
+        const auto before = bytes.size();
+        bytes.resize(before + expected + 1);
+        const auto got = read(file.number(), bytes.data() + before, expected + 1);
+        const int reason = errno;
+        bytes.resize(before + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
+        if (got < 0 && reason != EINTR)
+            throw IoError(name, CannotRead(role), reason);
+        if (bytes.size() > most)
+            throw IoError(name, CannotRead(role), TooLarge(most));
+        if (got == 0)
+            return bytes;
+    }
+}
+
+}  // namespace
+
 std::string ReadBytes(const fs::path& path, std::string_view role, std::size_t most) {
     // Whether it is a file is asked before it is opened: opening a pipe would wait for a writer.
     std::error_code error;
@@ -160,15 +185,7 @@ std::string ReadBytes(const fs::path& path, std::string_view role, std::size_t m
     const auto size = fs::file_size(path, error);
     if (!error && size > most)
         throw IoError(path.string(), CannotRead(role), TooLarge(most));
-    std::ifstream file(path, std::ios::binary);
-    if (!file)
-        throw IoError(path.string(), CannotRead(role), errno);
-    std::string bytes(error ? 0 : static_cast<std::size_t>(size), '\0');
-    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    if (file.bad())
-        throw IoError(path.string(), CannotRead(role), errno);
-    bytes.resize(static_cast<std::size_t>(file.gcount()));
-    return bytes;
+    return ReadAll(path, path.string(), role, most, error ? 0 : static_cast<std::size_t>(size));
 }
 
 TextFile ReadTextFile(const HeldPath& path, std::string_view role) {
@@ -184,27 +201,9 @@ std::string ReadStream(const fs::path& path, std::string_view role, std::size_t 
     const auto status = fs::status(path, error);
     if (!is_input && !fs::is_fifo(status) && !fs::is_character_file(status))
         return ReadBytes(path, role, most);
-    const std::string name = is_input ? "standard input" : path.string();
-    const Descriptor file(Opened(is_input ? "/dev/stdin" : path, O_RDONLY));
-    if (!file)
-        throw IoError(name, CannotRead(role), errno);
-    std::string bytes;
     constexpr std::size_t kPiece = 65536;
-    ssize_t got = 1;
-    while (got > 0) {
-        const auto before = bytes.size();
-        bytes.resize(before + kPiece);
-        got = read(file.number(), bytes.data() + before, kPiece);
-        if (got < 0 && errno == EINTR)
-            got = 1;
-        else if (got < 0)
-            throw IoError(name, CannotRead(role), errno);
-        else
-            bytes.resize(before + static_cast<std::size_t>(got));
-        if (bytes.size() > most)
-            throw IoError(name, CannotRead(role), TooLarge(most));
-    }
-    return bytes;
+    return is_input ? ReadAll("/dev/stdin", "standard input", role, most, kPiece)
+                    : ReadAll(path, path.string(), role, most, kPiece);
 }
 
 void ReplaceFile(const fs::path& file, std::string_view content, Sync sync) {

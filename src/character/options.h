@@ -27,6 +27,18 @@ inline constexpr std::array<std::string_view, 9> kOptionCaptions = {
     "Cap Skills at 4",       "Sort Skills by Value",
     "Force Academic Success"};
 
+// What each does, for those who point at it; in the order of the captions.
+inline constexpr std::array<std::string_view, kOptionCaptions.size()> kOptionExplanations = {
+    "Every choice is answered at random, without a dialog",
+    "Neither a mishap nor an event ends the career",
+    "At the end of the life a package of skills is chosen, each at level 1 at least",
+    "At the end of the life two skills are raised, each by a connection with somebody",
+    "The skill table of each term is chosen by a die",
+    "Has no effect on advancement",
+    "No skill that is held is raised above level 4",
+    "The skills stand with the highest level first",
+    "Entry, graduation and the like of a pre-career education succeed"};
+
 // In the order of their captions.
 inline constexpr std::array kAllOptions = {Option::AutomaticGeneration, Option::ForceNoEjectionOnMishap,
                                            Option::SelectSkillPackage,  Option::AddSkillsForConnections,

@@ -9,12 +9,6 @@ namespace korvane::play {
 
 namespace {
 
-// Whether a line is a question to the player.
-bool IsQuestion(const journal::Line& line) {
-    return !std::holds_alternative<journal::RollLine>(line) && !std::holds_alternative<journal::DrawLine>(line) &&
-           !std::holds_alternative<journal::TellLine>(line) && !std::holds_alternative<journal::FileLine>(line);
-}
-
 // True as long as it lives.
 class WhileLiving {
   public:
@@ -229,7 +223,7 @@ void RecordedLife::GoForward() {
 }
 
 void RecordedLife::NoteRecorded(const journal::Line& line) {
-    if (IsQuestion(line))
+    if (journal::IsQuestion(line))
         undone_.clear();
     if (!living_)
         return;

@@ -11,7 +11,7 @@
 
 #include "base/text.h"
 #include "character/player_texts.h"
-#include "engine/mustering_out.h"
+#include "output/question_texts.h"
 #include "output/summary_texts.h"
 #include "ui/message_boxes.h"
 #include "ui/qt_text.h"
@@ -19,10 +19,6 @@
 namespace korvane::ui {
 
 namespace {
-
-QString RollsText(int rolls) {
-    return rolls == 1 ? QObject::tr("1 benefit roll") : QObject::tr("%1 benefit rolls").arg(rolls);
-}
 
 template <typename Texts>
 QStringList ToList(const Texts& texts) {
@@ -160,21 +156,6 @@ std::vector<BenefitRow> DialogPlayer::BenefitRows() const {
     return rows;
 }
 
-QString DialogPlayer::BenefitModifiers(const MusterQuestion& question) const {
-    auto told = QObject::tr("A roll is one die.");
-    if (question.bonuses > 0)
-        told += question.bonuses == 1
-                    ? QObject::tr(" +1 to either column once, where you want it.")
-                    : QObject::tr(" +1 to either column %1 times, where you want it.").arg(question.bonuses);
-    if (question.gamblerEnabled)
-        told += QObject::tr(" Gambler: +1 to cash.");
-    if (question.bonuses == 0 && !question.gamblerEnabled)
-        told += QObject::tr(" No modifier applies, so 7 can't be reached.");
-    return told + QObject::tr(" Cash rolls: %1 of %2 used.")
-                      .arg(static_cast<int>(session_.character.CashRollsUsed))
-                      .arg(kMostCashRolls);
-}
-
 int DialogPlayer::Choose(const ChoiceQuestion& question) {
     auto& dialog = Prepare(choice_);
     dialog.SetQuestion(question);
@@ -254,7 +235,7 @@ EndOfTermAnswer DialogPlayer::EndOfTerm(const EndOfTermQuestion& question) {
 std::optional<TransferAnswer> DialogPlayer::Transfer(const TransferQuestion& question) {
     auto& dialog = Prepare(transfer_);
     dialog.SetQuestion(question);
-    dialog.SetCost(CostOfLeaving());
+    dialog.SetCost(ToQt(CostOfLeavingText(session_)));
     const OddsOffer odds(odds_, dialog.odds(), [&question] { return play::AlternativesOf(question); });
     PlaceOverUpperPart(dialog, window_);
     // A fault met while the dialog lists assignments is kept until its event handler is left.
@@ -277,17 +258,6 @@ std::optional<TransferAnswer> DialogPlayer::Transfer(const TransferQuestion& que
         throw;
     }
     return dialog.Result();
-}
-
-// What a transfer costs: the rank, and the rolls of the career that is left.
-QString DialogPlayer::CostOfLeaving() const {
-    const auto& character = session_.character;
-    const auto rank = ToQt(Trim(RankTitle(session_.assignment, character.Rank)));
-    return QObject::
-        tr("Moving on costs your rank%1 and the benefit rolls of this career (%2); \"%3\" musters you out with them.")
-            .arg(rank.isEmpty() ? QString() : QObject::tr(" (%1)").arg(rank))
-            .arg(static_cast<int>(character.TermsInCareer))  // what events added or took goes along
-            .arg(ToQt(kEndCareer));
 }
 
 std::optional<MusterPress> DialogPlayer::RunMuster(KVNMuster& dialog) {
@@ -320,9 +290,8 @@ std::optional<MusterPress> DialogPlayer::RunMuster(KVNMuster& dialog) {
 MusterPress DialogPlayer::Muster(const MusterQuestion& question) {
     auto& dialog = Prepare(muster_);
     dialog.SetQuestion(question);
-    dialog.SetTable(BenefitRows(), BenefitModifiers(question));
-    dialog.SetForfeit(question.rolls > 0 ? QObject::tr("Leaving now forfeits %1.").arg(RollsText(question.rolls))
-                                         : QString());
+    dialog.SetTable(BenefitRows(), ToQt(BenefitModifiersText(session_.character, question)));
+    dialog.SetForfeit(ToQt(ForfeitText(question.rolls)));
     dialog.SetHistory(HistoryTexts(session_.musterResults.historyBefore));
     const OddsOffer odds(odds_, dialog.odds(), [&question] { return play::AlternativesOf(question); });
     const auto press = RunMuster(dialog);

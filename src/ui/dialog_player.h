@@ -68,9 +68,6 @@ class DialogPlayer : public Player {
     std::optional<MusterPress> RunMuster(KVNMuster& dialog);
     // The rows of the career's benefits, by the roll.
     std::vector<BenefitRow> BenefitRows() const;
-    // What applies to the rolls on them.
-    QString BenefitModifiers(const MusterQuestion& question) const;
-    QString CostOfLeaving() const;
     QString Title() const;
     // The window that a message stands before.
     QWidget* Front() const;

@@ -6,23 +6,6 @@
 
 namespace korvane::ui {
 
-namespace {
-
-// What each option does, for those who point at it; in the order of the captions.
-constexpr std::array<const char*, kOptionCaptions.size()> kExplanations = {
-    "Every choice is answered at random, without a dialog",
-    "Neither a mishap nor an event ends the career",
-    "At the end of the life a package of skills is chosen, each at level 1 at least",
-    "At the end of the life two skills are raised, each by a connection with somebody",
-    "The skill table of each term is chosen by a die",
-    "Has no effect on advancement",
-    "No skill that is held is raised above level 4",
-    "The skills stand with the highest level first",
-    "Entry, graduation and the like of a pre-career education succeed",
-};
-
-}  // namespace
-
 OptionBoxes::OptionBoxes(std::span<const Option> order, int columns) {
     auto* const grid = new QGridLayout(this);
     grid->setContentsMargins({});
@@ -33,7 +16,7 @@ OptionBoxes::OptionBoxes(std::span<const Option> order, int columns) {
         auto& box = boxes_.at(number);
         box.setText(ToCaption(CaptionOf(option)));
         box.setObjectName(ToQt(CaptionOf(option)));
-        box.setToolTip(tr(kExplanations.at(number)));
+        box.setToolTip(ToQt(kOptionExplanations.at(number)));
         grid->addWidget(&box, place / columns, place % columns);
         ++place;
         connect(&box, &QCheckBox::clicked, this, [this] {

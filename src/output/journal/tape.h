@@ -94,6 +94,12 @@ struct OddLine {
 using Line = std::variant<RollLine, DrawLine, ChooseLine, SelectLine, AskLine, TellLine, TableLine, EndOfTermLine,
                           TransferLine, MusterLine, FileLine, OddLine>;
 
+// Whether a line is a question to the player.
+inline bool IsQuestion(const Line& line) {
+    return !std::holds_alternative<RollLine>(line) && !std::holds_alternative<DrawLine>(line) &&
+           !std::holds_alternative<TellLine>(line) && !std::holds_alternative<FileLine>(line);
+}
+
 // How a life began.
 struct Start {
     int version = 2;             // of the journal

@@ -1,0 +1,69 @@
+// What a page asks of the engine: a request, and its answer, each as JSON. A request says under "do" what is wanted;
+// docs/browser.md tells the others of its members. An answer that has an "error" has nothing else.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+
+#include "character/KVNDeclare.h"
+#include "play/career_odds.h"
+#include "play/odds.h"
+#include "play/recorded_life.h"
+#include "web/waiting_player.h"
+
+namespace korvane::web {
+
+class Desk {
+  public:
+    // `rules`: the folder of the rule data.
+    explicit Desk(const std::string& rules);
+    ~Desk();
+    Desk(const Desk&) = delete;
+    Desk& operator=(const Desk&) = delete;
+
+    // Throws nothing that the request, a text, could be blamed for.
+    std::string Answer(const std::string& text);
+
+  private:
+    using Request = nlohmann::ordered_json;
+    using Action = void (Desk::*)(const Request& request, std::string& out);
+    static const std::map<std::string, Action, std::less<>>& Actions();
+
+    // Takes another folder for the rules.
+    void Use(const Request& request, std::string& out);
+    void Rules(const Request& request, std::string& out);
+    void Check(const Request& request, std::string& out);
+    void Roll(const Request& request, std::string& out);
+    // Lives a journal's life again, gives one answer, and tells where that leads.
+    void Step(const Request& request, std::string& out);
+    void Export(const Request& request, std::string& out);
+    void Name(const Request& request, std::string& out);
+    void Verify(const Request& request, std::string& out);
+    void Moments(const Request& request, std::string& out);
+    void FromTerm(const Request& request, std::string& out);
+    void Odds(const Request& request, std::string& out);
+    void Careers(const Request& request, std::string& out);
+    void Find(const Request& request, std::string& out);
+    void Lives(const Request& request, std::string& out);
+
+    // The journal that a request holds, or the beginning of one.
+    static journal::Journal JournalIn(const Request& request);
+    // Lives a journal's life to its end or its first open question. The dice beyond those of its seed are the clock's.
+    play::LifeOutcome LiveOn(play::RecordedLife& life, journal::Journal journal);
+    // The same for a finished one, whose character is left in the session. Throws UsageError for another.
+    journal::Tape LiveFinished(const Request& request);
+
+    std::string location_;
+    Display display_;
+    ClockDice clock_;
+    std::unique_ptr<Session> session_;
+    // A session of its own for each search that goes on from request to request.
+    std::unique_ptr<Session> searching_;
+    std::unique_ptr<play::Odds> odds_;
+    std::unique_ptr<play::CareerOdds> careers_;
+};
+
+}  // namespace korvane::web

@@ -1,0 +1,85 @@
+// What follows from each answer, while the player thinks; and what each career holds, before a life.
+
+import { button, dialog, el, replace } from "./dom.js";
+
+const kSteps = [20, 60, 200, 600, 1200, 2000];
+
+// The panel stays as open as it was left.
+let open = false;
+
+function oddsTable(odds) {
+  if (odds.columns.length === 0) return [el("p", {}, "Nothing that can be told differs between the answers.")];
+  return [
+    el("div", { class: "wide", tabindex: "0", role: "region", "aria-label": "Odds" }, el("table", {},
+        el("thead", {}, el("tr", {}, el("th", { scope: "col" }, "Answer"),
+            odds.columns.map((column, i) => el("th", { scope: "col", title: odds.meanings[i] }, column)))),
+        el("tbody", {}, odds.rows.map((row) => el("tr", {}, el("th", { scope: "row" }, row.caption),
+            row.cells.map((cell) => el("td", {}, cell))))))),
+    el("ul", {}, odds.judgements.map((text) => el("li", {}, text))),
+    el("p", { class: "fine" }, odds.note),
+  ];
+}
+
+// `journal`: of the life that the question waits in. `mayGoOn`: whether it still does.
+export function oddsPanel(engine, journal, mayGoOn) {
+  const content = el("div", {});
+  let running = false;
+  async function run() {
+    if (running) return;
+    running = true;
+    try {
+      for (const [i, lives] of kSteps.entries()) {
+        if (!panel.open || !mayGoOn()) break;
+        replace(content, oddsTable(await engine.call({ do: "odds", lives, ...(i === 0 ? { journal } : {}) })));
+      }
+    } catch (error) {
+      if (mayGoOn()) replace(content, el("p", {}, error.message));
+    }
+    running = false;
+  }
+  const panel = el("details", { class: "odds", open, ontoggle: () => {
+    open = panel.open;
+    if (open) run();
+  } }, el("summary", {}, "Odds"), content);
+  return panel;
+}
+
+// Lists careers for the character that waits; `chosen` gets a career and an assignment.
+export async function compareCareers(engine, character, chosen) {
+  const content = el("div", { class: "wide", tabindex: "0", role: "region", "aria-label": "Careers" });
+  const note = el("p", { class: "fine", role: "status" }, "Living ...");
+  const box = dialog("Compare careers", note, content);
+  const opened = new Set();
+  let sorted = null;
+  let last = null;
+  function show(odds) {
+    last = odds;
+    const careers = odds.places.filter((place) => place.assignment === "");
+    if (sorted !== null) careers.sort((a, b) => (b.means[sorted] ?? -1) - (a.means[sorted] ?? -1));
+    const row = (place) => el("tr", { class: place.assignment ? "inner" : "" },
+        el("th", { scope: "row" }, place.assignment
+            ? button(place.assignment, () => { box.close(); chosen(place.career, place.assignment); }, { title: "Choose" })
+            : button(`${opened.has(place.career) ? "▾" : "▸"} ${place.career}`, () => {
+              if (!opened.delete(place.career)) opened.add(place.career);
+              show(last);
+            }, { "aria-expanded": String(opened.has(place.career)) })),
+        place.cells.map((cell) => el("td", {}, cell)));
+    const active = document.activeElement?.textContent;
+    replace(content, el("table", {},
+        el("thead", {}, el("tr", {}, el("th", { scope: "col" }, "Career"), odds.columns.map(([caption, meaning], i) =>
+          el("th", { scope: "col", "aria-sort": sorted === i ? "descending" : null },
+              button(caption, () => { sorted = sorted === i ? null : i; show(last); }, { title: meaning }))))),
+        el("tbody", {}, careers.flatMap((career) => [row(career), ...(opened.has(career.career)
+          ? odds.places.filter((place) => place.career === career.career && place.assignment !== "").map(row) : [])]))));
+    for (const each of content.querySelectorAll("button")) if (each.textContent === active) each.focus();
+    note.textContent = `${odds.lives} lives in each assignment, ${odds.terms} terms of service. Open a career and choose an assignment.`;
+  }
+  try {
+    for (const [i, lives] of [20, 100, 300, 1000].entries()) {
+      if (!box.open) return;
+      show(await engine.call({ do: "careers", lives, ...(i === 0 ? character : {}) }));
+    }
+  } catch (error) {
+    note.textContent = error.message;
+  }
+}

@@ -1,0 +1,107 @@
+// A question as the player sees it. Each gives its elements; `answer` takes what the engine understands.
+
+import { button, choices, el, field, numbered } from "./dom.js";
+
+function choose(question, answer) {
+  return [el("div", { class: "answers" }, question.options.map(
+      (text, i) => numbered(i + 1, text, () => answer(i + 1), { value: String(i + 1) })))];
+}
+
+function select(question, answer) {
+  const boxes = question.items.map((_, i) => el("input", { type: "checkbox", value: String(i + 1), onchange: note }));
+  const told = el("output", {});
+  const ok = button("OK", () => answer(marked()), { class: "first" });
+  function marked() {
+    return boxes.filter((box) => box.checked).map((box) => Number(box.value));
+  }
+  function note(event) {
+    // A list of one moves its mark.
+    if (question.maximum === 1 && event?.target.checked) for (const box of boxes) box.checked = box === event.target;
+    const count = marked().length;
+    ok.disabled = count < question.minimum || count > question.maximum || count === 0;
+    told.textContent = `${count} selected, ${question.minimum === question.maximum ? "" : `${question.minimum} to `}${question.maximum} wanted`;
+  }
+  note();
+  return [
+    el("div", { class: "boxes" }, question.items.map((text, i) => el("label", {}, boxes[i], text))),
+    told,
+    el("div", { class: "answers" }, ok, button("Cancel", () => answer([]))),
+  ];
+}
+
+function ask(question, answer) {
+  return [el("div", { class: "answers" }, numbered(1, "Yes", () => answer(true)), numbered(2, "No", () => answer(false)))];
+}
+
+function table(question, answer) {
+  return [el("div", { class: "tables" }, question.columns.map((column, i) => el("section", {},
+      numbered(i + 1, column.caption || "Unused table", () => answer(i + 1), { disabled: !column.enabled, value: String(i + 1) }),
+      el("ol", {}, column.rows.map((row) => el("li", {}, row))))))];
+}
+
+function optionBoxes(rules, ticked) {
+  const boxes = rules.options.map(([caption, explanation]) => {
+    const box = el("input", { type: "checkbox", value: caption, checked: ticked.includes(caption) });
+    return el("label", { title: explanation }, box, caption);
+  });
+  return {
+    element: el("details", { class: "options" }, el("summary", {}, "Options"), el("div", { class: "boxes" }, boxes)),
+    ticked: () => boxes.map((label) => label.firstChild).filter((box) => box.checked).map((box) => box.value),
+  };
+}
+
+function endOfTerm(question, answer, { rules, confirm }) {
+  const options = optionBoxes(rules, question.options);
+  const choice = (number, text, sure) => numbered(number, text, async () => {
+    if (!sure || await confirm(sure)) answer({ choice: number, options: options.ticked() });
+  });
+  return [
+    el("div", { class: "answers" }, choice(1, "Re-enlist"), choice(2, "Transfer"), choice(3, "Muster Out"),
+        choice(4, "Scrap and Restart", "Scrap this character?")),
+    options.element,
+  ];
+}
+
+function transfer(question, answer) {
+  let career = null;
+  const assignments = el("div", { class: "answers" });
+  const description = el("p", {});
+  const pick = choices(["", ...question.careers.map((each) => each.name)], "", (name) => {
+    career = question.careers.find((each) => each.name === name);
+    description.textContent = career?.description ?? "";
+    assignments.replaceChildren(...(career?.assignments ?? []).map((assignment, i) =>
+        numbered(i + 1, assignment, () => answer({ career: career.name, assignment }))));
+  });
+  return [el("p", {}, question.cost), field("Career", pick), description, assignments,
+    el("div", { class: "answers" }, button("End Career", () => answer(null)))];
+}
+
+function muster(question, answer) {
+  const gambler = el("input", { type: "checkbox", disabled: !question.gambler });
+  const press = (number, text) => numbered(number + 1, text, () => answer({ press: number, gambler: gambler.checked }),
+      { disabled: !question.enabled[number] });
+  return [
+    el("div", { class: "answers" }, press(0, "Cash"), press(1, "Material"), press(2, "3 Cash, rest Material"), press(3, "Done")),
+    el("label", { class: "one" }, gambler, "Use Gambler"),
+    el("p", {}, question.modifiers, " ", question.forfeit),
+    el("table", {}, el("thead", {}, el("tr", {}, ["1D", "Cash", "Benefit"].map((text) => el("th", { scope: "col" }, text)))),
+        el("tbody", {}, question.table.map(([cash, benefit], i) => el("tr", {},
+            el("th", { scope: "row" }, String(i + 1)), el("td", {}, cash), el("td", {}, benefit))))),
+    el("p", {}, question.cash.length + question.benefits.length > 0
+        ? `So far: ${[...question.cash, ...question.benefits].join(", ")}` : ""),
+  ];
+}
+
+const kKinds = { choose, select, ask, table, "end of term": endOfTerm, transfer, muster };
+
+export function titleOf(question) {
+  if (question.kind === "end of term") return `Term ${question.terms} is over. What now?`;
+  if (question.kind === "transfer") return "Into which career?";
+  if (question.kind === "muster") return `Mustering out of ${question.career}: ${question.rolls} ${question.rolls === 1 ? "roll" : "rolls"} left`;
+  return question.title;
+}
+
+// The elements below the question's title. `tools`: the rules, and a function that asks whether somebody is sure.
+export function answersTo(question, answer, tools) {
+  return kKinds[question.kind](question, answer, tools);
+}
