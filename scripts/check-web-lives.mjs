@@ -15,7 +15,11 @@ engine.FS.mkdir("/rules");
 for (const name of readdirSync(rules)) engine.FS.writeFile(`/rules/${name}`, readFileSync(join(rules, name)));
 
 function call(request) {
-  const answer = JSON.parse(engine.ccall("korvane_answer", "string", ["string"], [JSON.stringify(request)]));
+  const bytes = new TextEncoder().encode(`${JSON.stringify(request)}\0`);
+  const place = engine._malloc(bytes.length);
+  engine.HEAPU8.set(bytes, place);
+  const answer = JSON.parse(engine.UTF8ToString(engine._korvane_answer(place)));
+  engine._free(place);
   if ("error" in answer) throw new Error(answer.error);
   return answer;
 }

@@ -46,8 +46,15 @@ async function read(page, screen) {
     await page.screenshot({ path: join(pictures, `${screen.replaceAll(" ", "-")}-${value}-${width}.png`), fullPage: screen === "end" });
   }
   await page.emulateMediaFeatures([]);
-  const wide = await page.evaluate(() => document.documentElement.scrollWidth - document.documentElement.clientWidth);
-  check(wide <= 0, `${screen}: ${wide} px too wide at ${width}`);
+  // Narrow windows, and letters of twice the size.
+  for (const [narrow, size] of [[width, "100%"], [360, "100%"], [390, "200%"], [width, "200%"]]) {
+    await page.setViewport({ ...page.viewport(), width: narrow });
+    await page.evaluate((wanted) => { document.documentElement.style.fontSize = wanted; }, size);
+    const wide = await page.evaluate(() => document.documentElement.scrollWidth - document.documentElement.clientWidth);
+    check(wide <= 0, `${screen}: ${wide} px too wide at ${narrow}, letters ${size}`);
+  }
+  await page.evaluate(() => { document.documentElement.style.fontSize = ""; });
+  await page.setViewport({ ...page.viewport(), width });
 }
 
 // What is asked: the kind of the question by what its card holds; "end" after the life.
@@ -114,7 +121,11 @@ async function begin(page, act) {
 }
 
 const click = (_, element) => element.click();
-const tap = (_, element) => element.tap();
+// Two quick ones in one place are a double click, which answers once.
+const tap = async (_, element) => {
+  await element.tap();
+  await new Promise((done) => setTimeout(done, 600));
+};
 // Tab to it, and the key that presses it.
 async function byKeys(page, element) {
   for (let i = 0; i < 200; ++i) {
@@ -165,8 +176,8 @@ async function byMouse(browser) {
   }
   const bare = (text) => text.replace(/Odds.*?(?=Imperial|Aslan|Hirrask|Quorrim|Tolloum)/s, "");
   check(bare(await told(page)) === bare(furthest), "forward doesn't lead where back came from");
-  // Away, and here again.
-  await page.goto(`file://${file}`);
+  // Away, and here again, though a link led here.
+  await page.reload();
   await page.waitForSelector("#question");
   check(bare(await told(page)) === bare(furthest), "a reload loses the life");
   const steps = await live(page, click);
@@ -205,6 +216,49 @@ async function withBrokenRules(browser) {
   } finally {
     rmSync(folder, { recursive: true });
   }
+}
+
+// Files that are dropped: a life that is lived to the end, one that is much too long, a folder of rules.
+async function dropped(browser) {
+  const page = await watched(browser, { hash: "#seed=drop" });
+  await page.evaluate(() => localStorage.clear());
+  const drop = (files) => page.evaluate((texts) => {
+    const data = new DataTransfer();
+    for (const [name, text] of texts) data.items.add(new File([text], name));
+    document.dispatchEvent(new DragEvent("drop", { dataTransfer: data, bubbles: true }));
+  }, files);
+  const status = (text) => page.waitForFunction((wanted) => document.getElementById("status").textContent.includes(wanted), { timeout: 20000 }, text);
+  await begin(page, click);
+  await live(page, click, false);
+  const journal = await page.evaluate(() => JSON.parse(localStorage.getItem(Object.keys(localStorage)[0])).journal);
+  await mark(page);
+  await drop([["life.txt", journal]]);
+  await changed(page);
+  const kept = await page.evaluate(() => Object.keys(localStorage).map((key) => JSON.parse(localStorage.getItem(key)).journal));
+  check(kept.length === 2 && kept[0] === kept[1], "opening a journal changes it");
+  await drop([["huge.jsonl", `{"journal":${"9".repeat(3000000)}`]]);
+  await status("the journal:1");
+  await drop([["Nobody.eri", "x"]]);
+  await page.waitForSelector("dialog li.fault", { timeout: 20000 });
+  await page.keyboard.press("Escape");
+  // After all that the rules of before are used, and the page answers.
+  await press(page, "New character");
+  await page.waitForSelector(".figures li");
+  // Two quick clicks answer once.
+  await begin(page, click);
+  for (let screen = await screenOf(page); screen === "list"; screen = await screenOf(page)) {
+    await mark(page);
+    for (const element of await answersIn(page, screen, 0)) await element.click();
+    await changed(page);
+  }
+  const answered = () => page.evaluate(() => Math.max(...Object.keys(localStorage).map((key) => JSON.parse(localStorage.getItem(key))).filter((life) => life.end === "")
+      .map((life) => life.journal.split("\n").filter((line) => /"(picked|answer|marked|press|transfer)":/.test(line)).length)));
+  const before = await answered();
+  const [first] = await page.$$(".question .answers button:not(:disabled), .tables button:not(:disabled)");
+  await first.click({ count: 2 });
+  await new Promise((done) => setTimeout(done, 500));
+  check(await answered() === before + 1, "a double click answers twice");
+  await page.close();
 }
 
 async function findOne(browser) {
@@ -250,6 +304,7 @@ await run("a life by touch at 390 px", async () => {
   return live(page, tap);
 });
 await run("rules that are broken", () => withBrokenRules(chromium));
+await run("what is dropped", () => dropped(chromium));
 await run("find me one", () => findOne(chromium));
 await chromium.close();
 

@@ -16,7 +16,7 @@ done
 
 size=$(gzip -9 -c build/web/korvane.html | wc -c)
 echo "korvane.html: $size bytes compressed"
-[ "$size" -le 409600 ] || { echo "more than 400 kB" >&2; exit 1; }
+[ "$size" -le 400000 ] || { echo "more than 400 kB" >&2; exit 1; }
 node scripts/check-web-lives.mjs build/web build/release/src/korvane-cli rules "${1:-2000}"
 rm -rf build/web/pictures
 node scripts/check-web.mjs build/node_modules build/web/korvane.html build/web/pictures

@@ -121,8 +121,10 @@ fi
 
 if $page; then
     step "the file for browsers"
-    scripts/web.sh
-    cp build/web/korvane.html "$folder"
+    mkdir "$work/page"
+    git archive HEAD | tar -x -C "$work/page"
+    "$work/page/scripts/web.sh"
+    cp "$work/page/build/web/korvane.html" "$folder"
 fi
 
 step "the packages are in $folder"

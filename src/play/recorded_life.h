@@ -66,6 +66,8 @@ class RecordedLife : public LifeSteps, private Observer {
     void ReplaceEnded(journal::Tape tape) { ended_ = std::move(tape); }
 
     const journal::Tape& tape() const { return tape_; }
+    // The rule files that aren't those of the tape that was lived again.
+    const std::vector<std::string>& changedFiles() const { return deck_.changedFiles(); }
     // The life that ended last, until the next one begins.
     const std::optional<journal::Tape>& ended() const { return ended_; }
 

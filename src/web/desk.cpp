@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 #include <utility>
+#include <vector>
 
 #include "base/error.h"
 #include "base/text.h"
@@ -173,18 +174,20 @@ void Desk::Roll(const Request& request, std::string& out) {
 
 namespace {
 
-// Takes the tape back to before the question of that place among its questions. What stood there is returned, as lines
-// of a journal.
-std::string CutAt(journal::Tape& tape, std::size_t question) {
-    std::string cut;
+// Takes the tape back to before the question of that place among its questions, or to before its end. What stood there
+// is returned, as lines of a journal: a text for each question, with what came after it.
+std::vector<std::string> CutAt(journal::Tape& tape, std::size_t question) {
+    std::vector<std::string> cut;
     std::size_t seen = 0;
     const auto from = std::ranges::find_if(
         tape.lines, [&](const journal::Line& line) { return journal::IsQuestion(line) && seen++ == question; });
-    if (from == tape.lines.end())
+    if (from == tape.lines.end() && (seen != question || !tape.end))
         throw UsageError("there is no such question in the journal");
     for (auto line = from; line != tape.lines.end(); ++line) {
-        journal::AppendLine(cut, *line);
-        cut += '\n';
+        if (journal::IsQuestion(*line))
+            cut.emplace_back();
+        journal::AppendLine(cut.back(), *line);
+        cut.back() += '\n';
     }
     tape.lines.erase(from, tape.lines.end());
     tape.end.reset();
@@ -206,7 +209,7 @@ void Desk::Step(const Request& request, std::string& out) {
     auto journal = JournalIn(request);
     auto& tape = journal.tape;
     tape.backs = request.value("backs", tape.end ? tape.end->backs.value_or(0) : std::int64_t{0});
-    std::string cut;
+    std::vector<std::string> cut;
     if (const auto back = request.find("back"); back != request.end())
         cut = CutAt(tape, back->get<std::size_t>());
     const auto answer = request.find("answer");
@@ -214,18 +217,25 @@ void Desk::Step(const Request& request, std::string& out) {
     WaitingPlayer player(session, answer == request.end() ? nullptr : &*answer);
     std::optional<play::LifeOutcome> outcome;
     play::RecordedLife life(session, clock_, player);
+    if (request.value("goOn", false))
+        life.goesOn = [](const journal::Divergence&) { return true; };
+    JsonWriter writer(out);
+    writer.BeginObject();
     try {
         outcome = LiveOn(life, std::move(journal));
     } catch (const PlayerLeft&) {
         // a question waits
+    } catch (const journal::Divergence& divergence) {
+        writer.Key("diverges").Text(divergence.what());
+        writer.EndObject();
+        return;
     }
-    JsonWriter writer(out);
-    writer.BeginObject();
     writer.Key("journal").Text(journal::JournalText(life.tape()));
+    writer.Key("backs").Number(life.tape().backs);
+    writer.Key("changed").TextArray(life.changedFiles());
     writer.Key("answered")
         .Number(static_cast<std::int64_t>(std::ranges::count_if(life.tape().lines, journal::IsQuestion)));
-    if (!cut.empty())
-        writer.Key("cut").Text(cut);
+    writer.Key("cut").TextArray(cut);
     writer.Key("notices").TextArray(player.notices());
     if (outcome)
         WriteEnd(writer, *outcome);
@@ -286,14 +296,38 @@ void Desk::Export(const Request& request, std::string& out) {
     } else if (format == "foundry-actor") {
         text = targets::Actor(session, labels);
     } else {
-        session_->masterSkills = LoadMasterSkills(session.data.location());
-        const auto form = ReadTemplate(session.data.location() + format);
-        for (const auto& line : FillTemplate(form.lines, session, *labels.name))
-            AppendAll(text, line, "\n");
+        WritePage(out, format, *labels.name);
+        return;
     }
     JsonWriter writer(out);
     writer.BeginObject();
     writer.Key("text").Text(text);
+    writer.EndObject();
+}
+
+void Desk::WritePage(std::string& out, const std::string& name, const std::string& of) {
+    const auto& location = session_->data.location();
+    const auto known = TemplateNames(location);
+    if (std::ranges::find(known, name) == known.end())
+        throw UsageError(Concat("there is no template \"", name, "\""));
+    session_->masterSkills = LoadMasterSkills(location);
+    const auto form = ReadTemplate(location + name);
+    JsonWriter writer(out);
+    writer.BeginObject();
+    writer.Key("encoding").Text(form.encoding == Encoding::Utf8 ? "utf-8" : "windows-1252");
+    // A character for each byte, which may be anything.
+    std::string letters;
+    for (const char letter : Page(form, *session_, of)) {
+        const auto byte = static_cast<unsigned char>(letter);
+        constexpr unsigned kFirstOfTwo = 0x80;
+        if (byte < kFirstOfTwo) {
+            letters += letter;
+        } else {
+            letters += static_cast<char>(0xC0U | byte >> 6U);
+            letters += static_cast<char>(0x80U | (byte & 0x3FU));
+        }
+    }
+    writer.Key("bytes").Text(letters);
     writer.EndObject();
 }
 

@@ -40,6 +40,8 @@ class Desk {
     // Lives a journal's life again, gives one answer, and tells where that leads.
     void Step(const Request& request, std::string& out);
     void Export(const Request& request, std::string& out);
+    // The page of the session's character by the template of that name.
+    void WritePage(std::string& out, const std::string& name, const std::string& of);
     void Name(const Request& request, std::string& out);
     void Verify(const Request& request, std::string& out);
     void Moments(const Request& request, std::string& out);

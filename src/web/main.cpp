@@ -6,7 +6,7 @@
 
 extern "C" {
 
-// The answer to a request; it stays until the next.
+// The answer to a request, a text in memory of malloc's; it stays until the next.
 EMSCRIPTEN_KEEPALIVE const char* korvane_answer(const char* request) {
     static korvane::web::Desk desk("/rules");
     static std::string answer;

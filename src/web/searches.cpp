@@ -33,6 +33,8 @@ play::LifePlan PlanIn(const nlohmann::ordered_json& request) {
     plan.assignment = request.value("assignment", std::string());
     plan.player = PlayerIn(request);
     plan.terms = request.value("terms", 4);
+    plan.method = MethodOfCaption(request.value("method", std::string())).value_or(RollingMethod::True2D);
+    plan.options = OptionsIn(request.value("options", nlohmann::ordered_json::array()));
     plan.seed.emplace(request.at("seed").get<std::string>());
     return plan;
 }

@@ -1,10 +1,12 @@
 #include "web/told.h"
 
+#include <algorithm>
 #include <array>
 #include <span>
 #include <string_view>
 
 #include "base/text.h"
+#include "data/known_names.h"
 #include "output/life_strip.h"
 #include "output/luck_line.h"
 #include "output/page_export.h"
@@ -53,6 +55,7 @@ void WriteCareersOf(JsonWriter& json, Session& session, const std::string& race)
     for (const auto& career : *session.data.CareerNames(race)) {
         json.BeginObject();
         json.Key("name").Text(career);
+        json.Key("chosen").Truth(career != kPrisoner);  // nobody chooses prison
         json.Key("description").Text(session.data.Career(race, career).record.description);
         json.Key("assignments").BeginArray();
         for (const auto& assignment : *session.data.AssignmentNames(race, career)) {
@@ -111,6 +114,11 @@ void WriteRules(JsonWriter& json, Session& session) {
         json.EndObject();
     }
     json.EndArray();
+    // What is offered first.
+    const auto races = session.data.RaceNames();
+    const auto first = std::ranges::find(*races, kImperialHuman);
+    json.Key("race").Text(first != races->end() ? *first : races->empty() ? std::string() : races->front());
+    json.Key("method").Text(CaptionOf(RollingMethod::True2D));
     json.Key("methods").TextArray(kMethodCaptions);
     json.Key("options").BeginArray();
     for (std::size_t i = 0; i < kOptionCaptions.size(); ++i) {

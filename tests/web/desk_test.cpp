@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include "cli/run_cli.h"
 #include "support/temp_folder.h"
 
 namespace korvane::web {
@@ -26,7 +27,7 @@ class DeskTest : public ::testing::Test {
                     {"number", number}});
     }
     Json Answer(const Json& state, const Json& answer) {
-        return Ask({{"do", "step"}, {"journal", state["journal"]}, {"answer", answer}});
+        return Ask({{"do", "step"}, {"journal", state["journal"]}, {"answer", answer}, {"backs", state["backs"]}});
     }
     // The first answer that there is, three terms, then out.
     static Json FirstAnswer(const Json& question) {
@@ -85,11 +86,17 @@ TEST_F(DeskTest, BackGivesWhatWasCutAndItLeadsForwardAgain) {
     EXPECT_EQ(back["question"], states[2]["question"]);
     EXPECT_EQ(back["history"], states[2]["history"]);
     const auto forward = Ask({{"do", "step"},
-                              {"journal", back["journal"].get<std::string>() + back["cut"].get<std::string>()},
+                              {"journal", back["journal"].get<std::string>() + back["cut"][0].get<std::string>() +
+                                              back["cut"][1].get<std::string>()},
                               {"backs", 1}});
     EXPECT_EQ(forward["question"], state["question"]);
     const auto end = LiveToTheEnd(forward);
     EXPECT_EQ(end["end"], "mustered out");
+    EXPECT_EQ(back["cut"].size(), 2U) << "a text for each question";
+    EXPECT_EQ(Ask({{"do", "step"}, {"journal", end["journal"]}})["backs"], 1) << "opening changes nothing";
+    const auto scrapped = Answer(state, "scrap");
+    EXPECT_EQ(Ask({{"do", "step"}, {"journal", scrapped["journal"]}, {"back", scrapped["answered"]}})["question"],
+              state["question"]);
     const auto moments = Ask({{"do", "moments"}, {"journal", state["journal"]}})["moments"];
     EXPECT_EQ(moments.size(), 4U);
     EXPECT_TRUE(std::is_sorted(moments.begin(), moments.end()));
@@ -109,18 +116,35 @@ TEST_F(DeskTest, AnswersThatCannotBeAreRefusedAndCostNothing) {
     EXPECT_TRUE(Ask({{"do", "step"}, {"race", "Nobody"}, {"seed", "1"}}).contains("error"));
     auto broken = state["journal"].get<std::string>();
     broken.replace(broken.find("\"sha256\":\"") + 10, 4, "0000");
-    EXPECT_TRUE(Ask({{"do", "step"}, {"journal", broken}}).contains("question")) << "other rules that ask the same";
+    const auto other = Ask({{"do", "step"}, {"journal", broken}});
+    EXPECT_TRUE(other.contains("question")) << "other rules that ask the same";
+    EXPECT_EQ(other["changed"].size(), 1U);
+    auto diverging = Answer(state, Json::array({1, 2, 3, 4}))["journal"].get<std::string>();
+    diverging.replace(diverging.find("background skills"), 10, "unheard-of");
+    EXPECT_TRUE(Ask({{"do", "step"}, {"journal", diverging}}).contains("diverges"));
+    EXPECT_EQ(Ask({{"do", "step"}, {"journal", diverging}, {"goOn", true}})["question"], state["question"]);
 }
 
 TEST_F(DeskTest, AFinishedLifeIsExportedInEachWay) {
     const auto end = LiveToTheEnd(Begin());
     const auto name = Ask({{"do", "name"}, {"journal", end["journal"]}})["name"].get<std::string>();
     EXPECT_FALSE(name.empty());
-    for (const auto* const format :
-         {"json", "md", "csv", "foundry-journal", "foundry-actor", "template.htm", "template-plain.htm"}) {
-        const auto made = Ask({{"do", "export"}, {"journal", end["journal"]}, {"format", format}, {"name", name}});
-        EXPECT_NE(made.value("text", "").find(name), std::string::npos) << format << made.value("error", "");
-    }
+    test::TempFolder folder;
+    const auto journal = folder.Write("life.jsonl", end["journal"].get<std::string>()).string();
+    const auto replayed = [&](const std::string& format) {
+        return cli::RunCli({"replay", "--data", KORVANE_SHIPPED_RULES, "--format", format, "--name", name, journal})
+            .out;
+    };
+    const auto exported = [&](const std::string& format) {
+        return Ask({{"do", "export"}, {"journal", end["journal"]}, {"format", format}, {"name", name}});
+    };
+    for (const auto* const format : {"json", "md", "csv", "foundry-journal", "foundry-actor"})
+        EXPECT_EQ(exported(format)["text"], replayed(format));
+    cli::RunCli({"replay", "--data", KORVANE_SHIPPED_RULES, "--format", "html", "--name", "Jo", "--out",
+                 folder.path().string(), journal});
+    const auto page = Ask({{"do", "export"}, {"journal", end["journal"]}, {"format", "template.htm"}, {"name", "Jo"}});
+    EXPECT_EQ(page["bytes"], folder.Read("Jo.htm"));
+    EXPECT_TRUE(exported("../rules/Names.dat").contains("error"));
     EXPECT_TRUE(
         Ask({{"do", "export"}, {"journal", end["journal"]}, {"format", "no.htm"}, {"name", ""}}).contains("error"));
     EXPECT_TRUE(

@@ -50,9 +50,9 @@ export function picture(svg, sentence) {
   return drawn;
 }
 
-// Hands a text to the user as a file.
-export function download(name, text, type = "text/plain") {
-  const address = URL.createObjectURL(new Blob([text], { type: `${type};charset=utf-8` }));
+// Hands a text, or bytes, to the user as a file.
+export function download(name, content, type = "text/plain") {
+  const address = URL.createObjectURL(new Blob([content], { type }));
   el("a", { href: address, download: name }).click();
   setTimeout(() => URL.revokeObjectURL(address), 60000);
 }

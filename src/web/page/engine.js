@@ -22,7 +22,6 @@ export class Engine {
   #worker = null;
   #waiting = [];
   #ready;
-  #files = null;  // of the user's own rules
 
   constructor() {
     this.#ready = this.#start();
@@ -34,7 +33,6 @@ export class Engine {
     this.#worker.onmessage = ({ data }) => this.#waiting.shift()?.resolve(data);
     this.#worker.onerror = (event) => this.#fail(event.message ?? "the engine can't be started");
     await this.#send({ wasm, rules });
-    if (this.#files !== null) await this.#send({ own: this.#files });
   }
 
   #fail(message) {
@@ -51,23 +49,18 @@ export class Engine {
   // The answer to a request; an error is thrown.
   async call(request) {
     await this.#ready;
-    const answer = JSON.parse(await this.#send({ request: JSON.stringify(request) }));
+    return Engine.#checked(await this.#send({ request: JSON.stringify(request) }));
+  }
+
+  // Makes a folder of these files, by name, in place of what was in it.
+  async put(folder, files) {
+    await this.#ready;
+    Engine.#checked(await this.#send({ folder, files }));
+  }
+
+  static #checked(text) {
+    const answer = text === "" ? {} : JSON.parse(text);
     if ("error" in answer) throw new Error(answer.error);
     return answer;
-  }
-
-  // Puts files of rule data where "/own" is. `files`: names and bytes.
-  async put(files) {
-    await this.#ready;
-    this.#files = files;
-    await this.#send({ own: files });
-  }
-
-  // Stops what it does at once, and begins anew.
-  async restart() {
-    this.#worker?.terminate();
-    this.#fail("stopped");
-    this.#ready = this.#start();
-    await this.#ready;
   }
 }

@@ -20,7 +20,7 @@ function character(state) {
 function history(state, tools) {
   const items = state.history.map((line, i) => line.kind === "term"
     ? el("li", { class: "term" }, el("h3", {}, line.text),
-        "question" in state ? button("Back to here", () => tools.backTo(i), { "aria-label": `Back to here: ${line.text}` }) : null)
+        button("Back to here", () => tools.backTo(i), { "aria-label": `Back to here: ${line.text}` }))
     : el("li", { class: line.kind }, line.text));
   return el("section", { class: "card", "aria-labelledby": "history" }, el("h2", { id: "history" }, "History"),
       state.strip ? el("div", { class: "wide", tabindex: "0", role: "region", "aria-label": "The life in one picture" },
@@ -28,10 +28,15 @@ function history(state, tools) {
       el("ol", { class: "story" }, items));
 }
 
+// Heard with the question, as they describe it.
+function notices(state) {
+  return el("div", { id: "notices" }, state.notices.map((text) => el("p", { class: "notice" }, text)));
+}
+
 function asked(state, tools) {
-  const title = el("h2", { id: "question", tabindex: "-1", "data-focus": "" }, titleOf(state.question));
+  const title = el("h2", { id: "question", tabindex: "-1", "data-focus": "", "aria-describedby": "notices" }, titleOf(state.question));
   return el("section", { class: "card question", "aria-labelledby": "question" },
-      state.notices.map((text) => el("p", { class: "notice" }, text)),
+      notices(state),
       state.history.length > 0 ? el("p", { class: "fine recent" }, state.history.slice(-3).map((line) => line.text).join(" · ")) : null,
       title, answersTo(state.question, tools.answer, tools),
       oddsPanel(tools.searcher, state.journal, () => tools.isCurrent(state)));
@@ -45,7 +50,13 @@ function exported(state, tools) {
   const formats = [...tools.rules.templates.map((file) => [file, file, "htm"]), ...kFormats];
   let chosen = formats.find(([id]) => id === "template.htm") ?? formats[0];
   const file = () => `${name.value.replace(/[^A-Za-z]/g, "") || "Character"}.${chosen[2]}`;
-  const text = async () => (await tools.engine.call({ do: "export", journal: state.journal, format: chosen[0], name: name.value })).text;
+  const made = () => tools.engine.call({ do: "export", journal: state.journal, format: chosen[0], name: name.value });
+  const bytesOf = (page) => Uint8Array.from(page.bytes, (letter) => letter.charCodeAt(0));
+  const save = async () => {
+    const answer = await made();
+    if ("bytes" in answer) download(file(), bytesOf(answer), "text/html");
+    else download(file(), answer.text);
+  };
   const guarded = (action) => () => action().catch((error) => tools.tell(error.message));
   const roll = async (again) => { name.value = (await tools.engine.call({ do: "name", journal: state.journal, roll: again ? 1 : 0 })).name; };
   roll(false).catch((error) => tools.tell(error.message));
@@ -54,7 +65,8 @@ function exported(state, tools) {
   const show = async (print) => {
     if (chosen[2] !== "htm") return;
     // A portrait is the player's to supply, where the page goes.
-    const html = (await text()).replace(/<img src=[^ >]*\.jpg>/, "");
+    const answer = await made();
+    const html = new TextDecoder(answer.encoding).decode(bytesOf(answer)).replace(/<img src=[^ >]*\.jpg>/, "");
     frame.hidden = false;
     await new Promise((resolve) => { frame.onload = resolve; frame.srcdoc = html; });
     if (print) frame.contentWindow.print();
@@ -66,7 +78,7 @@ function exported(state, tools) {
         frame.hidden = true;
       })),
       el("div", { class: "answers" },
-          button("Download", guarded(async () => download(file(), await text())), { class: "first" }),
+          button("Download", guarded(save), { class: "first" }),
           button("Show the page", guarded(() => show(false))), button("Print", guarded(() => show(true)))),
       frame);
 }
@@ -91,8 +103,8 @@ function ended(state, tools) {
   const title = finished ? "The life is lived" : state.end === "scrapped" ? "The character was scrapped" : "An error ended the life";
   return [
     el("section", { class: "card question", "aria-labelledby": "question" },
-        state.notices.map((text) => el("p", { class: "notice" }, text)),
-        el("h2", { id: "question", tabindex: "-1", "data-focus": "" }, title),
+        notices(state),
+        el("h2", { id: "question", tabindex: "-1", "data-focus": "", "aria-describedby": "notices" }, title),
         state.message ? el("p", { class: "fault" }, state.message) : null,
         state.open.length > 0 ? el("p", {}, `Still to decide: ${state.open.join(", ")}`) : null,
         finished ? el("p", {}, state.luck) : null,

@@ -50,32 +50,38 @@ export async function compareCareers(engine, character, chosen) {
   const note = el("p", { class: "fine", role: "status" }, "Living ...");
   const box = dialog("Compare careers", note, content);
   const opened = new Set();
-  let sorted = null;
+  let sorted = null;   // by which column
+  let upwards = false;
   let last = null;
   function show(odds) {
     last = odds;
     const careers = odds.places.filter((place) => place.assignment === "");
-    if (sorted !== null) careers.sort((a, b) => (b.means[sorted] ?? -1) - (a.means[sorted] ?? -1));
+    if (sorted !== null) careers.sort((a, b) => ((b.means[sorted] ?? -1) - (a.means[sorted] ?? -1)) * (upwards ? -1 : 1));
     const row = (place) => el("tr", { class: place.assignment ? "inner" : "" },
         el("th", { scope: "row" }, place.assignment
-            ? button(place.assignment, () => { box.close(); chosen(place.career, place.assignment); }, { title: "Choose" })
+            ? button(place.assignment, () => { box.close(); chosen(place.career, place.assignment); },
+                { title: "Choose", "data-place": `${place.career}-${place.assignment}` })
             : button(`${opened.has(place.career) ? "▾" : "▸"} ${place.career}`, () => {
               if (!opened.delete(place.career)) opened.add(place.career);
               show(last);
-            }, { "aria-expanded": String(opened.has(place.career)) })),
+            }, { "aria-expanded": String(opened.has(place.career)), "data-place": place.career })),
         place.cells.map((cell) => el("td", {}, cell)));
-    const active = document.activeElement?.textContent;
+    const active = document.activeElement?.dataset.place;
     replace(content, el("table", {},
         el("thead", {}, el("tr", {}, el("th", { scope: "col" }, "Career"), odds.columns.map(([caption, meaning], i) =>
-          el("th", { scope: "col", "aria-sort": sorted === i ? "descending" : null },
-              button(caption, () => { sorted = sorted === i ? null : i; show(last); }, { title: meaning }))))),
+          el("th", { scope: "col", "aria-sort": sorted !== i ? null : upwards ? "ascending" : "descending" },
+              button(caption, () => {
+                upwards = sorted === i && !upwards;
+                sorted = i;
+                show(last);
+              }, { title: meaning, "data-place": `column ${i}` }))))),
         el("tbody", {}, careers.flatMap((career) => [row(career), ...(opened.has(career.career)
           ? odds.places.filter((place) => place.career === career.career && place.assignment !== "").map(row) : [])]))));
-    for (const each of content.querySelectorAll("button")) if (each.textContent === active) each.focus();
+    for (const each of content.querySelectorAll("button")) if (active !== undefined && each.dataset.place === active) each.focus();
     note.textContent = `${odds.lives} lives in each assignment, ${odds.terms} terms of service. Open a career and choose an assignment.`;
   }
   try {
-    for (const [i, lives] of [20, 100, 300, 1000].entries()) {
+    for (const [i, lives] of [20, 50, 100, 200, 300, 400, 600, 800, 1000].entries()) {
       if (!box.open) return;
       show(await engine.call({ do: "careers", lives, ...(i === 0 ? character : {}) }));
     }

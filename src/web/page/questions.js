@@ -4,7 +4,8 @@ import { button, choices, el, field, numbered } from "./dom.js";
 
 function choose(question, answer) {
   return [el("div", { class: "answers" }, question.options.map(
-      (text, i) => numbered(i + 1, text, () => answer(i + 1), { value: String(i + 1) })))];
+      (text, i) => numbered(i + 1, text.trim() || "(nothing)", () => answer(i + 1),
+          { value: String(i + 1), class: question.focus === i && question.focus > 0 ? "first" : null })))];
 }
 
 function select(question, answer) {
@@ -30,7 +31,9 @@ function select(question, answer) {
 }
 
 function ask(question, answer) {
-  return [el("div", { class: "answers" }, numbered(1, "Yes", () => answer(true)), numbered(2, "No", () => answer(false)))];
+  return [el("div", { class: "answers" }, 
+      numbered(1, "Yes", () => answer(true), { class: question.yes ? "first" : null }),
+      numbered(2, "No", () => answer(false), { class: question.yes ? null : "first" }))];
 }
 
 function table(question, answer) {
@@ -84,9 +87,9 @@ function muster(question, answer) {
     el("div", { class: "answers" }, press(0, "Cash"), press(1, "Material"), press(2, "3 Cash, rest Material"), press(3, "Done")),
     el("label", { class: "one" }, gambler, "Use Gambler"),
     el("p", {}, question.modifiers, " ", question.forfeit),
-    el("table", {}, el("thead", {}, el("tr", {}, ["1D", "Cash", "Benefit"].map((text) => el("th", { scope: "col" }, text)))),
+    el("div", { class: "wide", tabindex: "0", role: "region", "aria-label": "The career's table" }, el("table", {}, el("thead", {}, el("tr", {}, ["1D", "Cash", "Benefit"].map((text) => el("th", { scope: "col" }, text)))),
         el("tbody", {}, question.table.map(([cash, benefit], i) => el("tr", {},
-            el("th", { scope: "row" }, String(i + 1)), el("td", {}, cash), el("td", {}, benefit))))),
+            el("th", { scope: "row" }, String(i + 1)), el("td", {}, cash), el("td", {}, benefit)))))),
     el("p", {}, question.cash.length + question.benefits.length > 0
         ? `So far: ${[...question.cash, ...question.benefits].join(", ")}` : ""),
   ];

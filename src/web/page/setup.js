@@ -3,20 +3,33 @@
 import { button, choices, dialog, el, field, replace } from "./dom.js";
 import { compareCareers } from "./odds.js";
 
-// What was chosen last, and what the address asks for: "#seed=friday&race=Aslan".
+let setting = null;  // what was chosen last
+let begun = false;   // whether its character has been lived
+
+// What the address asks for: "#seed=friday&race=Aslan".
 function beginning(rules) {
   const asked = new URLSearchParams(location.hash.slice(1));
+  const method = (asked.get("method") ?? "").trim();
   return {
-    race: rules.races.some((race) => race.name === asked.get("race")) ? asked.get("race")
-        : (rules.races.find((race) => race.name === "Imperial Human") ?? rules.races[0]).name,
+    race: rules.races.some((race) => race.name === asked.get("race")) ? asked.get("race") : rules.race,
     seed: asked.get("seed") || String(Math.floor(Math.random() * 1e9)),
-    number: Math.max(1, Number(asked.get("number")) || 1),
-    method: rules.methods.find((method) => method.startsWith("True")) ?? rules.methods[0],
-    options: [], career: null, assignment: null,
+    number: Math.max(1, Math.floor(Number(asked.get("number"))) || 1),
+    method: rules.methods.find((each) => each.trim() === method) ?? rules.method,
+    options: asked.getAll("option").filter((option) => rules.options.some(([caption]) => caption === option)),
+    career: asked.get("career"), assignment: asked.get("assignment"),
   };
 }
 
-let setting = null;
+// As the address has it, the next time.
+export function forgetSetting() {
+  setting = null;
+}
+
+// One that was lived isn't offered again.
+export function nextCharacter() {
+  if (setting !== null && begun) ++setting.number;
+  begun = false;
+}
 
 // `tools`: the rules, the engines, and what opens a life. Gives the elements.
 export function setupScreen(tools) {
@@ -28,7 +41,10 @@ export function setupScreen(tools) {
   const rolled = el("ul", { class: "figures", "aria-label": "Characteristics" });
   const home = el("p", { class: "fine" });
   const careerPlace = el("div", {});
-  const start = button("Start the life", () => tools.start({ ...setting }), { class: "first" });
+  const start = button("Start the life", () => {
+    begun = true;
+    tools.start({ ...setting });
+  }, { class: "first" });
   const seed = el("input", { value: setting.seed, size: "14", maxlength: "80", spellcheck: "false", onchange: () => {
     setting.seed = seed.value.trim() || "1";
     setting.number = 1;
@@ -46,11 +62,10 @@ export function setupScreen(tools) {
     showCareer();
   }
   function showCareer() {
-    const offered = race().careers.filter((each) => each.name !== "Prisoner");
-    if (!career()) {
-      setting.career = offered[0]?.name ?? null;
+    const offered = race().careers.filter((each) => each.chosen);
+    if (!offered.some((each) => each.name === setting.career)) setting.career = offered[0]?.name ?? null;
+    if (!career()?.assignments.some((each) => each.name === setting.assignment))
       setting.assignment = career()?.assignments[0]?.name ?? null;
-    }
     const assignment = career()?.assignments.find((each) => each.name === setting.assignment);
     start.disabled = !assignment;
     replace(careerPlace,
@@ -104,14 +119,19 @@ export function setupScreen(tools) {
         el("h2", { id: "else" }, "Or"),
         el("div", { class: "answers" },
             button("Find me one ...", () => findOne(tools, race().name)),
-            filePick("Open a journal ...", ".jsonl,.json,.txt", false, (files) => tools.openJournal(files[0])),
-            filePick("Use own rules ...", "", true, (files) => tools.useRules(files)))),
+            filePick("Open a journal ...", ".jsonl,.json,.txt", {}, (files) => tools.openJournal(files[0])),
+            filePick("Use own rules ...", "", { multiple: true }, tools.useFiles),
+            filePick("Use a folder of rules ...", "", { webkitdirectory: true },
+                // The files right in it.
+                (files) => tools.useFiles(files.filter((file) => file.webkitRelativePath.split("/").length === 2))))),
   ];
 }
 
 // Everyone who opens it begins the same.
 async function copyLink(tools) {
-  const link = `${location.href.split("#")[0]}#${new URLSearchParams({ seed: setting.seed, number: setting.number, race: setting.race })}`;
+  const link = `${location.href.split("#")[0]}#${new URLSearchParams([
+    ...["seed", "number", "race", "career", "assignment"].map((key) => [key, setting[key]]),
+    ["method", setting.method.trim()], ...setting.options.map((option) => ["option", option])])}`;
   try {
     await navigator.clipboard.writeText(link);
     tools.tell("The link was copied.");
@@ -120,8 +140,8 @@ async function copyLink(tools) {
   }
 }
 
-function filePick(text, accept, several, picked) {
-  const input = el("input", { type: "file", accept, multiple: several, hidden: true, onchange: () => {
+function filePick(text, accept, more, picked) {
+  const input = el("input", { type: "file", accept, ...more, hidden: true, onchange: () => {
     if (input.files.length > 0) picked([...input.files]);
     input.value = "";
   } });
@@ -133,19 +153,22 @@ function findOne(tools, race) {
   const want = el("input", { size: "40", spellcheck: "false", value: "Pilot >= 2 and age < 40" });
   const everybody = el("input", { type: "checkbox" });
   const told = el("p", { role: "status" }, "Numbers, skills, characteristics and texts, as: was = Navy, cash >= 50000, not enemies > 0");
-  let searching = false;
+  let searching = null;  // the search that goes on
   const find = button("Find", search, { class: "first" });
-  const stop = button("Cancel", () => { searching = false; }, { disabled: true });
+  const stop = button("Cancel", () => { searching = null; }, { disabled: true });
   async function search() {
-    searching = true;
+    if (searching !== null) return;
+    const mine = searching = {};
     find.disabled = true;
     stop.disabled = false;
+    told.className = "";
     const seed = String(Math.floor(Math.random() * 1e9));
     try {
-      for (let first = 1; searching && box.open;) {
+      for (let first = 1; searching === mine && box.open;) {
         const answer = await tools.searcher.call({ do: "find", want: want.value, seed, first, lives: 250,
-          terms: 4, ...(everybody.checked ? {} : { race }) });
+          terms: 4, method: setting.method, options: setting.options, ...(everybody.checked ? {} : { race }) });
         first = answer.next;
+        if (searching !== mine || !box.open) break;
         if ("journal" in answer) {
           box.close();
           tools.openText(answer.journal, `found in ${first - 1} lives`);
@@ -157,13 +180,13 @@ function findOne(tools, race) {
       told.textContent = error.message;
       told.className = "fault";
     }
-    searching = false;
+    searching = null;
     find.disabled = false;
     stop.disabled = true;
   }
   const box = dialog("Find me one", field("Who fits", want), el("label", { class: "one" }, everybody, "Of any race"),
       el("div", { class: "answers" }, find, stop), told);
-  box.addEventListener("close", () => { searching = false; });
+  box.addEventListener("close", () => { searching = null; });
   want.addEventListener("keydown", (event) => { if (event.key === "Enter") search(); });
   want.focus();
 }

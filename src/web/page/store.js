@@ -1,40 +1,52 @@
-// The lives that the browser keeps: their journals, and what goes with them. Where it keeps nothing, they last as long
-// as the page.
+// The lives that the browser keeps: their journals, and what goes with them; an entry each, so that pages beside each
+// other don't take theirs from each other. Where it keeps nothing, they last as long as the page.
 
-const kKey = "korvane.lives";
-let lives = read();
+const kPrefix = "korvane.life.";
+const unkept = new Map();  // by their ids
 
-function read() {
+function entries() {
   try {
-    return JSON.parse(localStorage.getItem(kKey) ?? "[]");
+    return Object.keys(localStorage).filter((key) => key.startsWith(kPrefix)).map((key) => localStorage.getItem(key));
   } catch {
     return [];
   }
 }
 
-// Whether the browser took it.
-function write() {
+function parsed(text) {
   try {
-    localStorage.setItem(kKey, JSON.stringify(lives));
-    return true;
+    const life = JSON.parse(text);
+    return typeof life.journal === "string" && typeof life.id === "string" ? [life] : [];
   } catch {
-    return false;
+    return [];
   }
 }
 
 // The newest first.
 export function all() {
-  return lives;
+  const lives = new Map([...entries().flatMap(parsed), ...unkept.values()].map((life) => [life.id, life]));
+  return [...lives.values()].sort((a, b) => b.kept - a.kept);
 }
 
+// Whether the browser took it.
 export function keep(life) {
-  lives = [life, ...lives.filter((each) => each.id !== life.id)];
-  return write();
+  const entry = { ...life, kept: Date.now() };
+  try {
+    localStorage.setItem(kPrefix + life.id, JSON.stringify(entry));
+    unkept.delete(life.id);
+    return true;
+  } catch {
+    unkept.set(life.id, entry);
+    return false;
+  }
 }
 
 export function drop(id) {
-  lives = lives.filter((each) => each.id !== id);
-  write();
+  unkept.delete(id);
+  try {
+    localStorage.removeItem(kPrefix + id);
+  } catch {
+    // it kept nothing
+  }
 }
 
 export function newId() {
