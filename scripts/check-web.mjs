@@ -26,6 +26,17 @@ async function watched(browser, { width = 1440, touch = false, hash = "" } = {})
   page.on("request", (request) => {
     if (!/^(blob:|data:)/.test(request.url()) && !request.url().startsWith(`file://${file}`)) faults.push(`fetches ${request.url()}`);
   });
+  // How long it takes from a press to the next question.
+  if (browser.kind !== "firefox") await page.evaluateOnNewDocument(() => {
+    window.stepTimes = [];
+    let pressed = null;
+    document.addEventListener("click", () => { pressed = performance.now(); }, true);
+    new MutationObserver(() => {
+      if (pressed === null || document.querySelector("[data-focus]:not([data-old])") === null) return;
+      window.stepTimes.push(performance.now() - pressed);
+      pressed = null;
+    }).observe(document, { childList: true, subtree: true });
+  });
   if (browser.kind !== "firefox") await page.setViewport({ width, height: 900, hasTouch: touch, isMobile: touch });
   await page.goto(`file://${file}${hash}`);
   await page.waitForSelector("[data-focus]", { timeout: 20000 });
@@ -78,20 +89,20 @@ const changed = (page) => page.waitForSelector("[data-focus]:not([data-old])", {
 const told = (page) => page.evaluate(() => document.getElementById("page").textContent);
 
 // The elements that answer, as a player of few words would: the first there is, four terms, then out.
-async function answersIn(page, screen, terms) {
+async function answersIn(page, screen, terms, most = 3) {
   if (screen === "list") {
     const [, most] = /(\d+) wanted/.exec(await page.$eval("output", (output) => output.textContent));
     const boxes = await page.$$(".question .boxes input");
     return [...boxes.slice(0, Number(most)), (await page.$$(".question .answers button"))[0]];
   }
-  if (screen === "end of term") return [await page.$(`.question [data-key="${terms > 3 ? 3 : 1}"]`)];
+  if (screen === "end of term") return [await page.$(`.question [data-key="${terms > most ? 3 : 1}"]`)];
   if (screen === "transfer") return (await page.$$(".question .answers button")).slice(-1);
   if (screen === "tables") return [await page.$(".tables button:not(:disabled)")];
   return [await page.$(".question .answers button:not(:disabled)")];
 }
 
-// `act`: how an element is pressed. Lives to the end.
-async function live(page, act, reading = true) {
+// `act`: how an element is pressed. Lives to the end, after so many terms of service at most.
+async function live(page, act, reading = true, most = 3) {
   let terms = 0;
   let steps = 0;
   for (let screen = await screenOf(page); screen !== "end"; screen = await screenOf(page)) {
@@ -100,13 +111,16 @@ async function live(page, act, reading = true) {
     check(await page.evaluate(() => document.activeElement?.id === "question" || document.activeElement?.closest(".question") !== null),
         `the focus isn't at the question (${screen})`);
     await mark(page);
-    for (const element of await answersIn(page, screen, terms)) await act(page, element);
+    for (const element of await answersIn(page, screen, terms, most)) await act(page, element);
     await changed(page);
     if (++steps > 400) throw new Error("the life doesn't end");
   }
+  times.push(...await page.evaluate(() => window.stepTimes ?? []));
   if (reading) await read(page, "end");
   return steps;
 }
+
+const times = [];
 
 const press = (page, text) => page.evaluate((wanted) => {
   const found = [...document.querySelectorAll("button")].find((each) => each.textContent.includes(wanted) && !each.disabled);
@@ -123,8 +137,9 @@ async function begin(page, act) {
 const click = (_, element) => element.click();
 // Two quick ones in one place are a double click, which answers once.
 const tap = async (_, element) => {
+  const isButton = await element.evaluate((each) => each.tagName === "BUTTON");
   await element.tap();
-  await new Promise((done) => setTimeout(done, 600));
+  if (isButton) await new Promise((done) => setTimeout(done, 550));
 };
 // Tab to it, and the key that presses it.
 async function byKeys(page, element) {
@@ -297,6 +312,11 @@ await run("a life by keyboard", async () => {
   await begin(page, byKeys);
   return live(page, byKeys);
 });
+await run("a life of ten terms", async () => {
+  const page = await watched(chromium, { hash: `#seed=long&option=${encodeURIComponent("Force no Ejection on Mishap")}` });
+  await begin(page, click);
+  return live(page, click, false, 9);
+});
 await run("a life by touch at 390 px", async () => {
   const page = await watched(chromium, { width: 390, touch: true, hash: "#seed=touch&race=Hirrask" });
   await read(page, "set-up");
@@ -322,5 +342,7 @@ if (process.env.KORVANE_NO_FIREFOX === undefined)
   });
 
 for (const fault of new Set(faults)) console.error(fault);
+times.sort((a, b) => a - b);
+console.log(`${times.length} presses: ${times[times.length >> 1].toFixed(0)} ms in the middle to the next question, ${times.at(-1).toFixed(0)} ms at most`);
 console.log(`${steps.length} lives by hand, ${seen.size} screens read by axe: ${faults.length} faults (pictures: ${basename(pictures)})`);
 process.exit(faults.length > 0 ? 1 : 0);

@@ -44,6 +44,13 @@ export function oddsPanel(engine, journal, mayGoOn) {
   return panel;
 }
 
+// A cell with a bar of this share of its width.
+function barred(text, share) {
+  const cell = el("td", {}, text);
+  cell.style.background = `linear-gradient(var(--accent), var(--accent)) left bottom / ${Math.round(100 * share)}% 3px no-repeat`;
+  return cell;
+}
+
 // Lists careers for the character that waits; `chosen` gets a career and an assignment.
 export async function compareCareers(engine, character, chosen) {
   const content = el("div", { class: "wide", tabindex: "0", role: "region", "aria-label": "Careers" });
@@ -57,6 +64,7 @@ export async function compareCareers(engine, character, chosen) {
     last = odds;
     const careers = odds.places.filter((place) => place.assignment === "");
     if (sorted !== null) careers.sort((a, b) => ((b.means[sorted] ?? -1) - (a.means[sorted] ?? -1)) * (upwards ? -1 : 1));
+    const most = odds.columns.map((_, i) => Math.max(...odds.places.map((place) => place.means[i] ?? 0), 1e-9));
     const row = (place) => el("tr", { class: place.assignment ? "inner" : "" },
         el("th", { scope: "row" }, place.assignment
             ? button(place.assignment, () => { box.close(); chosen(place.career, place.assignment); },
@@ -65,7 +73,7 @@ export async function compareCareers(engine, character, chosen) {
               if (!opened.delete(place.career)) opened.add(place.career);
               show(last);
             }, { "aria-expanded": String(opened.has(place.career)), "data-place": place.career })),
-        place.cells.map((cell) => el("td", {}, cell)));
+        place.cells.map((cell, i) => barred(cell, (place.means[i] ?? 0) / most[i])));
     const active = document.activeElement?.dataset.place;
     replace(content, el("table", {},
         el("thead", {}, el("tr", {}, el("th", { scope: "col" }, "Career"), odds.columns.map(([caption, meaning], i) =>

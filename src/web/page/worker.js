@@ -2,6 +2,7 @@
 /* global KorvaneEngine */
 let engine = null;
 const folders = {};  // what the engine's files are made of, should it have to begin anew
+let used = null;  // the request that took other rules
 let wasm = null;
 
 function write(folder, files) {
@@ -17,6 +18,7 @@ function write(folder, files) {
 async function begin() {
   engine = await KorvaneEngine({ wasmBinary: wasm.slice(0) });
   for (const [folder, files] of Object.entries(folders)) write(folder, files);
+  if (used !== null) answer(used);
 }
 
 function answer(request) {
@@ -36,7 +38,9 @@ async function carryOut(data) {
     return begin();
   }
   if ("folder" in data) return write(data.folder, data.files);
-  return answer(data.request);
+  const told = answer(data.request);
+  if (data.request.startsWith('{"do":"use"') && !told.startsWith('{"error"')) used = data.request;
+  return told;
 }
 
 self.onmessage = async ({ data }) => {
