@@ -77,9 +77,9 @@ function screenOf(page) {
     if (card.querySelector("input[type=checkbox][value='1']")) return "list";
     const text = card.querySelector("h2").textContent;
     if (/^(The life is|The character was|An error)/.test(text)) return "end";
-    if (text.startsWith("Mustering out")) return "mustering out";
-    if (text === "Into which career?") return "transfer";
-    return /What now\?$/.test(text) ? "end of term" : "choice";
+    if (text.startsWith("Muster Out for ")) return "mustering out";
+    if (text === "Select Transfer Career and Assignment") return "transfer";
+    return text === "End of Term Options" ? "end of term" : "choice";
   });
 }
 
@@ -198,9 +198,8 @@ async function byMouse(browser) {
   const steps = await live(page, click);
   await press(page, "Show the page");
   await page.waitForSelector("iframe:not([hidden])");
-  await new Promise((done) => setTimeout(done, 500));
-  const sheet = await page.$eval("iframe", (frame) => frame.contentDocument.querySelectorAll(".life tr").length);
-  check(sheet > 1, "the sheet's own script doesn't run in the frame");
+  // Its own script makes a row of each term.
+  await page.waitForFunction(() => document.querySelector("iframe").contentDocument?.querySelectorAll(".life tr").length > 1, { timeout: 10000 });
   await read(page, "sheet");
   await page.close();
   return steps;
@@ -282,7 +281,6 @@ async function findOne(browser) {
   await page.waitForSelector("dialog input");
   await read(page, "wish");
   await page.evaluate(() => { document.querySelector("dialog input").value = "Pilto >= 2"; });
-  await press(page, "Find");
   await page.evaluate(() => [...document.querySelectorAll("dialog button")].find((each) => each.textContent === "Find").click());
   await page.waitForSelector("dialog .fault", { timeout: 20000 });
   check((await page.$eval("dialog .fault", (text) => text.textContent)).includes("Pilot"), "the nearest name isn't told");

@@ -8,6 +8,7 @@
 #include "base/text.h"
 #include "character/player_texts.h"
 #include "output/character_text.h"
+#include "output/question_texts.h"
 #include "output/summary_texts.h"
 
 namespace korvane::cli {
@@ -335,8 +336,8 @@ std::optional<TransferAnswer> TerminalPlayer::Transfer(const TransferQuestion& q
 }
 
 MusterPress TerminalPlayer::Muster(const MusterQuestion& question) {
-    out_.Write(Concat("\nMuster Out for ", question.career, " ", question.rolls, " rolls remaining; ", question.bonuses,
-                      " times you can add +1\n"));
+    out_.Write(
+        Concat("\n", MusterTitle(question.career, question.rolls), "; ", question.bonuses, " times you can add +1\n"));
     for (const auto results : {question.cash, question.benefits})
         for (const auto& result : results)
             out_.Write(Concat("  ", result, "\n"));

@@ -42,12 +42,16 @@ std::string PathOf(const Session& session, std::string_view before, std::string_
 
 }  // namespace
 
+std::string_view FirstRace(const Names& races) {
+    return Holds(races, kImperialHuman) ? kImperialHuman : std::string_view(races.front());
+}
+
 void ListRaces(Session& session) {
     session.selection.races = session.data.RaceNames();
     const auto& races = *session.selection.races;
     if (races.empty())
         return;
-    LoadRace(session, Holds(races, kImperialHuman) ? kImperialHuman : std::string_view(races.front()));
+    LoadRace(session, FirstRace(races));
 }
 
 void LoadRace(Session& session, std::string_view race) {

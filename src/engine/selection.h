@@ -9,7 +9,10 @@
 
 namespace korvane {
 
-// Lists the races of the data folder and loads "Imperial Human", or the first where there is none.
+// The race that is offered first: "Imperial Human", or the first where there is none. There is a race.
+std::string_view FirstRace(const Names& races);
+
+// Lists the races of the data folder and loads the one that is offered first.
 void ListRaces(Session& session);
 
 // Lists the race's careers, loads the first of them and then the race, and starts a new character. A race without

@@ -7,6 +7,10 @@
 
 namespace korvane {
 
+std::string MusterTitle(std::string_view career, int rolls) {
+    return Concat("Muster Out for ", career, " ", rolls, " rolls remaining");
+}
+
 std::string BenefitModifiersText(const CharacterRecord& character, const MusterQuestion& question) {
     std::string told = "A roll is one die.";
     if (question.bonuses == 1)

@@ -10,6 +10,7 @@
 
 #include "base/text.h"
 #include "character/player_texts.h"
+#include "output/question_texts.h"
 #include "ui/dialog.h"
 #include "ui/looks.h"
 
@@ -105,7 +106,7 @@ void KVNMuster::SetQuestion(const MusterQuestion& question) {
 
 void KVNMuster::ShowState(std::string_view career, int rolls, int bonuses, std::span<const std::string> cash,
                           std::span<const std::string> benefits) {
-    rolls_.setText(ToQt(Concat("Muster Out for ", career, " ", rolls, " rolls remaining")));
+    rolls_.setText(ToQt(MusterTitle(career, rolls)));
     bonuses_.setText(ToQt(Concat(bonuses, " times you can add +1")));
     cash_.SetLines(cash);
     benefits_.SetLines(benefits);

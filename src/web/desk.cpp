@@ -43,16 +43,22 @@ Origin OriginIn(const Json& request) {
     return {seed.empty() ? std::nullopt : std::optional(Seed(seed)), request.value("number", std::uint64_t{1})};
 }
 
-std::unique_ptr<Session> SessionOn(const std::string& location, Display& display) {
-    return std::make_unique<Session>(DataFolder(Held(location), DataFolder::Reading::Once),
-                                     Seams{nullptr, nullptr, &display, nullptr});
-}
-
 }  // namespace
 
-Desk::Desk(const std::string& rules) : location_(rules), session_(SessionOn(rules, display_)) {}
+Desk::Desk(const std::string& rules) : location_(rules), session_(NewSession()) {}
 
 Desk::~Desk() = default;
+
+std::unique_ptr<Session> Desk::NewSession() {
+    return std::make_unique<Session>(DataFolder(Held(location_), DataFolder::Reading::Once),
+                                     Seams{nullptr, nullptr, &display_, nullptr});
+}
+
+void Desk::BeginSearch() {
+    odds_.reset();
+    careers_.reset();
+    searching_ = NewSession();
+}
 
 const std::map<std::string, Desk::Action, std::less<>>& Desk::Actions() {
     static const std::map<std::string, Action, std::less<>> actions = {{"use", &Desk::Use},
@@ -91,13 +97,12 @@ std::string Desk::Answer(const std::string& text) {
 }
 
 void Desk::Use(const Request& request, std::string& out) {
-    auto session = SessionOn(TextIn(request, "folder"), display_);
-    if (session->data.RaceNames()->empty())
+    const auto folder = TextIn(request, "folder");
+    if (DataFolder(Held(folder)).RaceNames()->empty())
         throw UsageError("there are no rule data: no file of a race (*.eri)");
-    odds_.reset();
-    careers_.reset();
-    location_ = TextIn(request, "folder");
-    session_ = std::move(session);
+    location_ = folder;
+    session_ = NewSession();
+    BeginSearch();
     Rules(request, out);
 }
 
@@ -130,7 +135,7 @@ void Desk::Check(const Request& request, std::string& out) {
 
 journal::Journal Desk::JournalIn(const Request& request) {
     if (const auto text = TextIn(request, "journal"); !text.empty())
-        return journal::ReadJournal(TextIn(request, "called", "the journal"), text);
+        return journal::ReadJournal("the journal", text);
     journal::Journal journal;
     auto& start = journal.tape.start;
     start.program = "korvane " KORVANE_VERSION;
@@ -143,8 +148,12 @@ journal::Journal Desk::JournalIn(const Request& request) {
     return journal;
 }
 
-play::LifeOutcome Desk::LiveOn(play::RecordedLife& life, journal::Journal journal) {
-    return life.GoOn(std::move(journal), {});
+std::optional<play::LifeOutcome> Desk::LiveOn(play::RecordedLife& life, journal::Journal journal) {
+    try {
+        return life.GoOn(std::move(journal), {});
+    } catch (const PlayerLeft&) {
+        return std::nullopt;
+    }
 }
 
 // As the set-up of a life shows it, before its career is chosen.
@@ -223,8 +232,6 @@ void Desk::Step(const Request& request, std::string& out) {
     writer.BeginObject();
     try {
         outcome = LiveOn(life, std::move(journal));
-    } catch (const PlayerLeft&) {
-        // a question waits
     } catch (const journal::Divergence& divergence) {
         writer.Key("diverges").Text(divergence.what());
         writer.EndObject();
@@ -249,11 +256,7 @@ void Desk::Step(const Request& request, std::string& out) {
 void Desk::Moments(const Request& request, std::string& out) {
     WaitingPlayer player(*session_, nullptr);
     play::RecordedLife life(*session_, clock_, player);
-    try {
-        LiveOn(life, JournalIn(request));
-    } catch (const PlayerLeft&) {
-        // a question waits
-    }
+    LiveOn(life, JournalIn(request));
     JsonWriter writer(out);
     writer.BeginObject();
     writer.Key("moments").BeginArray();
@@ -266,13 +269,9 @@ void Desk::Moments(const Request& request, std::string& out) {
 journal::Tape Desk::LiveFinished(const Request& request) {
     WaitingPlayer player(*session_, nullptr);
     play::RecordedLife life(*session_, clock_, player);
-    try {
-        if (LiveOn(life, JournalIn(request)).finished())
-            return life.tape();
-    } catch (const PlayerLeft&) {
-        // it isn't
-    }
-    throw UsageError("the life isn't finished");
+    if (const auto outcome = LiveOn(life, JournalIn(request)); !outcome || !outcome->finished())
+        throw UsageError("the life isn't finished");
+    return life.tape();
 }
 
 void Desk::Export(const Request& request, std::string& out) {

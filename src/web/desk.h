@@ -53,8 +53,12 @@ class Desk {
 
     // The journal that a request holds, or the beginning of one.
     static journal::Journal JournalIn(const Request& request);
-    // Lives a journal's life to its end or its first open question. The dice beyond those of its seed are the clock's.
-    play::LifeOutcome LiveOn(play::RecordedLife& life, journal::Journal journal);
+    // Lives a journal's life to its end; nothing where a question waits.
+    static std::optional<play::LifeOutcome> LiveOn(play::RecordedLife& life, journal::Journal journal);
+    // A session on the rules that are used.
+    std::unique_ptr<Session> NewSession();
+    // Begins another search, which has a session of its own; the one before ends.
+    void BeginSearch();
     // The same for a finished one, whose character is left in the session. Throws UsageError for another.
     journal::Tape LiveFinished(const Request& request);
 
@@ -62,7 +66,7 @@ class Desk {
     Display display_;
     ClockDice clock_;
     std::unique_ptr<Session> session_;
-    // A session of its own for each search that goes on from request to request.
+    // The search that goes on from request to request, one of the two, and its session.
     std::unique_ptr<Session> searching_;
     std::unique_ptr<play::Odds> odds_;
     std::unique_ptr<play::CareerOdds> careers_;

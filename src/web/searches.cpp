@@ -14,11 +14,6 @@ namespace korvane::web {
 
 namespace {
 
-std::unique_ptr<Session> SessionLike(const Session& other, Display& display) {
-    return std::make_unique<Session>(DataFolder(other.data.location(), DataFolder::Reading::Once),
-                                     Seams{nullptr, nullptr, &display, nullptr});
-}
-
 play::PlayerKind PlayerIn(const nlohmann::ordered_json& request) {
     const auto name = request.value("player", std::string("sensible"));
     return name == "random"      ? play::PlayerKind::Random
@@ -44,16 +39,12 @@ play::LifePlan PlanIn(const nlohmann::ordered_json& request) {
 // The first request has the journal of the life; those after it, how many lives there are to be.
 void Desk::Odds(const Request& request, std::string& out) {
     if (request.contains("journal")) {
-        odds_.reset();
+        BeginSearch();
         WaitingPlayer player(*session_, nullptr);
         play::RecordedLife life(*session_, clock_, player);
-        try {
-            LiveOn(life, JournalIn(request));
-        } catch (const PlayerLeft&) {
-            searching_ = SessionLike(*session_, display_);
+        if (!LiveOn(life, JournalIn(request)))
             odds_ = std::make_unique<play::Odds>(*searching_,
                                                  play::QuestionIn(*session_, life.tape(), player.alternatives()));
-        }
     }
     if (odds_ == nullptr)
         throw UsageError("no question waits");
@@ -69,7 +60,7 @@ void Desk::Careers(const Request& request, std::string& out) {
     if (request.contains("race")) {
         std::string rolled;
         Roll(request, rolled);
-        searching_ = SessionLike(*session_, display_);
+        BeginSearch();
         careers_ =
             std::make_unique<play::CareerOdds>(*searching_, play::ApplicantOf(*session_), request.value("terms", 4));
     }

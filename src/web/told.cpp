@@ -1,12 +1,12 @@
 #include "web/told.h"
 
-#include <algorithm>
 #include <array>
 #include <span>
 #include <string_view>
 
 #include "base/text.h"
 #include "data/known_names.h"
+#include "engine/selection.h"
 #include "output/life_strip.h"
 #include "output/luck_line.h"
 #include "output/page_export.h"
@@ -115,9 +115,7 @@ void WriteRules(JsonWriter& json, Session& session) {
     }
     json.EndArray();
     // What is offered first.
-    const auto races = session.data.RaceNames();
-    const auto first = std::ranges::find(*races, kImperialHuman);
-    json.Key("race").Text(first != races->end() ? *first : races->empty() ? std::string() : races->front());
+    json.Key("race").Text(FirstRace(*session.data.RaceNames()));
     json.Key("method").Text(CaptionOf(RollingMethod::True2D));
     json.Key("methods").TextArray(kMethodCaptions);
     json.Key("options").BeginArray();

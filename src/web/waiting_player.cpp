@@ -6,6 +6,7 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "character/player_texts.h"
 #include "output/journal/lines.h"
 #include "output/json_writer.h"
 #include "output/question_texts.h"
@@ -71,12 +72,18 @@ void Write(JsonWriter& json, const Session& /*session*/, const TableQuestion& qu
 
 void Write(JsonWriter& json, const Session& /*session*/, const EndOfTermQuestion& question) {
     json.Key("kind").Text("end of term");
+    json.Key("title").Text(kEndOfTermHeading);
+    json.Key("buttons").TextArray(kEndOfTermCaptions);
+    json.Key("scrap").Text(kScrapQuestion);
     json.Key("terms").Number(question.termsTotal);
     json.Key("options").TextArray(journal::TickedCaptions(question.options));
 }
 
 void Write(JsonWriter& json, const Session& session, const TransferQuestion& question) {
     json.Key("kind").Text("transfer");
+    json.Key("title").Text(kTransferHeading);
+    json.Key("notice").Text(kTransferNotice);
+    json.Key("end").Text(kEndCareer);
     json.Key("cost").Text(CostOfLeavingText(session));
     json.Key("careers").BeginArray();
     for (const auto& career : question.careers) {
@@ -91,8 +98,9 @@ void Write(JsonWriter& json, const Session& session, const TransferQuestion& que
 
 void Write(JsonWriter& json, const Session& session, const MusterQuestion& question) {
     json.Key("kind").Text("muster");
-    json.Key("career").Text(question.career);
-    json.Key("rolls").Number(question.rolls);
+    json.Key("title").Text(MusterTitle(question.career, question.rolls));
+    json.Key("buttons").TextArray(kMusterCaptions);
+    json.Key("use").Text(kGamblerQuestion);
     json.Key("table").BeginArray();
     for (std::size_t i = 1; i < session.career.otherBenefit.size(); ++i) {
         json.BeginArray();

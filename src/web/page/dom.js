@@ -22,14 +22,10 @@ export function button(text, action, properties = {}) {
 // A button that a digit presses, which it shows.
 export function numbered(number, text, action, properties = {}) {
   if (number > 9) return button(text, action, properties);
-  return button("", action, { "data-key": String(number), "aria-keyshortcuts": String(number), ...properties },
-  ).appendAll(el("kbd", { "aria-hidden": "true" }, String(number)), text);
+  const made = button("", action, { "data-key": String(number), "aria-keyshortcuts": String(number), ...properties });
+  made.append(el("kbd", { "aria-hidden": "true" }, String(number)), text);
+  return made;
 }
-
-Element.prototype.appendAll = function (...children) {
-  this.append(...children);
-  return this;
-};
 
 // A field with its label.
 export function field(label, control) {

@@ -2,7 +2,7 @@
 
 import { button, choices, download, el, field, picture, replace } from "./dom.js";
 import { oddsPanel } from "./odds.js";
-import { answersTo, titleOf } from "./questions.js";
+import { answersTo } from "./questions.js";
 
 function character(state) {
   return el("section", { class: "card", "aria-labelledby": "character" },
@@ -34,7 +34,7 @@ function notices(state) {
 }
 
 function asked(state, tools) {
-  const title = el("h2", { id: "question", tabindex: "-1", "data-focus": "", "aria-describedby": "notices" }, titleOf(state.question));
+  const title = el("h2", { id: "question", tabindex: "-1", "data-focus": "", "aria-describedby": "notices" }, state.question.title);
   return el("section", { class: "card question", "aria-labelledby": "question" },
       notices(state),
       state.history.length > 0 ? el("p", { class: "fine recent" }, state.history.slice(-3).map((line) => line.text).join(" · ")) : null,

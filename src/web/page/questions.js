@@ -55,12 +55,12 @@ function optionBoxes(rules, ticked) {
 
 function endOfTerm(question, answer, { rules, confirm }) {
   const options = optionBoxes(rules, question.options);
-  const choice = (number, text, sure) => numbered(number, text, async () => {
-    if (!sure || await confirm(sure)) answer({ choice: number, options: options.ticked() });
+  const kScrap = 4;
+  const choice = (text, i) => numbered(i + 1, text, async () => {
+    if (i + 1 !== kScrap || await confirm(question.scrap)) answer({ choice: i + 1, options: options.ticked() });
   });
   return [
-    el("div", { class: "answers" }, choice(1, "Re-enlist"), choice(2, "Transfer"), choice(3, "Muster Out"),
-        choice(4, "Scrap and Restart", "Scrap this character?")),
+    el("div", { class: "answers" }, question.buttons.map(choice)),
     options.element,
   ];
 }
@@ -75,17 +75,17 @@ function transfer(question, answer) {
     assignments.replaceChildren(...(career?.assignments ?? []).map((assignment, i) =>
         numbered(i + 1, assignment, () => answer({ career: career.name, assignment }))));
   });
-  return [el("p", {}, question.cost), field("Career", pick), description, assignments,
-    el("div", { class: "answers" }, button("End Career", () => answer(null)))];
+  return [el("p", {}, question.notice), el("p", {}, question.cost), field("Career", pick), description, assignments,
+    el("div", { class: "answers" }, button(question.end, () => answer(null)))];
 }
 
 function muster(question, answer) {
   const gambler = el("input", { type: "checkbox", disabled: !question.gambler });
-  const press = (number, text) => numbered(number + 1, text, () => answer({ press: number, gambler: gambler.checked }),
-      { disabled: !question.enabled[number] });
+  const press = (text, i) => numbered(i + 1, text, () => answer({ press: i, gambler: gambler.checked }),
+      { disabled: !question.enabled[i] });
   return [
-    el("div", { class: "answers" }, press(0, "Cash"), press(1, "Material"), press(2, "3 Cash, rest Material"), press(3, "Done")),
-    el("label", { class: "one" }, gambler, "Use Gambler"),
+    el("div", { class: "answers" }, question.buttons.map(press)),
+    el("label", { class: "one" }, gambler, question.use),
     el("p", {}, question.modifiers, " ", question.forfeit),
     el("div", { class: "wide", tabindex: "0", role: "region", "aria-label": "The career's table" }, el("table", {}, el("thead", {}, el("tr", {}, ["1D", "Cash", "Benefit"].map((text) => el("th", { scope: "col" }, text)))),
         el("tbody", {}, question.table.map(([cash, benefit], i) => el("tr", {},
@@ -96,13 +96,6 @@ function muster(question, answer) {
 }
 
 const kKinds = { choose, select, ask, table, "end of term": endOfTerm, transfer, muster };
-
-export function titleOf(question) {
-  if (question.kind === "end of term") return `Term ${question.terms} is over. What now?`;
-  if (question.kind === "transfer") return "Into which career?";
-  if (question.kind === "muster") return `Mustering out of ${question.career}: ${question.rolls} ${question.rolls === 1 ? "roll" : "rolls"} left`;
-  return question.title;
-}
 
 // The elements below the question's title. `tools`: the rules, and a function that asks whether somebody is sure.
 export function answersTo(question, answer, tools) {
