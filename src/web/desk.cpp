@@ -45,7 +45,7 @@ Origin OriginIn(const Json& request) {
 
 }  // namespace
 
-Desk::Desk(const std::string& rules) : location_(rules), session_(NewSession()) {}
+Desk::Desk(std::string rules) : location_(std::move(rules)), session_(NewSession()) {}
 
 Desk::~Desk() = default;
 

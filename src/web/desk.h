@@ -19,7 +19,7 @@ namespace korvane::web {
 class Desk {
   public:
     // `rules`: the folder of the rule data.
-    explicit Desk(const std::string& rules);
+    explicit Desk(std::string rules);
     ~Desk();
     Desk(const Desk&) = delete;
     Desk& operator=(const Desk&) = delete;
